@@ -1,0 +1,46 @@
+# Settings that all of our own targets share, and where built things go.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# The program finds its libraries and its package beside itself, in the build tree as when installed.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib")
+
+find_program(QUEXLEY_CCACHE ccache)
+if(QUEXLEY_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${QUEXLEY_CCACHE})
+endif()
+
+option(QUEXLEY_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+if(QUEXLEY_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+option(QUEXLEY_TIDY "Run clang-tidy on every file that is compiled" OFF)
+if(QUEXLEY_TIDY)
+    find_program(QUEXLEY_CLANG_TIDY clang-tidy REQUIRED)
+    set(CMAKE_CXX_CLANG_TIDY ${QUEXLEY_CLANG_TIDY} --quiet)
+endif()
+
+# quexley_target(NAME): our warnings, as errors, and the project's root as include folder.
+function(quexley_target NAME)
+    target_compile_options(${NAME} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+    target_include_directories(${NAME} PUBLIC ${CMAKE_SOURCE_DIR})
+endfunction()
+
+# quexley_sources(VARIABLE FOLDER...): every .cpp file of the folders, so that a new file needs no entry.
+function(quexley_sources VARIABLE)
+    set(Sources)
+    foreach(Folder ${ARGN})
+        file(GLOB Found CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${Folder}/*.cpp)
+        list(APPEND Sources ${Found})
+    endforeach()
+    set(${VARIABLE} ${Sources} PARENT_SCOPE)
+endfunction()

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "host/QXStringList.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+/// The text in double quotes. One that stands in quotes already stays as it is; Always false leaves a
+/// text without blanks alone.
+[[nodiscard]] std::string DoubleQuoteString(std::string_view Text, bool Always);
+/// The text without the pair of double quotes that encloses it.
+[[nodiscard]] std::string StripQuotes(std::string_view Text);
+/// An absolute path stays; a relative one is joined to Folder and normalised. The result has native
+/// delimiters and, where it is found ignoring case, the spelling on disk.
+[[nodiscard]] std::string ExpandRelativePath(std::string_view Path, std::string_view Folder);
+/// The lines of a text file in UTF-8 (with or without mark), UTF-16 or the 8-bit code page. Throws
+/// std::runtime_error with the reason.
+[[nodiscard]] TStringList LoadUnicodeFile(const std::string& FileName);
+/// The Windows folder; elsewhere the folder that the options name as it, or empty.
+[[nodiscard]] std::string GetWinDirectory();
+/// The system folder below it, or empty.
+[[nodiscard]] std::string GetSysDirectory();
+
+/// Reads one line piece by piece from a position.
+class IStringTokeniser
+{
+public:
+    virtual ~IStringTokeniser() = default;
+    /// Sets the line; the position goes to its first character.
+    virtual void SetText(std::string_view Line) = 0;
+    /// Moves forward over white space.
+    virtual void SkipWhiteSpace() = 0;
+    /// Skips white space and gives the text up to the delimiter, on which the position stays; the rest
+    /// of the line if there is none.
+    [[nodiscard]] virtual std::string ReadUntilChar(char Delimiter) = 0;
+    /// The same for any of several delimiters.
+    [[nodiscard]] virtual std::string ReadUntilAny(std::string_view Delimiters) = 0;
+    /// Skips white space and gives the rest of the line.
+    [[nodiscard]] virtual std::string ReadRest() = 0;
+    /// Moves one character on and gives the character there; NUL at the end of the line.
+    virtual char Next() = 0;
+    /// The character at the position; NUL at the end of the line.
+    [[nodiscard]] virtual char Current() const = 0;
+};
+
+[[nodiscard]] std::unique_ptr<IStringTokeniser> CreateStringTokeniser(std::string_view Text);
+
+/// Ask for a file or a folder through the program's dialogs; true if one was chosen.
+[[nodiscard]] bool QXBrowseForFile(std::string& FileName, std::string_view Filter, std::string_view Title);
+[[nodiscard]] bool QXBrowseForDirectory(std::string& Folder, std::string_view Title);

@@ -1,0 +1,73 @@
+// Files and folders. Every path may hold both delimiters, and a path that is not found is looked for again
+// ignoring case, as projects made on Windows need it.
+#pragma once
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Something went wrong with a file; the message names the file and the reason.
+class EFileError : public std::runtime_error
+{
+public:
+    EFileError(const std::string& Path, const std::string& AReason)
+        : std::runtime_error(Path + ": " + AReason), Reason(AReason)
+    {}
+    std::string Reason;
+};
+
+namespace Files
+{
+/// The file or folder as it is spelled on disk, normalised, found ignoring case if need be; empty when
+/// there is none. The exact spelling wins; among several others the first in byte order.
+[[nodiscard]] std::string Find(std::string_view Path);
+/// Find, or, for a path that is not there, its normalised form with the folders that are there in their
+/// spelling on disk.
+[[nodiscard]] std::string Spelling(std::string_view Path);
+/// Whether an ordinary file (not a folder) is there.
+[[nodiscard]] bool FileExists(std::string_view Path);
+[[nodiscard]] bool FolderExists(std::string_view Path);
+
+/// The bytes of a file. Throws EFileError.
+[[nodiscard]] std::string Read(std::string_view Path);
+/// Writes a file in place, making or truncating it: for generated files. Throws EFileError.
+void Write(std::string_view Path, std::string_view Bytes);
+/// Replaces a file's content whole or not at all: a new file beside it is renamed over the old one,
+/// keeping mode and, through a symbolic link, the link. Makes the file if there is none. Throws EFileError.
+void ReplaceContent(std::string_view Path, std::string_view Bytes);
+/// Deletes a file; false if it is there and cannot be deleted.
+[[nodiscard]] bool Delete(std::string_view Path);
+/// Copies a file, overwriting. False on any failure, which leaves no half-written target.
+[[nodiscard]] bool Copy(std::string_view From, std::string_view To);
+/// Makes a folder and its parents; false if it is not there afterwards.
+[[nodiscard]] bool ForceFolders(std::string_view Path);
+/// Whether a file has no write permission at all, whoever asks.
+[[nodiscard]] bool IsReadOnly(std::string_view Path);
+
+/// What Enumerate looks for.
+enum class TEntryKind { Files, Folders };
+/// The bare names of the entries of Folder that match Mask, sorted; "." and ".." are never among them.
+/// A folder that cannot be read has none.
+[[nodiscard]] std::vector<std::string> Enumerate(std::string_view Folder, std::string_view Mask, TEntryKind Kind);
+/// Matches a name against a mask with `*`, `?` and character sets `[a-z]`, `[!a-z]`, ignoring case.
+/// "*.*" matches every name.
+[[nodiscard]] bool MatchesMask(std::string_view Name, std::string_view Mask);
+
+[[nodiscard]] std::string CurrentFolder();
+/// Throws EFileError.
+void SetCurrentFolder(std::string_view Folder);
+/// The full path of the running program's file.
+[[nodiscard]] std::string ProgramFile();
+/// The user's folders, without a trailing delimiter: XDG on POSIX systems, AppData on Windows.
+[[nodiscard]] std::string ConfigurationFolder();
+[[nodiscard]] std::string StateFolder();
+[[nodiscard]] std::string CacheFolder();
+} // namespace Files
+
+namespace Environment
+{
+/// Whether the environment has the variable; Value then holds it. Names ignore case on Windows only.
+[[nodiscard]] bool Get(const std::string& Name, std::string& Value);
+} // namespace Environment

@@ -1,0 +1,32 @@
+// Helpers over UTF-8 text.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace Text
+{
+/// Without the blanks and control characters at both ends.
+[[nodiscard]] std::string_view Trim(std::string_view Text);
+/// With ASCII letters in lower or upper case; other bytes stay.
+[[nodiscard]] std::string Lower(std::string_view Text);
+[[nodiscard]] std::string Upper(std::string_view Text);
+/// The form in which two names that differ only in case are equal, letters beyond ASCII included.
+[[nodiscard]] std::string FoldCase(std::string_view Text);
+/// Equal ignoring the case of ASCII letters.
+[[nodiscard]] bool Same(std::string_view Left, std::string_view Right);
+[[nodiscard]] bool StartsWithSame(std::string_view Text, std::string_view Prefix);
+/// Every occurrence of From replaced by To.
+[[nodiscard]] std::string Replace(std::string_view Text, std::string_view From, std::string_view To);
+
+[[nodiscard]] bool IsAscii(std::string_view Text);
+[[nodiscard]] bool IsValidUtf8(std::string_view Text);
+/// With each malformed byte replaced by U+FFFD.
+[[nodiscard]] std::string MakeValidUtf8(std::string_view Text);
+/// The bytes of a text file as UTF-8: an encoding mark (UTF-8, UTF-16 of either order) decides and is
+/// dropped; without one valid UTF-8 stays and all else counts as Windows-1252.
+[[nodiscard]] std::string Decode(std::string_view Bytes);
+/// How many single-character edits turn one name into the other; for "did you mean".
+[[nodiscard]] std::size_t EditDistance(std::string_view Left, std::string_view Right);
+} // namespace Text

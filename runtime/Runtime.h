@@ -1,0 +1,49 @@
+#pragma once
+
+#include "host/QXDotNetInfo.h"
+#include "host/QXServices.h"
+#include "platform/Registry.h"
+#include "runtime/OptionsFile.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+/// The host behind the services that packages ask for. One is installed at a time; tests install their own
+/// with a registry, options and .NET versions made up for them.
+class TQXRuntime
+{
+public:
+    TQXRuntime();
+    ~TQXRuntime();
+    TQXRuntime(const TQXRuntime&) = delete;
+    TQXRuntime& operator=(const TQXRuntime&) = delete;
+
+    /// The installed runtime: the one constructed last that is still alive.
+    [[nodiscard]] static TQXRuntime& Current();
+
+    /// What the runtime loads only when it is first needed. Each may throw EHostFileError.
+    void SetOptionsSource(std::function<TOptionsFile()> Source);
+    void SetRegistrySource(std::function<std::unique_ptr<IRegistry>()> Source);
+    /// Called once, when a class is first looked up: registers the package's classes.
+    void SetPackageSource(std::function<void()> Source);
+    /// .NET versions in place of the detected ones.
+    void SetDotNetInfo(std::unique_ptr<IQXDotNetInfo> Info);
+    [[nodiscard]] const IQXDotNetInfo* DotNetInfo() const;
+    /// Dialogs and design-time expansion of a program that has them.
+    void SetDesignServices(IQXDesignApplicationServices* Services);
+
+    [[nodiscard]] TOptionsFile& Options();
+    [[nodiscard]] const IRegistry& Registry();
+    [[nodiscard]] IQXActionServices& ActionServices();
+    [[nodiscard]] IQXOptionsServices& OptionsServices();
+    [[nodiscard]] IQXScriptingServices& ScriptingServices();
+    [[nodiscard]] IQXDesignApplicationServices& DesignServices();
+    /// Writes the settings of an options object to the options file's text, without saving the file.
+    void StoreOptions(const TQXOptionsRegistration& Registration);
+
+private:
+    struct TImpl;
+    std::unique_ptr<TImpl> FImpl;
+};

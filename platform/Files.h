@@ -60,7 +60,8 @@ enum class TEntryKind { Files, Folders };
 void SetCurrentFolder(std::string_view Folder);
 /// The full path of the running program's file.
 [[nodiscard]] std::string ProgramFile();
-/// The user's folders, without a trailing delimiter: XDG on POSIX systems, AppData on Windows.
+/// The folders in which the user's programs have theirs, without a trailing delimiter and with no name of ours: the
+/// XDG base folders on POSIX systems, AppData on Windows.
 [[nodiscard]] std::string ConfigurationFolder();
 [[nodiscard]] std::string StateFolder();
 [[nodiscard]] std::string CacheFolder();
@@ -70,4 +71,6 @@ namespace Environment
 {
 /// Whether the environment has the variable; Value then holds it. Names ignore case on Windows only.
 [[nodiscard]] bool Get(const std::string& Name, std::string& Value);
+/// The same with the name compared ignoring case everywhere; the exact spelling wins.
+[[nodiscard]] bool GetSame(std::string_view Name, std::string& Value);
 } // namespace Environment

@@ -57,6 +57,8 @@ public:
 
 /// Whether the file is a .NET assembly, told by its header.
 [[nodiscard]] bool IsDotNetAssembly(const std::string& FileName);
+/// The start of a .NET assembly through the program that runs it where the system does not; any other start as it is.
+[[nodiscard]] TProcessStart ThroughRuntime(TProcessStart Start);
 
 /// Requests from outside to end the run.
 namespace Termination

@@ -31,7 +31,7 @@ public:
     [[nodiscard]] virtual std::unique_ptr<IRegistryKey> OpenKey(TRegistryRoot Root, std::string_view Path) const = 0;
 };
 
-/// A registry export that is malformed; the message holds the line.
+/// A registry export that is malformed: the message is the reason, Line where it stands, from 1.
 class ERegistryError : public std::runtime_error
 {
 public:

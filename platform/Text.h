@@ -27,6 +27,9 @@ namespace Text
 /// The bytes of a text file as UTF-8: an encoding mark (UTF-8, UTF-16 of either order) decides and is
 /// dropped; without one valid UTF-8 stays and all else counts as Windows-1252.
 [[nodiscard]] std::string Decode(std::string_view Bytes);
-/// How many single-character edits turn one name into the other; for "did you mean".
+/// UTF-16 as UTF-8; a lone surrogate or half a unit becomes U+FFFD. An encoding mark is text here.
+[[nodiscard]] std::string FromUtf16(std::string_view Bytes, bool BigEndian);
+[[nodiscard]] std::string FromWindows1252(std::string_view Bytes);
+/// How many single-byte edits turn one name into the other; for "did you mean".
 [[nodiscard]] std::size_t EditDistance(std::string_view Left, std::string_view Right);
 } // namespace Text

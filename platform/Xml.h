@@ -55,6 +55,8 @@ public:
     [[nodiscard]] TXmlElement DocumentElement() const;
 
 private:
+    bool Load(std::string_view Text, const char* Encoding);
+
     struct TImpl;
     std::unique_ptr<TImpl> FImpl;
     TXmlParseError FError;

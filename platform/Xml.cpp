@@ -1,0 +1,290 @@
+#include "platform/Xml.h"
+
+#include "platform/Files.h"
+#include "platform/Text.h"
+
+#include <climits>
+#include <libxml/parser.h>
+#include <libxml/parserInternals.h>
+#include <libxml/tree.h>
+#include <libxml/xmlerror.h>
+#include <libxml/xpath.h>
+#include <mutex>
+#include <new>
+#include <utility>
+
+namespace
+{
+/// Elements may stand no deeper in each other.
+constexpr int MaximumDepth = 256;
+/// Long texts are welcome: what makes them dangerous, entities and depth, is refused here.
+constexpr int ParseOptions = XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_COMPACT;
+
+/// The declaration of the default name space reads like an attribute and is none.
+constexpr std::string_view DefaultNamespaceName = "xmlns";
+
+template <auto Free> struct TFree
+{
+    template <typename T> void operator()(T* Object) const { Free(Object); }
+};
+using TDocument = std::unique_ptr<xmlDoc, TFree<xmlFreeDoc>>;
+using TParser = std::unique_ptr<xmlParserCtxt, TFree<xmlFreeParserCtxt>>;
+using TXPathContext = std::unique_ptr<xmlXPathContext, TFree<xmlXPathFreeContext>>;
+using TXPathObject = std::unique_ptr<xmlXPathObject, TFree<xmlXPathFreeObject>>;
+
+const xmlChar* ToXml(const std::string& Text)
+{
+    return reinterpret_cast<const xmlChar*>(Text.c_str());
+}
+
+std::string_view View(const xmlChar* Text)
+{
+    return Text == nullptr ? std::string_view() : reinterpret_cast<const char*>(Text);
+}
+
+/// Keeps the first error that the library reports in this scope, and all of them from standard error.
+class TErrorCollector
+{
+public:
+    TErrorCollector() : FOldHandler(xmlStructuredError), FOldContext(xmlStructuredErrorContext)
+    {
+        xmlSetStructuredErrorFunc(this, &OnError);
+    }
+    ~TErrorCollector() { xmlSetStructuredErrorFunc(FOldContext, FOldHandler); }
+    TErrorCollector(const TErrorCollector&) = delete;
+    TErrorCollector& operator=(const TErrorCollector&) = delete;
+
+    /// The library's reasons end in a line end, and some are of two lines.
+    void Add(std::string_view Reason, int Line)
+    {
+        if (FFirst.Reason.empty())
+            FFirst = {Text::Replace(Text::Trim(Reason), "\n", " "), Line};
+    }
+    [[nodiscard]] const TXmlParseError& First() const { return FFirst; }
+
+private:
+    /// The library's versions differ in whether the error is constant.
+    template <typename TError> static void OnError(void* Collector, TError* Error)
+    {
+        if (Error->level >= XML_ERR_ERROR && Error->message != nullptr)
+            static_cast<TErrorCollector*>(Collector)->Add(Error->message, Error->line);
+    }
+
+    xmlStructuredErrorFunc FOldHandler;
+    void* FOldContext;
+    TXmlParseError FFirst;
+};
+
+/// Ends the parse with an error of ours.
+void Refuse(void* Parser, std::string_view Reason)
+{
+    auto* Context = static_cast<xmlParserCtxtPtr>(Parser);
+    static_cast<TErrorCollector*>(Context->_private)->Add(Reason, xmlSAX2GetLineNumber(Context));
+    Context->wellFormed = 0;
+    xmlStopParser(Context);
+}
+
+void OnEntityDeclaration(void* Parser, const xmlChar* Name, int /*Type*/, const xmlChar* /*PublicId*/,
+                         const xmlChar* /*SystemId*/, xmlChar* /*Content*/)
+{
+    Refuse(Parser, "Entity declarations are not allowed: " + std::string(View(Name)));
+}
+
+void OnStartElement(void* Parser, const xmlChar* Name, const xmlChar* Prefix, const xmlChar* Uri, int NamespaceCount,
+                    const xmlChar** Namespaces, int AttributeCount, int DefaultedCount, const xmlChar** Attributes)
+{
+    if (static_cast<xmlParserCtxtPtr>(Parser)->nodeNr >= MaximumDepth)
+        Refuse(Parser, "Elements stand more than " + std::to_string(MaximumDepth) + " levels deep");
+    else
+        xmlSAX2StartElementNs(Parser, Name, Prefix, Uri, NamespaceCount, Namespaces, AttributeCount, DefaultedCount,
+                              Attributes);
+}
+
+/// Parses a text in an encoding, or in that which it declares. Null: see Errors.
+TDocument Parse(std::string_view Text, const char* Encoding, TErrorCollector& Errors)
+{
+    if (Text.empty() || Text.size() > INT_MAX)
+    {
+        Errors.Add(Text.empty() ? "Document is empty" : "Document is too large", 1);
+        return nullptr;
+    }
+    const TParser Parser(xmlNewParserCtxt());
+    if (!Parser)
+        throw std::bad_alloc();
+    Parser->_private = &Errors;
+    Parser->sax->entityDecl = OnEntityDeclaration;
+    Parser->sax->startElementNs = OnStartElement;
+    const int Options = ParseOptions | (Encoding != nullptr ? XML_PARSE_IGNORE_ENC : 0);
+    TDocument Document(
+        xmlCtxtReadMemory(Parser.get(), Text.data(), static_cast<int>(Text.size()), nullptr, Encoding, Options));
+    if (Document && Parser->wellFormed != 0 && Parser->nsWellFormed != 0)
+        return Document;
+    Errors.Add("Document is malformed", 1);
+    return nullptr;
+}
+
+std::string QualifiedName(const xmlNs* Namespace, const xmlChar* Name)
+{
+    std::string Result;
+    if (Namespace != nullptr && Namespace->prefix != nullptr)
+        Result.append(View(Namespace->prefix)).append(":");
+    return Result.append(View(Name));
+}
+
+xmlNode* Node(void* Pointer)
+{
+    return static_cast<xmlNode*>(Pointer);
+}
+
+std::string Content(const xmlNode* Item)
+{
+    xmlChar* Text = xmlNodeGetContent(Item);
+    std::string Result(View(Text));
+    xmlFree(Text);
+    return Result;
+}
+
+/// The declaration of the default name space at an element, or null.
+const xmlNs* DefaultNamespace(const xmlNode* Element)
+{
+    const xmlNs* Found = Element->nsDef;
+    while (Found != nullptr && Found->prefix != nullptr)
+        Found = Found->next;
+    return Found;
+}
+
+const xmlAttr* FindAttribute(const xmlNode* Element, std::string_view Name)
+{
+    const xmlAttr* Found = Element->properties;
+    while (Found != nullptr && QualifiedName(Found->ns, Found->name) != Name)
+        Found = Found->next;
+    return Found;
+}
+
+/// The result of an expression at an element; null for a malformed one.
+TXPathObject Evaluate(xmlNode* Element, const std::string& Path)
+{
+    const TErrorCollector Silence;
+    // The document keeps the context that its elements use.
+    auto* Context = static_cast<xmlXPathContext*>(Element->doc->_private);
+    xmlXPathSetContextNode(Element, Context);
+    return TXPathObject(xmlXPathEval(ToXml(Path), Context));
+}
+
+template <typename TVisitor> void ForEachSelected(xmlNode* Element, const std::string& Path, const TVisitor& Visitor)
+{
+    const TXPathObject Found = Evaluate(Element, Path);
+    const xmlNodeSet* Nodes = Found ? Found->nodesetval : nullptr;
+    for (int Index = 0; Nodes != nullptr && Index < Nodes->nodeNr; ++Index)
+        if (Nodes->nodeTab[Index]->type == XML_ELEMENT_NODE && !Visitor(Nodes->nodeTab[Index]))
+            break;
+}
+} // namespace
+
+/// The document with the context in which its expressions are evaluated.
+struct TXmlDocument::TImpl
+{
+    explicit TImpl(TDocument ADocument) : Document(std::move(ADocument)), XPath(xmlXPathNewContext(Document.get()))
+    {
+        Document->_private = XPath.get();
+    }
+
+    TDocument Document;
+    TXPathContext XPath;
+};
+
+std::string TXmlElement::Name() const
+{
+    return QualifiedName(Node(FNode)->ns, Node(FNode)->name);
+}
+
+std::string TXmlElement::Text() const
+{
+    return Content(Node(FNode));
+}
+
+bool TXmlElement::HasAttribute(std::string_view Name) const
+{
+    if (Name == DefaultNamespaceName)
+        return DefaultNamespace(Node(FNode)) != nullptr;
+    return FindAttribute(Node(FNode), Name) != nullptr;
+}
+
+std::string TXmlElement::Attribute(std::string_view Name) const
+{
+    if (Name == DefaultNamespaceName)
+    {
+        const xmlNs* Declared = DefaultNamespace(Node(FNode));
+        return Declared == nullptr ? std::string() : std::string(View(Declared->href));
+    }
+    const xmlAttr* Found = FindAttribute(Node(FNode), Name);
+    return Found == nullptr ? std::string() : Content(reinterpret_cast<const xmlNode*>(Found));
+}
+
+void TXmlElement::SetAttribute(std::string_view Name, std::string_view Value)
+{
+    const TErrorCollector Silence;
+    xmlSetProp(Node(FNode), ToXml(std::string(Name)), ToXml(Text::MakeValidUtf8(Value)));
+}
+
+std::optional<TXmlElement> TXmlElement::SelectNode(const std::string& Path) const
+{
+    std::optional<TXmlElement> Result;
+    ForEachSelected(Node(FNode), Path, [&](xmlNode* Found) {
+        Result = TXmlElement(Found);
+        return false;
+    });
+    return Result;
+}
+
+std::vector<TXmlElement> TXmlElement::SelectNodes(const std::string& Path) const
+{
+    std::vector<TXmlElement> Result;
+    ForEachSelected(Node(FNode), Path, [&](xmlNode* Found) {
+        Result.push_back(TXmlElement(Found));
+        return true;
+    });
+    return Result;
+}
+
+TXmlDocument::TXmlDocument() = default;
+TXmlDocument::~TXmlDocument() = default;
+TXmlDocument::TXmlDocument(TXmlDocument&&) noexcept = default;
+TXmlDocument& TXmlDocument::operator=(TXmlDocument&&) noexcept = default;
+
+bool TXmlDocument::Load(std::string_view Text, const char* Encoding)
+{
+    static std::once_flag Initialised;
+    std::call_once(Initialised, xmlInitParser);
+    TErrorCollector Errors;
+    TDocument Document = Parse(Text, Encoding, Errors);
+    FImpl = Document ? std::make_unique<TImpl>(std::move(Document)) : nullptr;
+    FError = FImpl ? TXmlParseError() : Errors.First();
+    return FImpl != nullptr;
+}
+
+bool TXmlDocument::LoadFromText(std::string_view Text)
+{
+    return Load(Text, "UTF-8");
+}
+
+bool TXmlDocument::LoadFromFile(const std::string& FileName)
+{
+    std::string Bytes;
+    try
+    {
+        Bytes = Files::Read(FileName);
+    }
+    catch (const EFileError& Error)
+    {
+        FImpl.reset();
+        FError = {Error.Reason, 0};
+        return false;
+    }
+    return Load(Bytes, nullptr);
+}
+
+TXmlElement TXmlDocument::DocumentElement() const
+{
+    return TXmlElement(xmlDocGetRootElement(FImpl->Document.get()));
+}

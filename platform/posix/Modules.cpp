@@ -1,0 +1,34 @@
+#include "platform/Modules.h"
+
+#include <dlfcn.h>
+
+#include <string_view>
+
+namespace
+{
+/// The loader's reason, which mostly begins with the file's name.
+std::string LastReason(const std::string& FileName)
+{
+    const char* Text = ::dlerror();
+    std::string Reason = Text == nullptr ? "unknown reason" : Text;
+    const std::string Prefix = FileName + ": ";
+    if (Reason.starts_with(Prefix))
+        Reason.erase(0, Prefix.size());
+    return Reason;
+}
+} // namespace
+
+TModule::TModule(const std::string& FileName)
+    : FFileName(FileName), FHandle(::dlopen(FileName.c_str(), RTLD_NOW | RTLD_LOCAL))
+{
+    if (FHandle == nullptr)
+        throw EModuleError(FFileName + ": cannot be loaded: " + LastReason(FFileName));
+}
+
+void* TModule::Symbol(const char* Name) const
+{
+    void* Address = ::dlsym(FHandle, Name);
+    if (Address == nullptr)
+        throw EModuleError(FFileName + ": exports no " + Name);
+    return Address;
+}

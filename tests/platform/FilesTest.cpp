@@ -1,0 +1,382 @@
+#include "platform/Files.h"
+
+#include "platform/Paths.h"
+#include "tests/runtime/TempFolder.h"
+
+#include "gtest/gtest.h"
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <sys/resource.h>
+#include <thread>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+using namespace std::string_literals;
+
+namespace
+{
+/// Works in a new folder, which is the current one meanwhile.
+class FilesTest : public testing::Test
+{
+public:
+    FilesTest() { Files::SetCurrentFolder(Folder.Path()); }
+    ~FilesTest() override { Files::SetCurrentFolder(Before); }
+
+protected:
+    void Make(const std::string& Name, std::string_view Bytes = "x") const
+    {
+        fs::create_directories(fs::path(Folder / Name).parent_path());
+        std::ofstream(Folder / Name, std::ios::binary) << Bytes;
+    }
+    [[nodiscard]] static unsigned Mode(const std::string& Path)
+    {
+        return static_cast<unsigned>(fs::status(Path).permissions());
+    }
+    /// What is in the folder, so that nothing is left over unseen.
+    [[nodiscard]] std::vector<std::string> Names() const { return Files::Enumerate(Folder.Path(), "*.*", AllFiles); }
+
+    static constexpr auto AllFiles = Files::TEntryKind::Files;
+    std::string Before = Files::CurrentFolder();
+    TTempFolder Folder;
+};
+
+/// Lets no file grow beyond a size, as on a disk that is full.
+class TFullDisk
+{
+public:
+    explicit TFullDisk(rlim_t Size) : OldHandler(::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &Before);
+        const rlimit Limit{Size, Before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &Limit);
+    }
+    ~TFullDisk()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &Before);
+        ::signal(SIGXFSZ, OldHandler);
+    }
+    TFullDisk(const TFullDisk&) = delete;
+    TFullDisk& operator=(const TFullDisk&) = delete;
+
+private:
+    rlimit Before = {};
+    void (*OldHandler)(int);
+};
+
+/// Changes a variable of the environment; none: takes it away.
+class TVariable
+{
+public:
+    TVariable(std::string AName, const char* Value) : Name(std::move(AName))
+    {
+        if (std::string Old; Environment::Get(Name, Old))
+            Before = Old;
+        Set(Value);
+    }
+    ~TVariable() { Set(Before ? Before->c_str() : nullptr); }
+    TVariable(const TVariable&) = delete;
+    TVariable& operator=(const TVariable&) = delete;
+
+private:
+    void Set(const char* Value) const
+    {
+        if (Value != nullptr)
+            ::setenv(Name.c_str(), Value, 1);
+        else
+            ::unsetenv(Name.c_str());
+    }
+
+    std::string Name;
+    std::optional<std::string> Before;
+};
+} // namespace
+
+TEST_F(FilesTest, FindsIgnoringCaseTheExactSpellingFirst)
+{
+    for (const char* Name : {"Src/Forms/Main.cs", "src/Other.cs", "Doppelt.cs", "DOPPELT.cs", "Größe/ÄÖ.cs", "\xFF.cs"})
+        Make(Name);
+    fs::create_symlink("nowhere", Folder / "AAA");
+    Make("aaa");
+    const struct
+    {
+        std::string Path, Found;
+    } Cases[] = {
+        {"Src\\Forms\\Main.cs", "Src/Forms/Main.cs"},
+        {"SRC\\forms/./MAIN.CS", "Src/Forms/Main.cs"},
+        {"x\\..\\src\\FORMS\\", "Src/Forms/"},
+        {"src/Forms/Main.cs", "Src/Forms/Main.cs"}, // one folder of a Windows project is two here
+        {"Src/other.cs", "src/Other.cs"},
+        {"SRC", "Src"},
+        {"Doppelt.cs", "Doppelt.cs"},
+        {"doppelt.CS", "DOPPELT.cs"},
+        {"gRÖSSE/äö.cs", ""},
+        {"gRÖßE/äö.CS", "Größe/ÄÖ.cs"},
+        {"\xFF.CS", "\xFF.cs"},
+        {"AAA", "aaa"}, // the link leads nowhere
+        {"Doppelt.cs/", ""},
+        {"Doppelt.cs/x", ""},
+        {"src\\none.cs", ""},
+        {"", ""},
+        {"Doppelt.cs\0"s, ""},
+        {std::string(100000, 'a'), ""},
+        {"a/" + std::string(100000, '/') + std::string(5000, 'b'), ""},
+        {".", "."},
+    };
+    for (const auto& Case : Cases)
+    {
+        EXPECT_EQ(Files::Find(Case.Path), Case.Found) << Case.Path;
+        const std::string Absolute = Files::Find(Folder.Path() + "/" + Case.Path);
+        EXPECT_EQ(Absolute, Case.Path.empty() ? Folder.Path() + "/"
+                                              : Paths::Expand(Case.Found, Case.Found.empty() ? "" : Folder.Path()));
+    }
+    EXPECT_TRUE(Files::FileExists("SRC\\OTHER.CS"));
+    EXPECT_FALSE(Files::FileExists("SRC"));
+    EXPECT_TRUE(Files::FolderExists("SRC"));
+    EXPECT_FALSE(Files::FolderExists("doppelt.cs"));
+}
+
+TEST_F(FilesTest, SpellingCompletesWhatIsThere)
+{
+    Make("Obj/Debug/a.dll");
+    EXPECT_EQ(Files::Spelling("OBJ\\debug\\New\\X.cs"), "Obj/Debug/New/X.cs");
+    EXPECT_EQ(Files::Spelling("obj\\DEBUG\\A.DLL"), "Obj/Debug/a.dll");
+    EXPECT_EQ(Files::Spelling("none\\..\\Other\\"), "Other/");
+    EXPECT_EQ(Files::Spelling("../NoSuchNeighbour/x"), "../NoSuchNeighbour/x");
+    EXPECT_EQ(Files::Spelling("/No/such"), "/No/such");
+    Files::Write("OBJ\\new.txt", "1");
+    EXPECT_TRUE(fs::exists(Folder / "Obj/new.txt"));
+}
+
+TEST_F(FilesTest, NeighboursOfTheCurrentFolderAreNotMistakenForIt)
+{
+    Make("Work/a.cs");
+    Make("work/b.cs");
+    Files::SetCurrentFolder(Folder / "Work");
+    EXPECT_EQ(Files::Find(Folder / "Work/b.cs"), "");
+    EXPECT_EQ(Files::Find("../WORK/b.cs"), "../work/b.cs");
+}
+
+TEST_F(FilesTest, ChangesOfAFolderAreSeen)
+{
+    for (int Round = 0; Round < 20; ++Round)
+    {
+        const std::string Name = "New" + std::to_string(Round);
+        EXPECT_EQ(Files::Find("NEW" + std::to_string(Round)), "");
+        if (Round == 10)
+            std::this_thread::sleep_for(std::chrono::milliseconds(30)); // the listing is trusted from here on
+        EXPECT_EQ(Files::Find("NEW" + std::to_string(Round)), "");
+        Make(Name);
+        EXPECT_EQ(Files::Find("NEW" + std::to_string(Round)), Name);
+        EXPECT_TRUE(Files::Delete(Name));
+    }
+}
+
+TEST_F(FilesTest, ManyNamesInOneFolderStayLinear)
+{
+    constexpr int Count = 800;
+    for (int Index = 0; Index < Count; ++Index)
+        Make("Class" + std::to_string(Index), "");
+    const auto Start = std::chrono::steady_clock::now();
+    for (int Index = 0; Index < 5 * Count; ++Index)
+    {
+        ASSERT_NE(Files::Find("CLASS" + std::to_string(Index % Count)), "");
+        ASSERT_EQ(Files::Find("none" + std::to_string(Index)), "");
+    }
+    // Reading the folder for each would take far longer.
+    EXPECT_LT(std::chrono::steady_clock::now() - Start, std::chrono::seconds(5));
+}
+
+TEST_F(FilesTest, ReadsAndWritesBytes)
+{
+    const std::string Bytes = "a\0\r\n\xFF"s + std::string(100000, 'z');
+    Make("A.bin", Bytes);
+    EXPECT_EQ(Files::Read("a.BIN"), Bytes);
+    Files::Write("a.bin", "short");
+    EXPECT_EQ(Files::Read("A.bin"), "short");
+    EXPECT_EQ(Files::Read("/dev/null"), "");
+    EXPECT_FALSE(Files::Read("/proc/self/status").empty()); // its size is 0
+    fs::create_directory(Folder / "Sub");
+    const struct
+    {
+        std::string Path, Message;
+    } Cases[] = {
+        {"None.txt", "None.txt: No such file or directory"},
+        {"SUB", "Sub: Is a directory"},
+        {"/dev/zero", "/dev/zero: File too large"},
+    };
+    for (const auto& Case : Cases)
+        try
+        {
+            (void)Files::Read(Case.Path);
+            ADD_FAILURE() << Case.Path;
+        }
+        catch (const EFileError& Error)
+        {
+            EXPECT_EQ(Error.what(), Case.Message);
+        }
+    for (const char* Path : {"Sub", "None/x.txt", "/dev/full", ""})
+        EXPECT_THROW(Files::Write(Path, "x"), EFileError) << Path;
+}
+
+TEST_F(FilesTest, ReplaceContentKeepsModeAndLinks)
+{
+    Make("Real.cs", "old");
+    fs::permissions(Folder / "Real.cs", fs::perms{0640});
+    fs::create_directory(Folder / "Sub");
+    fs::create_symlink("../Real.cs", Folder / "Sub/Link.cs");
+    fs::create_hard_link(Folder / "Real.cs", Folder / "Hard.cs");
+    Files::ReplaceContent("sub\\link.CS", "new");
+    EXPECT_TRUE(fs::is_symlink(Folder / "Sub/Link.cs"));
+    EXPECT_EQ(Files::Read("Real.cs"), "new");
+    EXPECT_EQ(Files::Read("Hard.cs"), "old");
+    EXPECT_EQ(Mode("Real.cs"), 0640U);
+    fs::create_symlink("Made.cs", Folder / "Dangling.cs");
+    Files::ReplaceContent("Dangling.cs", "made");
+    EXPECT_EQ(Files::Read("Made.cs"), "made");
+    EXPECT_TRUE(fs::is_symlink(Folder / "Dangling.cs"));
+    Files::ReplaceContent("Fresh.cs", "fresh");
+    EXPECT_EQ(Mode("Fresh.cs"), Mode("Made.cs"));
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Dangling.cs", "Fresh.cs", "Hard.cs", "Made.cs", "Real.cs"}));
+}
+
+TEST_F(FilesTest, FailedReplacementLeavesEverythingAsItWas)
+{
+    Make("Protected.cs", "old");
+    fs::permissions(Folder / "Protected.cs", fs::perms{0444});
+    fs::create_directory(Folder / "Sub");
+    fs::create_symlink("Loop", Folder / "Loop");
+    EXPECT_TRUE(Files::IsReadOnly("PROTECTED.cs"));
+    for (const char* Path : {"Protected.cs", "Sub", "None/x.cs", "Loop", "/dev/null", ""})
+        EXPECT_THROW(Files::ReplaceContent(Path, "new"), EFileError) << Path;
+    EXPECT_EQ(Files::Read("Protected.cs"), "old");
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Protected.cs"}));
+    EXPECT_FALSE(Files::IsReadOnly("Sub"));
+    EXPECT_FALSE(Files::IsReadOnly("None"));
+}
+
+TEST_F(FilesTest, AFullDiskLeavesNoHalfFile)
+{
+    Make("Source.cs", std::string(100000, 's'));
+    Make("Old.cs", "old");
+    const TFullDisk Full(50000);
+    const std::string Bytes(100000, 'n');
+    EXPECT_THROW(Files::ReplaceContent("Old.cs", Bytes), EFileError);
+    EXPECT_FALSE(Files::Copy("Source.cs", "Old.cs"));
+    EXPECT_EQ(Files::Read("Old.cs"), "old");
+    EXPECT_THROW(Files::Write("qxresp.rsp", Bytes), EFileError);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Old.cs", "Source.cs"}));
+}
+
+TEST_F(FilesTest, CopiesWholeFilesWithTheirMode)
+{
+    Make("Tool.exe", std::string(1000000, 't'));
+    fs::permissions(Folder / "Tool.exe", fs::perms{0555});
+    Make("Old.exe", "old");
+    EXPECT_TRUE(Files::Copy("tool.EXE", "OLD.exe"));
+    EXPECT_TRUE(Files::Copy("Tool.exe", "Old.exe")); // over one that is write-protected now
+    EXPECT_EQ(Files::Read("Old.exe"), Files::Read("Tool.exe"));
+    EXPECT_EQ(Mode("Old.exe"), 0555U);
+    EXPECT_TRUE(Files::Copy("Tool.exe", "Tool.exe"));
+    fs::create_directory(Folder / "Sub");
+    for (const auto& [From, To] : {std::pair("None", "Old.exe"),
+                                   {"Sub", "Old.exe"},
+                                   {"Tool.exe", "Sub"},
+                                   {"Tool.exe", "None/x"},
+                                   {"/dev/zero/x", "x"}})
+        EXPECT_FALSE(Files::Copy(From, To)) << From << " to " << To;
+    EXPECT_EQ(Files::Read("Old.exe").size(), 1000000U);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Old.exe", "Tool.exe"}));
+}
+
+TEST_F(FilesTest, DeletesFilesAndMakesFolders)
+{
+    Make("a.txt");
+    fs::create_symlink("nowhere", Folder / "Dangling");
+    EXPECT_TRUE(Files::ForceFolders("obj\\Debug\\"));
+    EXPECT_TRUE(Files::ForceFolders("OBJ/debug/x/../Sub"));
+    EXPECT_TRUE(fs::is_directory(Folder / "obj/Debug/Sub"));
+    EXPECT_FALSE(Files::ForceFolders("A.txt"));
+    EXPECT_FALSE(Files::ForceFolders("a.txt/Sub"));
+    EXPECT_FALSE(Files::ForceFolders(""));
+    for (const char* Path : {"A.TXT", "A.TXT", "None/x", "Dangling"})
+        EXPECT_TRUE(Files::Delete(Path)) << Path;
+    EXPECT_FALSE(Files::Delete("Obj"));
+    EXPECT_TRUE(fs::exists(Folder / "obj") && fs::is_empty(Folder / "obj/Debug/Sub"));
+    EXPECT_TRUE(Names().empty());
+    EXPECT_THROW(Files::SetCurrentFolder("None"), EFileError);
+}
+
+TEST_F(FilesTest, EnumeratesByMaskAndKind)
+{
+    for (const char* Name : {"b.config", "App.CONFIG", "Makefile", "Sub.config/x", "a.config.bak"})
+        Make(Name);
+    fs::create_symlink("b.config", Folder / "link.config");
+    fs::create_symlink("Sub.config", Folder / "folder.config");
+    fs::create_symlink("none", Folder / "dangling.config");
+    using TList = std::vector<std::string>;
+    EXPECT_EQ(Files::Enumerate(Folder.Path(), "*.config", AllFiles), (TList{"App.CONFIG", "b.config", "link.config"}));
+    EXPECT_EQ(Files::Enumerate("", "*.config", Files::TEntryKind::Folders), (TList{"Sub.config", "folder.config"}));
+    EXPECT_EQ(Files::Enumerate("SUB.config", "*", AllFiles), (TList{"x"}));
+    EXPECT_TRUE(Files::Enumerate("none", "*", AllFiles).empty());
+}
+
+TEST(FileMasks, MatchLikeWindows)
+{
+    const struct
+    {
+        const char *Mask, *Name;
+        bool Matches;
+    } Cases[] = {
+        {"*.*", "Makefile", true},
+        {"*", "", true},
+        {"", "", true},
+        {"", "a", false},
+        {"*.CS", "a.b.cs", true},
+        {"*.cs", "a.csx", false},
+        {"?.cs", "ä.cs", true},
+        {"??.cs", "ä.cs", false},
+        {"a?c",
+         "a\xFF"
+         "c",
+         true},
+        {"[a-c]x", "BX", true},
+        {"[a-c]x", "dx", false},
+        {"[!a-c]x", "dx", true},
+        {"[!A-C]x", "bx", false},
+        {"[xyz-]", "-", true},
+        {"[ä-ü]", "Ö", true},
+        {"[abc", "[ABC", true},
+        {"*[0-9].cs", "a1b2.cs", true},
+        {"a*b*c", "aXbYbc", true},
+        {"*a", "ab", false},
+        {"Ä*", "äx", true},
+    };
+    for (const auto& Case : Cases)
+        EXPECT_EQ(Files::MatchesMask(Case.Name, Case.Mask), Case.Matches) << Case.Mask << " on " << Case.Name;
+    std::string Stars;
+    for (int Index = 0; Index < 200; ++Index)
+        Stars += "*a";
+    EXPECT_FALSE(Files::MatchesMask(std::string(10000, 'a') + "b", Stars));
+}
+
+TEST(UserFolders, FollowTheBaseFolderRules)
+{
+    const TVariable Home("HOME", "/home/me");
+    {
+        const TVariable Configuration("XDG_CONFIG_HOME", "/cfg/");
+        const TVariable State("XDG_STATE_HOME", "relative");
+        const TVariable Cache("XDG_CACHE_HOME", nullptr);
+        EXPECT_EQ(Files::ConfigurationFolder(), "/cfg");
+        EXPECT_EQ(Files::StateFolder(), "/home/me/.local/state");
+        EXPECT_EQ(Files::CacheFolder(), "/home/me/.cache");
+    }
+    const TVariable NoHome("HOME", nullptr);
+    const TVariable Cache("XDG_CACHE_HOME", nullptr);
+    EXPECT_TRUE(Files::CacheFolder().starts_with('/') && Files::CacheFolder().ends_with("/.cache"));
+    EXPECT_TRUE(Files::FileExists(Files::ProgramFile()));
+}

@@ -12,9 +12,9 @@
 /// What the command line asks of a run. Actions are named by their number or their name.
 struct TRunOptions
 {
-    TVariables::TPairs Overrides;
-    std::optional<std::string> From;
-    std::vector<std::string> Only;
+    TVariables::TPairs Overrides{};
+    std::optional<std::string> From{};
+    std::vector<std::string> Only{};
     bool Resume = false;
     bool KeepGoing = false;
     bool SkipValidation = false;

@@ -10,6 +10,9 @@
 #include <string>
 #include <string_view>
 
+class IScriptEngine;
+class TScriptingServices;
+
 /// The host behind the services that packages ask for. One is installed at a time; tests install their own
 /// with a registry, options and .NET versions made up for them.
 class TQXRuntime
@@ -20,7 +23,7 @@ public:
     TQXRuntime(const TQXRuntime&) = delete;
     TQXRuntime& operator=(const TQXRuntime&) = delete;
 
-    /// The installed runtime: the one constructed last that is still alive.
+    /// The installed runtime: the one constructed last that is still alive. Throws std::logic_error if there is none.
     [[nodiscard]] static TQXRuntime& Current();
 
     /// What the runtime loads only when it is first needed. Each may throw EHostFileError.
@@ -33,12 +36,16 @@ public:
     [[nodiscard]] const IQXDotNetInfo* DotNetInfo() const;
     /// Dialogs and design-time expansion of a program that has them.
     void SetDesignServices(IQXDesignApplicationServices* Services);
+    /// What makes the script engine when the first script runs. Without a source there is none.
+    void SetScriptEngineSource(std::function<std::unique_ptr<IScriptEngine>()> Source);
 
     [[nodiscard]] TOptionsFile& Options();
     [[nodiscard]] const IRegistry& Registry();
     [[nodiscard]] IQXActionServices& ActionServices();
     [[nodiscard]] IQXOptionsServices& OptionsServices();
-    [[nodiscard]] IQXScriptingServices& ScriptingServices();
+    [[nodiscard]] TScriptingServices& ScriptingServices();
+    /// The script engine, or null.
+    [[nodiscard]] IScriptEngine* ScriptEngine();
     [[nodiscard]] IQXDesignApplicationServices& DesignServices();
     /// Writes the settings of an options object to the options file's text, without saving the file.
     void StoreOptions(const TQXOptionsRegistration& Registration);

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -14,22 +15,38 @@ struct TExpansion
 };
 
 /// The variables of a run and the expansion of `%Name%`. Looked up in this order: overrides of the command line,
-/// the project's variables, the host's own, the environment. Names ignore case.
+/// the project's variables, the host's own, the environment. Names ignore case; of a name that one source gives
+/// twice the last value counts. Overrides and project variables may use variables; the host's own and the
+/// environment are taken as they stand.
 class TVariables
 {
 public:
     using TPairs = std::vector<std::pair<std::string, std::string>>;
 
-    void SetOverrides(TPairs Pairs) { FOverrides = std::move(Pairs); }
-    void SetProjectVariables(TPairs Pairs) { FProject = std::move(Pairs); }
-    /// ProjectDir, ProjectFile, ProjectName: taken as they stand, without expansion.
-    void SetHostVariables(TPairs Pairs) { FHost = std::move(Pairs); }
+    void SetOverrides(const TPairs& Pairs) { FOverrides = Index(Pairs); }
+    void SetProjectVariables(const TPairs& Pairs) { FProject = Index(Pairs); }
+    /// ProjectDir, ProjectFile, ProjectName.
+    void SetHostVariables(const TPairs& Pairs) { FHost = Index(Pairs); }
 
-    /// Replaces the variables of Text, those in their values included.
+    /// Replaces the variables of Text, those in their values included. Variables that bring more than 16 MiB are a
+    /// failure.
     [[nodiscard]] TExpansion Expand(std::string_view Text) const;
 
+    /// A variable's value as its source holds it.
+    struct TValue
+    {
+        bool Found = false;
+        bool IsLiteral = false;    ///< holds no variables
+        std::string_view Text;     ///< of a source of ours
+        std::string OfEnvironment; ///< in place of Text
+    };
+    [[nodiscard]] TValue Find(std::string_view Name) const;
+
 private:
-    TPairs FOverrides;
-    TPairs FProject;
-    TPairs FHost;
+    using TMap = std::unordered_map<std::string, std::string>; // by the name in lower case
+    static TMap Index(const TPairs& Pairs);
+
+    TMap FOverrides;
+    TMap FProject;
+    TMap FHost;
 };

@@ -1,0 +1,76 @@
+#include "runtime/ActionSelection.h"
+
+#include "platform/Text.h"
+#include "runtime/HostErrors.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+
+namespace
+{
+/// The number that a text is, if an action has it: names may be numbers too, and numbers go first.
+bool IsNumberOf(const TProjectAction& Action, std::string_view Text)
+{
+    int Number = 0;
+    const auto [End, Error] = std::from_chars(Text.data(), Text.data() + Text.size(), Number);
+    return Error == std::errc() && End == Text.data() + Text.size() && Number == Action.Index;
+}
+
+using TMatch = bool (*)(const TProjectAction& Action, std::string_view Text);
+
+/// Ways in which an action may be meant, the strictest first. The first that finds one counts.
+constexpr TMatch Matches[] = {
+    IsNumberOf,
+    [](const TProjectAction& Action, std::string_view Text) { return Action.Name == Text; },
+    [](const TProjectAction& Action, std::string_view Text) { return Text::Same(Action.Name, Text); },
+};
+
+[[noreturn]] void ThrowUnknown(const TProject& Project, std::string_view Text)
+{
+    const TProjectAction* Nearest = nullptr;
+    std::size_t Distance = Text.size() / 2 + 1;
+    for (const TProjectAction& Action : Project.Actions)
+        if (const std::size_t Edits = Text::EditDistance(Text::Lower(Text), Text::Lower(Action.Name)); Edits < Distance)
+        {
+            Distance = Edits;
+            Nearest = &Action;
+        }
+    const std::string Advice = Nearest ? fmt::format("; did you mean \"{}\"?", Nearest->Name) : std::string();
+    throw EUsageError(fmt::format("the project has no action \"{}\"{}", Text, Advice));
+}
+
+/// The places of all actions of this number or name.
+std::vector<std::size_t> PlacesOfAction(const TProject& Project, std::string_view Text)
+{
+    std::vector<std::size_t> Places;
+    for (const TMatch Match : Matches)
+    {
+        for (std::size_t Place = 0; Place < Project.Actions.size(); ++Place)
+            if (Match(Project.Actions[Place], Text))
+                Places.push_back(Place);
+        if (!Places.empty())
+            return Places;
+    }
+    ThrowUnknown(Project, Text);
+}
+} // namespace
+
+std::size_t PlaceOfAction(const TProject& Project, std::string_view NumberOrName)
+{
+    return PlacesOfAction(Project, NumberOrName).front();
+}
+
+std::vector<TProjectAction*> SelectActions(TProject& Project, const TRunOptions& Options, std::size_t Begin)
+{
+    std::vector<bool> Named(Project.Actions.size(), Options.Only.empty());
+    for (const std::string& Only : Options.Only)
+        for (const std::size_t Place : PlacesOfAction(Project, Only))
+            Named[Place] = true;
+    std::vector<TProjectAction*> Selected;
+    for (std::size_t Place = Begin; Place < Project.Actions.size(); ++Place)
+        if (Named[Place] && Project.Actions[Place].Enabled)
+            Selected.push_back(&Project.Actions[Place]);
+    return Selected;
+}

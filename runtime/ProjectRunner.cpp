@@ -1,0 +1,355 @@
+#include "runtime/ProjectRunner.h"
+
+#include "platform/Files.h"
+#include "platform/Processes.h"
+#include "runtime/ActionSelection.h"
+#include "runtime/HostErrors.h"
+#include "runtime/ResumeNote.h"
+#include "runtime/actions/RunContext.h"
+#include "runtime/log/CleanEvents.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+#include <exception>
+
+namespace
+{
+/// Makes a folder the current one as long as it lives.
+class TFolderScope
+{
+public:
+    explicit TFolderScope(const std::string& Folder) : FBefore(Files::CurrentFolder())
+    {
+        if (!Folder.empty())
+            Files::SetCurrentFolder(Folder);
+    }
+    ~TFolderScope()
+    {
+        try
+        {
+            Files::SetCurrentFolder(FBefore);
+        }
+        catch (const EFileError&)
+        {
+            // An action removed the folder from which the program was started: there is none to go back to.
+            return;
+        }
+    }
+    TFolderScope(const TFolderScope&) = delete;
+    TFolderScope& operator=(const TFolderScope&) = delete;
+
+private:
+    std::string FBefore;
+};
+
+class TStopwatch
+{
+public:
+    [[nodiscard]] double Seconds() const
+    {
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - FStart).count();
+    }
+
+private:
+    std::chrono::steady_clock::time_point FStart = std::chrono::steady_clock::now();
+};
+
+/// Passes findings on as events and counts them.
+class TFindings final : public IQXActionValidationError
+{
+public:
+    TFindings(IRunEvents& Events, TActionIdentity Action) : FEvents(Events), FAction(std::move(Action)) {}
+    void AddError(std::string_view Label, std::string_view Message) override
+    {
+        FEvents.ValidationError(FAction, Label, Message);
+        ++FCount;
+    }
+    [[nodiscard]] int Count() const { return FCount; }
+
+private:
+    IRunEvents& FEvents;
+    TActionIdentity FAction;
+    int FCount = 0;
+};
+
+TActionIdentity Identity(const TProjectAction& Action)
+{
+    return {Action.Index, Action.Type, Action.Name};
+}
+} // namespace
+
+struct TProjectRunner::TImpl
+{
+    TImpl(TProject& AProject, TRunOptions AOptions, IRunEvents& Target);
+
+    void CollectSecrets();
+    void AddSecret(std::string_view Expression);
+    [[nodiscard]] std::size_t Begin();
+    [[nodiscard]] std::size_t PlaceToResume();
+
+    [[nodiscard]] bool ValidateAll();
+    [[nodiscard]] bool ValidateAction(TProjectAction& Action);
+    [[nodiscard]] TRunResult ValidateAndRun();
+    void RunAll();
+    void RunOrSkip(TProjectAction& Action);
+    void RunAction(TProjectAction& Action);
+    [[nodiscard]] bool Execute(TProjectAction& Action);
+    void Skip(const TProjectAction& Action);
+    void Count(const TProjectAction& Action, TActionResult ActionResult);
+    [[nodiscard]] TRunResult Result() const;
+    void Note(const TProjectAction& Action);
+    void NoteSuccess();
+    template <typename TStep> void TryNote(TStep Step);
+
+    TProject& Project;
+    TRunOptions Options;
+    TCleanEvents Events;
+    TVariables Variables;
+    std::vector<TProjectAction*> Selected;
+    TResumeNote Resume;
+    std::string ResumeProblem; ///< told when the run has started
+    bool CanNote = true;
+    bool Stopped = false;
+    TRunTotals Totals;
+    std::exception_ptr HostError; ///< a file of the host's turned out to be wrong during an action
+};
+
+TProjectRunner::TImpl::TImpl(TProject& AProject, TRunOptions AOptions, IRunEvents& Target)
+    : Project(AProject), Options(std::move(AOptions)), Events(Target), Resume(AProject.File)
+{
+    Variables.SetOverrides(Options.Overrides);
+    Variables.SetProjectVariables(Project.Variables);
+    Variables.SetHostVariables(
+        {{"ProjectDir", Project.Folder}, {"ProjectFile", Project.File}, {"ProjectName", Project.Name}});
+    Selected = SelectActions(Project, Options, Begin());
+    CollectSecrets();
+}
+
+/// Values of the secret variables and, of every action, of the properties that hold a secret.
+void TProjectRunner::TImpl::CollectSecrets()
+{
+    for (const std::string& Name : Project.Secrets)
+        AddSecret("%" + Name + "%");
+    for (const TProjectAction& Action : Project.Actions)
+        for (const TQXProperty& Property : Action.Object->Properties())
+            if (Property.IsSecret && Property.Type == TQXPropertyType::String)
+            {
+                const std::string Text = std::get<std::string>(Property.Read());
+                Events.Mask().Add(Text);
+                AddSecret(Text);
+            }
+}
+
+void TProjectRunner::TImpl::AddSecret(std::string_view Expression)
+{
+    const TExpansion Expansion = Variables.Expand(Expression);
+    if (Expansion.Succeeded)
+        Events.Mask().Add(Expansion.Text);
+}
+
+std::size_t TProjectRunner::TImpl::Begin()
+{
+    if (Options.From && Options.Resume)
+        throw EUsageError("--from and --resume both say where to begin; give one of them");
+    if (Options.From)
+        return PlaceOfAction(Project, *Options.From);
+    return Options.Resume ? PlaceToResume() : 0;
+}
+
+/// The noted action, also where the project has been changed around it.
+std::size_t TProjectRunner::TImpl::PlaceToResume()
+{
+    const auto Place = Resume.Read();
+    if (!Place)
+        return 0;
+    const auto Same = [&](const TProjectAction& Action) { return Action.Name == Place->Name; };
+    const auto Index = static_cast<std::size_t>(Place->Index) - 1;
+    if (Index < Project.Actions.size() && Same(Project.Actions[Index]))
+        return Index;
+    for (std::size_t Other = 0; Other < Project.Actions.size(); ++Other)
+        if (Same(Project.Actions[Other]))
+            return Other;
+    ResumeProblem = fmt::format("The action \"{}\" at which the last run ended is not in the project any more; "
+                                "this run begins with the first action",
+                                Place->Name);
+    return 0;
+}
+
+bool TProjectRunner::TImpl::ValidateAll()
+{
+    bool Valid = true;
+    for (TProjectAction* Action : Selected)
+        Valid = ValidateAction(*Action) && Valid;
+    return Valid;
+}
+
+bool TProjectRunner::TImpl::ValidateAction(TProjectAction& Action)
+{
+    TFindings Findings(Events, Identity(Action));
+    bool Valid = false;
+    try
+    {
+        Valid = Action.Object->Validate(Findings);
+    }
+    catch (const EHostFileError&)
+    {
+        throw;
+    }
+    catch (const std::exception& Error)
+    {
+        Findings.AddError("", fmt::format("The settings could not be checked : {}", Error.what()));
+    }
+    if (!Valid && Findings.Count() == 0)
+        Findings.AddError("", "The settings of this action are not valid");
+    return Findings.Count() == 0;
+}
+
+TRunResult TProjectRunner::TImpl::ValidateAndRun()
+{
+    TRunResult WithoutRun = TRunResult::Invalid;
+    try
+    {
+        if (Options.SkipValidation || ValidateAll())
+        {
+            RunAll();
+            return Result();
+        }
+    }
+    catch (const EHostFileError&)
+    {
+        HostError = std::current_exception();
+        WithoutRun = TRunResult::Failure;
+    }
+    Totals.Skipped = static_cast<int>(Selected.size());
+    return WithoutRun;
+}
+
+void TProjectRunner::TImpl::RunAll()
+{
+    if (!ResumeProblem.empty())
+        Events.Message(0, ResumeProblem);
+    if (Selected.empty() && !Options.Only.empty())
+        Events.Message(0, "Nothing to run : the actions asked for are disabled or stand before the place to begin");
+    for (TProjectAction* Action : Selected)
+        RunOrSkip(*Action);
+    if (Result() == TRunResult::Success)
+        NoteSuccess();
+}
+
+void TProjectRunner::TImpl::RunOrSkip(TProjectAction& Action)
+{
+    if (Stopped || Termination::Requested() != 0)
+        Skip(Action);
+    else
+        RunAction(Action);
+}
+
+void TProjectRunner::TImpl::RunAction(TProjectAction& Action)
+{
+    Note(Action);
+    Events.ActionStarted(Identity(Action));
+    const TStopwatch Stopwatch;
+    const TActionRun Run{Identity(Action), std::chrono::seconds(Action.TimeoutSeconds), Options.DryRun};
+    TRunContext Context(*Action.Object, Run, Variables, Events);
+    const bool Succeeded = Execute(Action);
+    if (!Succeeded)
+        Context.PassTermination();
+    const TActionResult ActionResult = Context.WasTerminated() ? TActionResult::Terminated
+                                       : Succeeded             ? TActionResult::Success
+                                                               : TActionResult::Failure;
+    Count(Action, ActionResult);
+    Events.ActionEnded(Identity(Action), ActionResult, Stopwatch.Seconds(), {});
+}
+
+bool TProjectRunner::TImpl::Execute(TProjectAction& Action)
+try
+{
+    return Action.Object->Execute();
+}
+catch (const EHostFileError&)
+{
+    HostError = std::current_exception();
+    return false;
+}
+catch (const std::exception& Error)
+{
+    Events.Message(Action.Index, fmt::format("The action ended with an error : {}", Error.what()));
+    return false;
+}
+
+void TProjectRunner::TImpl::Skip(const TProjectAction& Action)
+{
+    ++Totals.Skipped;
+    Events.ActionEnded(Identity(Action), TActionResult::Skipped, 0,
+                       Termination::Requested() != 0 ? "the run was ended" : "an earlier action failed");
+}
+
+void TProjectRunner::TImpl::Count(const TProjectAction& Action, TActionResult ActionResult)
+{
+    if (ActionResult == TActionResult::Success)
+    {
+        ++Totals.Succeeded;
+        return;
+    }
+    ++Totals.Failed;
+    if (HostError || (Action.OnFailure == TOnFailure::Stop && !Options.KeepGoing))
+        Stopped = true;
+}
+
+TRunResult TProjectRunner::TImpl::Result() const
+{
+    if (Termination::Requested() != 0)
+        return TRunResult::Terminated;
+    return Totals.Failed > 0 ? TRunResult::Failure : TRunResult::Success;
+}
+
+/// Once an action has failed the note stays: that is where a run that begins again has to begin.
+void TProjectRunner::TImpl::Note(const TProjectAction& Action)
+{
+    if (Totals.Failed == 0)
+        TryNote([&] { Resume.Write({Action.Index, Action.Name}); });
+}
+
+void TProjectRunner::TImpl::NoteSuccess()
+{
+    TryNote([&] { Resume.Remove(); });
+}
+
+template <typename TStep> void TProjectRunner::TImpl::TryNote(TStep Step)
+try
+{
+    if (CanNote && !Options.DryRun)
+        Step();
+}
+catch (const EFileError& Error)
+{
+    CanNote = false;
+    Events.Message(0,
+                   fmt::format("The place of this run cannot be noted, --resume will not find it : {}", Error.what()));
+}
+
+TProjectRunner::TProjectRunner(TProject& Project, TRunOptions Options, IRunEvents& Events)
+    : FImpl(std::make_unique<TImpl>(Project, std::move(Options), Events))
+{}
+
+TProjectRunner::~TProjectRunner() = default;
+
+TRunResult TProjectRunner::Validate()
+{
+    const TFolderScope Scope(FImpl->Project.Folder);
+    return FImpl->ValidateAll() ? TRunResult::Success : TRunResult::Invalid;
+}
+
+TRunResult TProjectRunner::Run()
+{
+    const TFolderScope Scope(FImpl->Project.Folder);
+    const TStopwatch Stopwatch;
+    FImpl->Events.RunStarted(FImpl->Project.Name, static_cast<int>(FImpl->Selected.size()));
+    const TRunResult Result = FImpl->ValidateAndRun();
+    FImpl->Totals.Seconds = Stopwatch.Seconds();
+    FImpl->Events.RunEnded(Result, FImpl->Totals);
+    if (FImpl->HostError)
+        std::rethrow_exception(FImpl->HostError);
+    return Result;
+}

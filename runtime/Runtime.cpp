@@ -1,0 +1,175 @@
+#include "runtime/Runtime.h"
+
+#include "runtime/scripting/ScriptEngine.h"
+#include "runtime/services/ActionServices.h"
+#include "runtime/services/ConsoleDesignServices.h"
+#include "runtime/services/OptionsServices.h"
+#include "runtime/services/ScriptingServices.h"
+
+#include <optional>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+namespace
+{
+std::vector<TQXRuntime*>& Installed()
+{
+    static std::vector<TQXRuntime*> Runtimes;
+    return Runtimes;
+}
+} // namespace
+
+struct TQXRuntime::TImpl
+{
+    std::function<TOptionsFile()> OptionsSource;
+    std::function<std::unique_ptr<IRegistry>()> RegistrySource;
+    std::function<void()> PackageSource;
+    std::function<std::unique_ptr<IScriptEngine>()> ScriptEngineSource;
+
+    std::optional<TOptionsFile> OptionsFile;
+    std::unique_ptr<IRegistry> RegistryKeys;
+    std::unique_ptr<IQXDotNetInfo> DotNet;
+    std::unique_ptr<IScriptEngine> Engine;
+
+    TConsoleDesignServices ConsoleDesign;
+    IQXDesignApplicationServices* Design = &ConsoleDesign;
+    TActionServices Actions{[this] { LoadPackage(); }};
+    TOptionsServices Options{[this] { LoadPackage(); }, [this]() -> TOptionsFile& { return File(); }};
+    TScriptingServices Scripting;
+
+    /// The source is gone before it runs: what it registers looks things up itself.
+    void LoadPackage()
+    {
+        if (PackageSource)
+            std::exchange(PackageSource, nullptr)();
+    }
+
+    TOptionsFile& File()
+    {
+        if (!OptionsFile)
+            OptionsFile = OptionsSource ? OptionsSource() : TOptionsFile();
+        return *OptionsFile;
+    }
+};
+
+TQXRuntime::TQXRuntime() : FImpl(std::make_unique<TImpl>())
+{
+    Installed().push_back(this);
+}
+
+TQXRuntime::~TQXRuntime()
+{
+    std::erase(Installed(), this);
+}
+
+TQXRuntime& TQXRuntime::Current()
+{
+    if (Installed().empty())
+        throw std::logic_error("No runtime is installed");
+    return *Installed().back();
+}
+
+void TQXRuntime::SetOptionsSource(std::function<TOptionsFile()> Source)
+{
+    FImpl->OptionsSource = std::move(Source);
+}
+
+void TQXRuntime::SetRegistrySource(std::function<std::unique_ptr<IRegistry>()> Source)
+{
+    FImpl->RegistrySource = std::move(Source);
+}
+
+void TQXRuntime::SetPackageSource(std::function<void()> Source)
+{
+    FImpl->PackageSource = std::move(Source);
+}
+
+void TQXRuntime::SetScriptEngineSource(std::function<std::unique_ptr<IScriptEngine>()> Source)
+{
+    FImpl->ScriptEngineSource = std::move(Source);
+}
+
+void TQXRuntime::SetDotNetInfo(std::unique_ptr<IQXDotNetInfo> Info)
+{
+    FImpl->DotNet = std::move(Info);
+}
+
+const IQXDotNetInfo* TQXRuntime::DotNetInfo() const
+{
+    return FImpl->DotNet.get();
+}
+
+void TQXRuntime::SetDesignServices(IQXDesignApplicationServices* Services)
+{
+    FImpl->Design = Services ? Services : &FImpl->ConsoleDesign;
+}
+
+TOptionsFile& TQXRuntime::Options()
+{
+    return FImpl->File();
+}
+
+const IRegistry& TQXRuntime::Registry()
+{
+    if (!FImpl->RegistryKeys)
+        FImpl->RegistryKeys = FImpl->RegistrySource ? FImpl->RegistrySource() : EmptyRegistry();
+    return *FImpl->RegistryKeys;
+}
+
+IQXActionServices& TQXRuntime::ActionServices()
+{
+    return FImpl->Actions;
+}
+
+IQXOptionsServices& TQXRuntime::OptionsServices()
+{
+    return FImpl->Options;
+}
+
+TScriptingServices& TQXRuntime::ScriptingServices()
+{
+    return FImpl->Scripting;
+}
+
+IScriptEngine* TQXRuntime::ScriptEngine()
+{
+    if (!FImpl->Engine && FImpl->ScriptEngineSource)
+        FImpl->Engine = FImpl->ScriptEngineSource();
+    return FImpl->Engine.get();
+}
+
+IQXDesignApplicationServices& TQXRuntime::DesignServices()
+{
+    return *FImpl->Design;
+}
+
+void TQXRuntime::StoreOptions(const TQXOptionsRegistration& Registration)
+{
+    FImpl->Options.Store(Registration);
+}
+
+IQXActionServices& QXActionServices()
+{
+    return TQXRuntime::Current().ActionServices();
+}
+
+IQXOptionsServices& QXOptionsServices()
+{
+    return TQXRuntime::Current().OptionsServices();
+}
+
+IQXScriptingServices& QXScriptingServices()
+{
+    return TQXRuntime::Current().ScriptingServices();
+}
+
+IQXDesignApplicationServices& QXDesignApplicationServices()
+{
+    return TQXRuntime::Current().DesignServices();
+}
+
+const IRegistry& QXRegistry()
+{
+    return TQXRuntime::Current().Registry();
+}

@@ -1,0 +1,107 @@
+#include "runtime/actions/RunContext.h"
+
+#include "platform/Processes.h"
+#include "runtime/Runtime.h"
+#include "runtime/scripting/ScriptEngine.h"
+#include "runtime/services/ScriptingServices.h"
+
+#include <fmt/format.h>
+
+namespace
+{
+TRunContext* CurrentContext = nullptr;
+} // namespace
+
+TRunContext::TRunContext(TCustomQXAction& Action, TActionRun Run, const TVariables& Variables, IRunEvents& Events)
+    : FAction(Action), FRun(std::move(Run)), FVariables(Variables), FEvents(Events), FOuter(CurrentContext)
+{
+    FAction.SetHost(this);
+    CurrentContext = this;
+}
+
+TRunContext::~TRunContext()
+{
+    CurrentContext = FOuter;
+    FAction.SetHost(nullptr);
+}
+
+TRunContext* TRunContext::Current()
+{
+    return CurrentContext;
+}
+
+void TRunContext::SendMessage(std::string_view Text)
+{
+    FEvents.Message(FRun.Identity.Index, Text);
+    PassTermination();
+}
+
+void TRunContext::SendOutput(TQXOutputStream Stream, std::string_view Line)
+{
+    FEvents.Output(FRun.Identity.Index, Stream, Line);
+}
+
+bool TRunContext::TryExpandExpression(std::string_view Label, std::string_view Expression, std::string& Value,
+                                      bool Required)
+{
+    PassTermination();
+    TExpansion Expansion = FVariables.Expand(Expression);
+    if (Expansion.Succeeded && Required && Expansion.Text.empty())
+        Expansion = {false, {}, "the result is empty"};
+    if (Expansion.Succeeded)
+        Value = std::move(Expansion.Text);
+    else
+        FEvents.ExpansionError(FRun.Identity.Index, Label, Expression, Expansion.Reason);
+    return Expansion.Succeeded;
+}
+
+std::string TRunContext::ExpandExpression(std::string_view Expression, bool Report)
+{
+    PassTermination();
+    TExpansion Expansion = FVariables.Expand(Expression);
+    if (Expansion.Succeeded)
+        return std::move(Expansion.Text);
+    if (Report)
+        SendMessage(fmt::format("Could not expand \"{}\" : {}", Expression, Expansion.Reason));
+    return std::string(Expression);
+}
+
+bool TRunContext::ExecuteScript(TQXScript& Script)
+{
+    PassTermination();
+    if (Script.Text().empty())
+        return true;
+    TQXRuntime& Runtime = TQXRuntime::Current();
+    IScriptEngine* Engine = Runtime.ScriptEngine();
+    const auto Failure = Engine ? Engine->Run(Script, Runtime.ScriptingServices())
+                                : TScriptFailure{0, "this build of the host has no script engine"};
+    if (Failure)
+        FEvents.ScriptError(FRun.Identity.Index, Script.Name(), Failure->Line, Failure->Reason);
+    return !Failure;
+}
+
+void TRunContext::ProcessStarted(const TProcessStartEvent& Start)
+{
+    FEvents.ProcessStarted(FRun.Identity.Index, Start);
+}
+
+void TRunContext::ProcessEnded(const TProcessEndEvent& End)
+{
+    FEvents.ProcessEnded(FRun.Identity.Index, End);
+    PassTermination();
+}
+
+void TRunContext::Tick()
+{
+    FEvents.Tick();
+    PassTermination();
+}
+
+void TRunContext::PassTermination()
+{
+    if (FTerminated || Termination::Requested() == 0)
+        return;
+    FTerminated = true;
+    if (FAction.CanTerminate())
+        FAction.TerminateAction();
+}

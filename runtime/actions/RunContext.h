@@ -1,0 +1,56 @@
+#pragma once
+
+#include "host/QXAction.h"
+#include "runtime/RunEvents.h"
+#include "runtime/Variables.h"
+
+#include <chrono>
+
+/// How an action is to run.
+struct TActionRun
+{
+    TActionIdentity Identity;
+    std::chrono::seconds TimeLimit{0}; ///< of each of its processes; 0: none
+    bool DryRun = false;
+};
+
+/// The host's side of one action while it runs: turns what the action does into events. Connects itself with
+/// the action and disconnects when it goes. Processes are run on behalf of the context made last.
+class TRunContext final : public IQXActionHost
+{
+public:
+    TRunContext(TCustomQXAction& Action, TActionRun Run, const TVariables& Variables, IRunEvents& Events);
+    ~TRunContext() override;
+    TRunContext(const TRunContext&) = delete;
+    TRunContext& operator=(const TRunContext&) = delete;
+
+    /// The context of the running action, or null when none runs.
+    [[nodiscard]] static TRunContext* Current();
+
+    void SendMessage(std::string_view Text) override;
+    void SendOutput(TQXOutputStream Stream, std::string_view Line) override;
+    [[nodiscard]] bool TryExpandExpression(std::string_view Label, std::string_view Expression, std::string& Value,
+                                           bool Required) override;
+    [[nodiscard]] std::string ExpandExpression(std::string_view Expression, bool Report) override;
+    [[nodiscard]] bool ExecuteScript(TQXScript& Script) override;
+    [[nodiscard]] bool IsDryRun() const override { return FRun.DryRun; }
+
+    [[nodiscard]] const TActionRun& Run() const { return FRun; }
+    void ProcessStarted(const TProcessStartEvent& Start);
+    void ProcessEnded(const TProcessEndEvent& End);
+    /// Called about once a second while a process runs.
+    void Tick();
+
+    /// Passes a request to end the run on to the action, once.
+    void PassTermination();
+    /// Whether the action, or a process of it, was told to end.
+    [[nodiscard]] bool WasTerminated() const { return FTerminated; }
+
+private:
+    TCustomQXAction& FAction;
+    TActionRun FRun;
+    const TVariables& FVariables;
+    IRunEvents& FEvents;
+    TRunContext* FOuter;
+    bool FTerminated = false;
+};

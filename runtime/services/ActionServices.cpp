@@ -1,0 +1,49 @@
+#include "runtime/services/ActionServices.h"
+
+#include <stdexcept>
+
+TFileNameEdit::~TFileNameEdit() = default;
+
+void TActionServices::RegisterAction(std::string DisplayName, std::string Category, TQXActionClass ActionClass,
+                                     std::string ImageName)
+{
+    if (Lookup(ActionClass.ClassName))
+        throw std::logic_error("The action class " + ActionClass.ClassName + " is registered twice");
+    FActions.push_back({std::move(DisplayName), std::move(Category), std::move(ActionClass), std::move(ImageName)});
+}
+
+void TActionServices::RegisterPropertyEditor(TQXPropertyType PropertyType, std::string_view ActionClassName,
+                                             std::string PropertyName, TQXPropertyEditorClass Editor)
+{
+    FEditors.push_back({PropertyType, std::string(ActionClassName), std::move(PropertyName), std::move(Editor)});
+}
+
+std::span<const TQXActionRegistration> TActionServices::Actions() const
+{
+    FBeforeLookUp();
+    return FActions;
+}
+
+const TQXActionRegistration* TActionServices::FindAction(std::string_view ClassName) const
+{
+    FBeforeLookUp();
+    return Lookup(ClassName);
+}
+
+const TQXActionRegistration* TActionServices::Lookup(std::string_view ClassName) const
+{
+    for (const TQXActionRegistration& Action : FActions)
+        if (Action.ActionClass.ClassName == ClassName)
+            return &Action;
+    return nullptr;
+}
+
+const TQXPropertyEditorClass* TActionServices::FindPropertyEditor(std::string_view ActionClassName,
+                                                                  std::string_view PropertyName) const
+{
+    FBeforeLookUp();
+    for (const TPropertyEditor& Editor : FEditors)
+        if (Editor.ActionClassName == ActionClassName && Editor.PropertyName == PropertyName)
+            return &Editor.Editor;
+    return nullptr;
+}

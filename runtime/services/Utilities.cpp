@@ -1,0 +1,70 @@
+#include "host/QXServices.h"
+#include "host/QXUtilities.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/Text.h"
+#include "runtime/Runtime.h"
+
+namespace
+{
+bool IsQuoted(std::string_view Text)
+{
+    return Text.size() >= 2 && Text.front() == '"' && Text.back() == '"';
+}
+
+/// A path on a drive means nothing outside Windows, and no spelling of ours would make it mean more.
+bool IsForeign(std::string_view Path)
+{
+    return NativePathStyle != TPathStyle::Windows && Path.size() >= 2 && Path[1] == ':' && Paths::IsAbsolute(Path);
+}
+} // namespace
+
+std::string DoubleQuoteString(std::string_view Text, bool Always)
+{
+    if (IsQuoted(Text) || (!Always && Text.find_first_of(" \t") == std::string_view::npos))
+        return std::string(Text);
+    return std::string("\"").append(Text).append("\"");
+}
+
+std::string StripQuotes(std::string_view Text)
+{
+    return std::string(IsQuoted(Text) ? Text.substr(1, Text.size() - 2) : Text);
+}
+
+std::string ExpandRelativePath(std::string_view Path, std::string_view Folder)
+{
+    return IsForeign(Path) ? std::string(Path) : Files::Spelling(Paths::Expand(Path, Folder));
+}
+
+TStringList LoadUnicodeFile(const std::string& FileName)
+{
+    TStringList Lines;
+    Lines.SetText(Text::Decode(Files::Read(FileName)));
+    return Lines;
+}
+
+std::string GetWinDirectory()
+{
+    std::string Folder;
+    if (NativePathStyle == TPathStyle::Windows && Environment::Get("SystemRoot", Folder))
+        return Folder;
+    const TOptionsFile& Options = TQXRuntime::Current().Options();
+    const std::string& Configured = Options.Host().WindowsDir;
+    return Configured.empty() ? Configured : Paths::Expand(Configured, Paths::Folder(Options.FileName()));
+}
+
+std::string GetSysDirectory()
+{
+    const std::string Windows = GetWinDirectory();
+    return Windows.empty() ? Windows : Files::Spelling(Paths::Join(Windows, "system32"));
+}
+
+bool QXBrowseForFile(std::string& FileName, std::string_view Filter, std::string_view Title)
+{
+    return QXDesignApplicationServices().BrowseForFile(FileName, Filter, Title);
+}
+
+bool QXBrowseForDirectory(std::string& Folder, std::string_view Title)
+{
+    return QXDesignApplicationServices().BrowseForDirectory(Folder, Title);
+}

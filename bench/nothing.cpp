@@ -1,0 +1,5 @@
+// A tool that does nothing.
+int main()
+{
+    return 0;
+}

@@ -1,0 +1,7 @@
+using System;
+using System.Reflection;
+
+[assembly: CLSCompliant(true)]
+[assembly: AssemblyTitle("Acme.Core")]
+[assembly: AssemblyDescription("What Acme keeps in stock")]
+[assembly: AssemblyVersion("1.4.0.0")]

@@ -1,4 +1,4 @@
-// The program's standard output.
+// The program's standard streams.
 #pragma once
 
 #include <string_view>
@@ -6,6 +6,9 @@
 
 namespace Console
 {
+/// Puts nothing's device in place of standard streams that the program was started without: the next file to be
+/// opened would take their place.
+void OpenMissingStreams();
 /// Whether standard output is a terminal.
 [[nodiscard]] bool IsTerminal();
 /// How many columns it has; 80 when that is not known.

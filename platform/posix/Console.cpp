@@ -1,5 +1,6 @@
 #include "platform/Console.h"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -17,6 +18,13 @@ void WaitUntilWritable()
     ::poll(&Descriptor, 1, -1);
 }
 } // namespace
+
+void Console::OpenMissingStreams()
+{
+    for (const int Descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (::fcntl(Descriptor, F_GETFD) < 0 && ::open("/dev/null", O_RDWR) != Descriptor)
+            std::abort();
+}
 
 bool Console::IsTerminal()
 {

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "runtime/ProjectRunner.h"
+
+#include <string>
+#include <vector>
+
+enum class TLogFormat { Text, Json, GitHub };
+enum class TColourChoice { Auto, Always, Never };
+
+/// What stands on the command line, checked for its form. File names are as the user wrote them.
+struct TArguments
+{
+    // Every command.
+    std::string OptionsFile; ///< empty: the default
+    std::string RegistryFile;
+    std::string PackageFile;
+    // Commands with a project.
+    std::string Project = ".";
+    TRunOptions Run;
+    TLogFormat Format = TLogFormat::Text;
+    TColourChoice Colour = TColourChoice::Auto;
+    std::string LogFile; ///< empty: none
+    bool Quiet = false;
+    bool Verbose = false;
+    // Other commands.
+    bool Json = false;
+    std::vector<std::string> Words; ///< class of `show`; list, get or set with their operands of `options`
+};

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "apps/quexley/Arguments.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+
+class TQXRuntime;
+
+/// Which arguments a command takes besides those of every command.
+enum class TCommandArguments { None, Project, Json, ClassAndJson, Option };
+
+/// A command of the program.
+struct TCommand
+{
+    std::string_view Name;
+    std::string_view Description;
+    TCommandArguments Arguments;
+    /// Gives the exit code. Throws EHostFileError, EUsageError, EFileError.
+    int (*Execute)(const TArguments& Arguments, TQXRuntime& Runtime);
+};
+
+/// What the command line asks for: a command, or, without one, a text that answers it.
+struct TParsedCommandLine
+{
+    const TCommand* Command = nullptr;
+    TArguments Arguments;
+    std::string Answer;
+};
+
+/// Throws EUsageError for what is unknown, missing or malformed.
+[[nodiscard]] TParsedCommandLine ParseCommandLine(int Count, const char* const* Words,
+                                                  std::span<const TCommand> Commands);

@@ -1,0 +1,97 @@
+#include "apps/quexley/HostSetup.h"
+
+#include "platform/Files.h"
+#include "platform/Modules.h"
+#include "platform/Paths.h"
+#include "platform/Registry.h"
+#include "runtime/HostErrors.h"
+
+#include <fmt/format.h>
+
+#include <memory>
+
+namespace
+{
+constexpr std::string_view PackageBesideProgram = "../lib/QX40DotNetFrameWork.so";
+
+/// The path as it counts from the folder in which the user stands: a run has another current folder.
+std::string FromHere(const std::string& File)
+{
+    return File.empty() ? File : Paths::Expand(File, Files::CurrentFolder());
+}
+
+void LoadPackage(const std::string& File)
+try
+{
+    const TModule Module(File);
+    Module.Function<void(bool)>("QXRegister")(false);
+}
+catch (const EModuleError& Error)
+{
+    throw EHostFileError(Error.what());
+}
+
+std::unique_ptr<IRegistry> LoadRegistry(const std::string& File)
+try
+{
+    return File.empty() ? EmptyRegistry() : ParseRegistryExport(Files::Read(File));
+}
+catch (const ERegistryError& Error)
+{
+    throw EHostFileError(fmt::format("{}:{}: {}", File, Error.Line, Error.what()));
+}
+catch (const EFileError& Error)
+{
+    throw EHostFileError(Error.what());
+}
+
+} // namespace
+
+/// Source, with the first failure kept.
+template <typename TSource> auto THostSetup::Remember(TSource Source)
+{
+    return [this, Source] {
+        try
+        {
+            return Source();
+        }
+        catch (const EHostFileError&)
+        {
+            if (!FFailure)
+                FFailure = std::current_exception();
+            throw;
+        }
+    };
+}
+
+THostSetup::THostSetup(const TArguments& Arguments)
+{
+    const std::string Registry = FromHere(Arguments.RegistryFile);
+    if (!Registry.empty() && !Files::FileExists(Registry))
+        throw EHostFileError(Arguments.RegistryFile + ": no such file");
+    const std::string Package = Arguments.PackageFile.empty()
+                                    ? Paths::Expand(PackageBesideProgram, Paths::Folder(Files::ProgramFile()))
+                                    : FromHere(Arguments.PackageFile);
+
+    FRuntime.SetOptionsSource(Remember([File = FromHere(Arguments.OptionsFile)] {
+        return TOptionsFile::Load(File.empty() ? TOptionsFile::DefaultFileName() : File, !File.empty());
+    }));
+    FRuntime.SetRegistrySource(Remember([this, Registry] { return LoadRegistry(RegistryFile(Registry)); }));
+    FRuntime.SetPackageSource(Remember([Package] { LoadPackage(Package); }));
+}
+
+/// The file that the command line names, or the one of the options, relative to their own file.
+std::string THostSetup::RegistryFile(const std::string& Named)
+{
+    if (!Named.empty())
+        return Named;
+    const TOptionsFile& Options = FRuntime.Options();
+    const std::string& File = Options.Host().Registry;
+    return File.empty() ? File : Paths::Expand(File, Paths::Folder(Options.FileName()));
+}
+
+void THostSetup::CheckFiles() const
+{
+    if (FFailure)
+        std::rethrow_exception(FFailure);
+}

@@ -1,0 +1,119 @@
+#include "apps/quexley/Answer.h"
+#include "apps/quexley/commands/Commands.h"
+#include "apps/quexley/commands/PropertyTexts.h"
+#include "runtime/HostErrors.h"
+#include "runtime/Runtime.h"
+#include "runtime/projects/FileFindings.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <functional>
+
+namespace
+{
+/// An option under the name KEY.NAME.
+struct TOption
+{
+    std::string Name;
+    std::function<std::string()> Get;
+    /// Puts a value into the text of the options file.
+    std::function<void(const std::string&)> Set;
+};
+
+/// A setting of the host itself, in its table of the options file.
+struct THostSetting
+{
+    std::string_view Name;
+    std::string (*Get)(const THostOptions& Host);
+    bool IsInteger;
+};
+constexpr std::string_view HostKey = "host";
+constexpr std::array<THostSetting, 3> HostSettings = {{
+    {"registry", [](const THostOptions& Host) { return Host.Registry; }, false},
+    {"windows_dir", [](const THostOptions& Host) { return Host.WindowsDir; }, false},
+    {"script_timeout", [](const THostOptions& Host) { return std::to_string(Host.ScriptTimeout); }, true},
+}};
+
+TOption HostOption(TQXRuntime& Runtime, const THostSetting& Setting)
+{
+    std::string Name = fmt::format("{}.{}", HostKey, Setting.Name);
+    const auto Set = [&Runtime, &Setting, Name](const std::string& Text) {
+        if (Setting.IsInteger)
+            Runtime.Options().WriteInteger(HostKey, Setting.Name, ParseIntegerText(Name, Text));
+        else
+            Runtime.Options().WriteString(HostKey, Setting.Name, Text);
+    };
+    return {Name, [&Runtime, &Setting] { return Setting.Get(Runtime.Options().Host()); }, Set};
+}
+
+TOption ObjectOption(TQXRuntime& Runtime, const TQXOptionsRegistration& Registration, const TQXProperty& Property)
+{
+    std::string Name = fmt::format("{}.{}", Registration.OptionsClass.OptionKey, Property.Name);
+    const auto Set = [&Runtime, &Registration, &Property, Name](const std::string& Text) {
+        Property.Write(ParsePropertyText(Property, Name, Text));
+        Runtime.StoreOptions(Registration);
+    };
+    return {Name, [&Property] { return PropertyText(Property.Read()); }, Set};
+}
+
+/// All options, those of the options objects in order of registration and then the host's.
+std::vector<TOption> AllOptions(TQXRuntime& Runtime)
+{
+    std::vector<TOption> Result;
+    for (const TQXOptionsRegistration& Registration : Runtime.OptionsServices().Options())
+    {
+        const TQXOptionsClass& Class = Registration.OptionsClass;
+        if (const TQXOptionsObject* Object = Runtime.OptionsServices().GetOptions(Class.Category, Class.Name))
+            for (const TQXProperty& Property : Object->Properties())
+                if (Property.IsPersisted())
+                    Result.push_back(ObjectOption(Runtime, Registration, Property));
+    }
+    for (const THostSetting& Setting : HostSettings)
+        Result.push_back(HostOption(Runtime, Setting));
+    return Result;
+}
+
+TOption FindOption(TQXRuntime& Runtime, const std::string& Name)
+{
+    std::vector<std::string_view> Names;
+    const std::vector<TOption> Options = AllOptions(Runtime);
+    for (const TOption& Option : Options)
+    {
+        if (Option.Name == Name)
+            return Option;
+        Names.push_back(Option.Name);
+    }
+    throw EUsageError(fmt::format("there is no option \"{}\"{}", Name, DidYouMean(Name, Names)));
+}
+
+std::string ListOptions(TQXRuntime& Runtime)
+{
+    std::vector<std::vector<std::string>> Rows;
+    for (const TOption& Option : AllOptions(Runtime))
+        Rows.push_back({Option.Name, "= " + Option.Get()});
+    return AlignColumns(Rows);
+}
+
+int SetOption(TQXRuntime& Runtime, const std::string& Name, const std::string& Text)
+{
+    FindOption(Runtime, Name).Set(Text);
+    const TOptionsFile& File = Runtime.Options();
+    // What no program could read again is not stored.
+    (void)TOptionsFile::Parse(File.FileName(), File.Text());
+    File.Save();
+    return 0;
+}
+} // namespace
+
+int OptionsCommand(const TArguments& Arguments, TQXRuntime& Runtime)
+{
+    const std::vector<std::string>& Words = Arguments.Words;
+    if (Words.empty() || (Words.front() == "list" && Words.size() == 1))
+        return WriteAnswer(ListOptions(Runtime));
+    if (Words.front() == "get" && Words.size() == 2)
+        return WriteAnswer(FindOption(Runtime, Words[1]).Get() + "\n");
+    if (Words.front() == "set" && Words.size() == 3)
+        return SetOption(Runtime, Words[1], Words[2]);
+    throw EUsageError("options wants \"list\", \"get KEY.NAME\" or \"set KEY.NAME VALUE\"");
+}

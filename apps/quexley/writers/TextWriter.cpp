@@ -1,0 +1,283 @@
+#include "apps/quexley/writers/TextWriter.h"
+
+#include "platform/Console.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace
+{
+constexpr std::string_view Bold = "\033[1m";
+constexpr std::string_view Dim = "\033[2m";
+constexpr std::string_view Red = "\033[31m";
+constexpr std::string_view Green = "\033[32m";
+constexpr std::string_view Yellow = "\033[33m";
+constexpr std::string_view Plain = "\033[0m";
+constexpr std::string_view EraseLine = "\r\033[K";
+
+struct TResultWord
+{
+    std::string_view Word;
+    std::string_view Escape;
+};
+/// In the order of TActionResult.
+constexpr std::array<TResultWord, 4> ResultWords = {
+    {{"ok", Green}, {"FAILED", Red}, {"skipped", Yellow}, {"ended", Red}}};
+
+bool IsControl(char Character)
+{
+    return static_cast<unsigned char>(Character) < ' ';
+}
+
+/// A name as it fits into a line of ours.
+std::string OneLine(std::string_view Text)
+{
+    std::string Result(Text);
+    std::replace_if(Result.begin(), Result.end(), IsControl, ' ');
+    return Result;
+}
+
+bool StartsCharacter(char Byte)
+{
+    return (static_cast<unsigned char>(Byte) & 0xC0U) != 0x80U;
+}
+
+std::size_t CountCharacters(std::string_view Text)
+{
+    return static_cast<std::size_t>(std::count_if(Text.begin(), Text.end(), StartsCharacter));
+}
+
+std::string_view CutTo(std::string_view Text, std::size_t Characters)
+{
+    for (std::size_t Position = 0; Position < Text.size(); ++Position)
+        if (StartsCharacter(Text[Position]) && Characters-- == 0)
+            return Text.substr(0, Position);
+    return Text;
+}
+
+std::string FormatSeconds(double Seconds)
+{
+    if (Seconds < 60)
+        return fmt::format("{:.1f} s", Seconds);
+    const int Whole = static_cast<int>(Seconds);
+    return fmt::format("{} min {:02} s", Whole / 60, Whole % 60);
+}
+
+/// Calls Use with each line of a text; a line end at its end begins no further line.
+template <typename TUse> void ForEachLine(std::string_view Text, TUse Use)
+{
+    for (std::size_t Start = 0; Start <= Text.size();)
+    {
+        const std::size_t End = std::min(Text.find('\n', Start), Text.size());
+        std::string_view Line = Text.substr(Start, End - Start);
+        if (Line.ends_with('\r'))
+            Line.remove_suffix(1);
+        if (End < Text.size() || !Line.empty() || Start == 0)
+            Use(Line);
+        Start = End + 1;
+    }
+}
+} // namespace
+
+void TTextWriter::RunStarted(std::string_view, int Actions)
+{
+    FActions = Actions;
+}
+
+void TTextWriter::ValidationError(const TActionIdentity& Action, std::string_view Label, std::string_view Message)
+{
+    ++FFindings;
+    WriteLine(fmt::format("{}: {}: {}", OneLine(Action.Name), Label, Message), Red);
+}
+
+void TTextWriter::ActionStarted(const TActionIdentity& Action)
+{
+    WriteHeading(fmt::format("[{}/{}]", ++FStarted, FActions), {Action.Index, Action.Type, OneLine(Action.Name)});
+    FInAction = true;
+    FRunning = OneLine(Action.Name);
+    FRunningSince = std::chrono::steady_clock::now();
+    FOutput.Flush();
+}
+
+void TTextWriter::WriteHeading(const std::string& Position, const TActionIdentity& Action)
+{
+    if (FStyle.Colour)
+        WriteLine(fmt::format("{}{} {}{} {}({}){}", Bold, Position, Action.Name, Plain, Dim, Action.Type, Plain));
+    else
+        WriteLine(fmt::format("{} {} ({})", Position, Action.Name, Action.Type));
+}
+
+void TTextWriter::Message(int, std::string_view Text)
+{
+    WriteActionLines(Text);
+}
+
+void TTextWriter::ExpansionError(int, std::string_view Label, std::string_view Text, std::string_view Reason)
+{
+    WriteActionLines(fmt::format("{}: \"{}\": {}", Label, Text, Reason), Red);
+}
+
+void TTextWriter::ScriptError(int, std::string_view Script, int Line, std::string_view Reason)
+{
+    WriteActionLines(fmt::format("{}, line {}: {}", Script, Line, Reason), Red);
+}
+
+void TTextWriter::ProcessStarted(int, const TProcessStartEvent& Process)
+{
+    if (FStyle.Verbose || Process.DryRun)
+    {
+        WriteActionLines(fmt::format("{}: {}{}{}", Process.DryRun ? "would start" : "starting", Process.Executable,
+                                     Process.Arguments.empty() ? "" : " ", Process.Arguments),
+                         Dim);
+        WriteActionLines("in folder: " + Process.Folder, Dim);
+    }
+    if (Process.ResponseFile)
+    {
+        WriteActionLine("with response file:", Dim);
+        WriteActionLines(*Process.ResponseFile, Dim, "    ");
+    }
+    FOutput.Flush();
+}
+
+void TTextWriter::Output(int, TQXOutputStream, std::string_view Line)
+{
+    if (WantsToolMessages())
+        if (const std::optional<TToolMessage> Message = ParseToolMessage(Line))
+            return WriteToolMessage(*Message, Line);
+    WriteActionLine(Line);
+}
+
+void TTextWriter::WriteToolMessage(const TToolMessage& Message, std::string_view Line)
+{
+    WriteActionLine(Line, Message.IsError ? Red : Yellow);
+}
+
+void TTextWriter::ProcessEnded(int, const TProcessEndEvent& End)
+{
+    // The host says in a message why a tool was cut off.
+    const bool Exited = !End.TimedOut && End.Signal.empty();
+    if (Exited && (End.ExitCode != 0 || FStyle.Verbose))
+        WriteActionLine(fmt::format("exit code {}", End.ExitCode), Dim);
+    FOutput.Flush();
+}
+
+void TTextWriter::ActionEnded(const TActionIdentity& Action, TActionResult Result, double Seconds,
+                              std::string_view Reason)
+{
+    if (FInAction)
+    {
+        RemoveLiveLine();
+        if (Result == TActionResult::Success)
+            FHeldBack.Clear();
+        else
+            FHeldBack.MoveTo(FOutput);
+        WriteEndOfLines();
+    }
+    FInAction = false;
+    FRows.push_back({Result, OneLine(Action.Name), Seconds, OneLine(Reason)});
+    WriteRow(FRows.back(), "", 0);
+    FOutput.Flush();
+}
+
+void TTextWriter::WriteRow(const TRow& Row, std::string_view Indent, std::size_t NameWidth)
+{
+    const auto& [Word, Escape] = ResultWords[static_cast<std::size_t>(Row.Result)];
+    const bool Colour = FStyle.Colour;
+    const std::size_t Length = CountCharacters(Row.Name);
+    const std::string Padding(NameWidth > Length ? NameWidth - Length : 0, ' ');
+    std::string Line =
+        fmt::format("{}{}{:<7}{}  {}", Indent, Colour ? Escape : "", Word, Colour ? Plain : "", Row.Name);
+    if (Row.Result != TActionResult::Skipped)
+        Line += fmt::format("{}  {}", Padding, FormatSeconds(Row.Seconds));
+    if (!Row.Reason.empty())
+        Line += fmt::format("{}  ({})", Row.Result == TActionResult::Skipped ? Padding : "", Row.Reason);
+    WriteLine(Line);
+}
+
+void TTextWriter::RunEnded(TRunResult Result, const TRunTotals& Totals)
+{
+    if (!FRows.empty())
+        WriteSummary();
+    WriteLine(LastLine(Result, Totals), Result == TRunResult::Success ? Green : Red);
+    FOutput.Flush();
+}
+
+void TTextWriter::WriteSummary()
+{
+    std::size_t Width = 0;
+    for (const TRow& Row : FRows)
+        Width = std::max(Width, CountCharacters(Row.Name));
+    WriteLine("");
+    WriteLine("Summary", Bold);
+    for (const TRow& Row : FRows)
+        WriteRow(Row, "  ", Width);
+}
+
+std::string TTextWriter::LastLine(TRunResult Result, const TRunTotals& Totals) const
+{
+    if (Result == TRunResult::Invalid)
+        return fmt::format("{} finding{}; nothing was run", FFindings, FFindings == 1 ? "" : "s");
+    if (FActions == 0 && Result == TRunResult::Success)
+        return "no action to run";
+    return fmt::format("{}{} succeeded, {} failed, {} skipped in {}",
+                       Result == TRunResult::Terminated ? "ended early: " : "", Totals.Succeeded, Totals.Failed,
+                       Totals.Skipped, FormatSeconds(Totals.Seconds));
+}
+
+void TTextWriter::WriteLine(std::string_view Line, std::string_view Escape)
+{
+    RemoveLiveLine();
+    const bool Colour = FStyle.Colour && !Escape.empty();
+    if (Colour)
+        FOutput.Append(Escape);
+    FOutput.Append(Line);
+    if (Colour)
+        FOutput.Append(Plain);
+    FOutput.EndLine();
+}
+
+void TTextWriter::WriteActionLine(std::string_view Line, std::string_view Escape, std::string_view Indent)
+{
+    if (!FInAction)
+        return WriteLine(Line, Escape);
+    if (!FStyle.Quiet)
+    {
+        RemoveLiveLine();
+        FOutput.Append(Indent);
+        return WriteLine(Line, Escape);
+    }
+    const bool Colour = FStyle.Colour && !Escape.empty();
+    for (const std::string_view Piece :
+         {Indent, Colour ? Escape : "", Line, Colour ? Plain : "", std::string_view("\n")})
+        FHeldBack.Append(Piece);
+}
+
+void TTextWriter::WriteActionLines(std::string_view Text, std::string_view Escape, std::string_view Indent)
+{
+    ForEachLine(Text, [&](std::string_view Line) { WriteActionLine(Line, Escape, Indent); });
+}
+
+void TTextWriter::Tick()
+{
+    if (FStyle.LiveLine && FInAction)
+    {
+        const auto Seconds =
+            std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - FRunningSince);
+        const std::string Text = fmt::format("  {}  {} s", FRunning, Seconds.count());
+        RemoveLiveLine();
+        FOutput.Append(CutTo(Text, static_cast<std::size_t>(Console::Width() - 1)));
+        FLiveLineShown = true;
+    }
+    FOutput.Flush();
+}
+
+void TTextWriter::RemoveLiveLine()
+{
+    if (!FLiveLineShown)
+        return;
+    FOutput.Append(EraseLine);
+    FLiveLineShown = false;
+}

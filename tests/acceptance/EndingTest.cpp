@@ -1,0 +1,158 @@
+#include "tests/acceptance/ProgramTest.h"
+
+#include "gmock/gmock.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <thread>
+
+namespace
+{
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+/// A project of one action whose tool does what a test writes, and a second action.
+class TEndingTest : public TProgramTest
+{
+protected:
+    TEndingTest() { UseStandInTools(); }
+
+    void WriteProject(const std::string& Script, const std::string& MoreOfAction = "") const
+    {
+        WriteStandIn("gacutil.exe", Script);
+        WriteFile("quexley.toml", "[[action]]\ntype = \"TGACListAction\"\nname = \"first\"\n" + MoreOfAction +
+                                      "[[action]]\ntype = \"TGACListAction\"\nname = \"second\"\n");
+    }
+
+    /// Whether the process whose number a file holds has gone, soon.
+    [[nodiscard]] bool IsGone(const std::string& File) const
+    {
+        const int ProcessID = std::stoi(ReadFile(File));
+        const auto Deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+        while (::kill(ProcessID, 0) == 0 && !IsZombie(ProcessID))
+        {
+            if (std::chrono::steady_clock::now() > Deadline)
+                return false;
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+        return true;
+    }
+
+    /// Starts a grandchild, writes down both numbers, and never ends.
+    static constexpr const char* Hang = "sleep 1000 & echo $! > child; echo working; echo $$ > tool; wait";
+
+private:
+    [[nodiscard]] bool IsZombie(int ProcessID) const
+    {
+        const std::string Status = ReadFile("/proc/" + std::to_string(ProcessID) + "/stat");
+        return Status.find(") Z ") != std::string::npos;
+    }
+};
+} // namespace
+
+TEST_F(TEndingTest, ASignalEndsTheToolAndItsChildren)
+{
+    for (const auto& [Signal, ExitCode] : {std::pair(SIGINT, 130), std::pair(SIGTERM, 143)})
+    {
+        WriteProject("cd ..; rm -f tool; " + std::string(Hang));
+        WriteFile("tool", "");
+        TRunningProgram Program = Start({"run", "--log", "log"});
+        ASSERT_TRUE(Program.WaitForFile(Path("tool")));
+        Program.Send(Signal);
+        const TProgramResult Result = Program.Wait();
+        EXPECT_EQ(Result.ExitCode, ExitCode);
+        EXPECT_THAT(Result.Out, AllOf(HasSubstr("\nended    first  "),
+                                      HasSubstr("skipped  second  (the run was ended)\n"), HasSubstr("\nSummary\n")));
+        EXPECT_EQ(ReadFile("log"), Result.Out);
+        EXPECT_TRUE(IsGone("tool"));
+        EXPECT_TRUE(IsGone("child"));
+    }
+    EXPECT_THAT(Run({"run", "--resume", "--dry-run"}).Out, HasSubstr("[1/2] first"));
+}
+
+TEST_F(TEndingTest, ATimeLimitEndsTheToolAndItsChildren)
+{
+    WriteProject("cd ..; " + std::string(Hang), "timeout = 1\n");
+    const TProgramResult Result = Run({"run", "--format", "json", "--only", "first"});
+    EXPECT_EQ(Result.ExitCode, 1);
+    EXPECT_THAT(Result.Out, HasSubstr("{\"event\":\"process-ended\",\"index\":1,\"timed_out\":true}\n"));
+    EXPECT_TRUE(IsGone("tool"));
+    EXPECT_TRUE(IsGone("child"));
+}
+
+TEST_F(TEndingTest, AToolThatASignalEndsFails)
+{
+    WriteProject("kill -KILL $$");
+    const TProgramResult Result = Run({"run", "--format=json"});
+    EXPECT_EQ(Result.ExitCode, 1);
+    EXPECT_THAT(Result.Out, HasSubstr("{\"event\":\"process-ended\",\"index\":1,\"signal\":\"SIGKILL\"}\n"));
+    EXPECT_THAT(Run({"run"}).Out, HasSubstr("SIGKILL\n"));
+}
+
+TEST_F(TEndingTest, AChildThatKeepsThePipesIsNotWaitedFor)
+{
+    WriteProject("sleep 1000 & echo $! > ../child; printf 'no line end'");
+    const auto Start = std::chrono::steady_clock::now();
+    const TProgramResult Result = Run({"run", "--only", "first"});
+    EXPECT_LT(std::chrono::steady_clock::now() - Start, std::chrono::seconds(10));
+    EXPECT_EQ(Result.ExitCode, 0);
+    EXPECT_THAT(Result.Out, HasSubstr("  no line end\n"));
+    ::kill(std::stoi(ReadFile("child")), SIGKILL);
+}
+
+TEST_F(TEndingTest, AClosedPipeEndsTheProgramQuietly)
+{
+    WriteProject("cd ..; sleep 1000 & echo $! > child; while :; do echo flood; done");
+    const std::string Pipe = Path("pipe");
+    ASSERT_EQ(::mkfifo(Pipe.c_str(), 0600), 0);
+    const int Reader = ::open(Pipe.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    TRunningProgram Program = Start({"run"}, {}, Pipe);
+    ASSERT_TRUE(Program.WaitForFile(Path("child")));
+    ::close(Reader);
+    const TProgramResult Result = Program.Wait();
+    EXPECT_EQ(Result.ExitCode, 128 + SIGPIPE);
+    EXPECT_THAT(Result.Err, IsEmpty());
+    EXPECT_TRUE(IsGone("child"));
+}
+
+TEST_F(TEndingTest, AFullDiskIsToldAndEndsWithTwo)
+{
+    WriteProject("seq 1 100000");
+    for (const bool IsLog : {false, true})
+    {
+        const TProgramResult Result =
+            IsLog ? Run({"run", "--log", "/dev/full"}) : Start({"run"}, {}, "/dev/full").Wait();
+        EXPECT_EQ(Result.ExitCode, 2);
+        EXPECT_THAT(Result.Err, HasSubstr("No space left on device"));
+    }
+    EXPECT_EQ(Start({"list"}, {}, "/dev/full").Wait().ExitCode, 2);
+}
+
+TEST_F(TEndingTest, LinesOfASlowToolAreSeenWhileItRuns)
+{
+    WriteProject("cd ..; echo early; while [ ! -s go ]; do sleep 0.05; done");
+    TRunningProgram Program = Start({"run"}, {}, Path("out"));
+    const auto Deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (ReadFile("out").find("early") == std::string::npos && std::chrono::steady_clock::now() < Deadline)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    EXPECT_THAT(ReadFile("out"), HasSubstr("  early\n"));
+    WriteFile("go", "now");
+    EXPECT_EQ(Program.Wait().ExitCode, 0);
+}
+
+TEST_F(TEndingTest, AProgramWithoutStandardStreamsRuns)
+{
+    WriteProject("echo done");
+    WriteTool("bare", "exec '" QUEXLEY_BINARY_DIR "/bin/quexley' run --log log <&- >&- 2>&-");
+    const std::string Configuration = std::filesystem::path(OptionsFile()).parent_path().parent_path().string();
+    const std::string Line = "cd '" + Folder() + "' && HOME=. XDG_CONFIG_HOME='" + Configuration + "' ./bare";
+    ASSERT_EQ(std::system(Line.c_str()), 0);
+    EXPECT_THAT(ReadFile("log"), HasSubstr("2 succeeded"));
+}

@@ -1,0 +1,153 @@
+#include "runtime/OptionsFile.h"
+
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "runtime/HostErrors.h"
+#include "runtime/options/OptionsReader.h"
+#include "runtime/projects/TextJoiner.h"
+#include "runtime/projects/TomlDocument.h"
+#include "runtime/projects/TomlEditor.h"
+#include "runtime/projects/TomlText.h"
+
+#include <charconv>
+#include <fmt/format.h>
+
+struct TOptionsFile::TImpl
+{
+    TImpl(std::string AFileName, std::string Text)
+        : FileName(std::move(AFileName)), Document(FileName, std::move(Text)),
+          Settings(ReadHostSettings(Document, FileName))
+    {}
+
+    [[nodiscard]] const TTomlEntry* Find(std::string_view Key, std::string_view Name) const
+    {
+        const TTomlEntry* Table = Document.Root().Find(Key);
+        return Table ? Table->Value.Find(Name) : nullptr;
+    }
+
+    /// The text with a value in place of the stored one, at the end of its table, or in a table of its own at the end.
+    [[nodiscard]] std::string TextWith(std::string_view Key, std::string_view Name, std::string Value) const
+    {
+        const TTomlEntry* Table = Document.Root().Find(Key);
+        std::vector<TTomlWish> Wishes;
+        if (Table)
+            for (const TTomlEntry& Entry : Table->Value.Entries)
+                if (Entry.Key != Name)
+                    Wishes.push_back({TTomlWish::TKind::Keep, Entry.Key, {}});
+        Wishes.push_back({TTomlWish::TKind::Write, std::string(Name), std::move(Value)});
+
+        TTomlEditor Editor(Document);
+        TTextJoiner Joiner(Document.LineEnd());
+        const bool IsComplete = Table && Editor.Apply(Table->Value, Wishes);
+        Joiner.AddOld(0, Editor.Text());
+        if (!IsComplete)
+            Joiner.AddNew(TomlSection(fmt::format("[{}]", TomlText::Key(Key)), Wishes, Document.LineEnd()));
+        return Joiner.Finish(1);
+    }
+
+    std::string FileName;
+    TTomlDocument Document;
+    THostSettings Settings;
+};
+
+TOptionsFile::TOptionsFile() : FImpl(std::make_unique<TImpl>(std::string(), std::string())) {}
+TOptionsFile::~TOptionsFile() = default;
+TOptionsFile::TOptionsFile(TOptionsFile&&) noexcept = default;
+TOptionsFile& TOptionsFile::operator=(TOptionsFile&&) noexcept = default;
+
+TOptionsFile TOptionsFile::Load(const std::string& FileName, bool MustExist)
+{
+    if (Files::Find(FileName).empty())
+    {
+        if (MustExist)
+            throw EHostFileError(FileName + ": there is no such options file");
+        return Parse(FileName, {});
+    }
+    std::string Text;
+    try
+    {
+        Text = Files::Read(FileName);
+    }
+    catch (const EFileError& Error)
+    {
+        throw EHostFileError(FileName + ": " + Error.Reason);
+    }
+    return Parse(FileName, Text);
+}
+
+TOptionsFile TOptionsFile::Parse(const std::string& FileName, std::string_view Text)
+{
+    TOptionsFile File;
+    File.FImpl = std::make_unique<TImpl>(FileName, std::string(Text));
+    return File;
+}
+
+std::string TOptionsFile::DefaultFileName()
+{
+    return Paths::Expand("quexley/options.toml", Files::ConfigurationFolder());
+}
+
+const std::string& TOptionsFile::FileName() const
+{
+    return FImpl->FileName;
+}
+
+const THostOptions& TOptionsFile::Host() const
+{
+    return FImpl->Settings.Host;
+}
+
+bool TOptionsFile::DetectDotNet() const
+{
+    return FImpl->Settings.DetectDotNet;
+}
+
+const std::vector<TConfiguredDotNet>& TOptionsFile::DotNetVersions() const
+{
+    return FImpl->Settings.DotNetVersions;
+}
+
+std::optional<std::string> TOptionsFile::ReadString(std::string_view Key, std::string_view Name) const
+{
+    const TTomlEntry* Entry = FImpl->Find(Key, Name);
+    if (Entry && Entry->Value.Kind == TTomlKind::String)
+        return Entry->Value.String;
+    if (Entry && Entry->Value.Kind == TTomlKind::Integer)
+        return std::to_string(Entry->Value.Integer);
+    return {};
+}
+
+std::optional<int> TOptionsFile::ReadInteger(std::string_view Key, std::string_view Name) const
+{
+    const auto Text = ReadString(Key, Name);
+    int Value = 0;
+    if (!Text)
+        return {};
+    const auto [End, Error] = std::from_chars(Text->data(), Text->data() + Text->size(), Value);
+    return Error == std::errc() && End == Text->data() + Text->size() ? std::optional(Value) : std::nullopt;
+}
+
+void TOptionsFile::WriteString(std::string_view Key, std::string_view Name, std::string_view Value)
+{
+    if (ReadString(Key, Name) != Value)
+        FImpl = std::make_unique<TImpl>(FImpl->FileName, FImpl->TextWith(Key, Name, TomlText::String(Value)));
+}
+
+void TOptionsFile::WriteInteger(std::string_view Key, std::string_view Name, int Value)
+{
+    if (ReadInteger(Key, Name) != Value)
+        FImpl = std::make_unique<TImpl>(FImpl->FileName, FImpl->TextWith(Key, Name, std::to_string(Value)));
+}
+
+const std::string& TOptionsFile::Text() const
+{
+    return FImpl->Document.Text();
+}
+
+void TOptionsFile::Save() const
+{
+    const std::string Folder = Paths::Folder(FImpl->FileName);
+    if (!Folder.empty() && !Files::ForceFolders(Folder))
+        throw EFileError(Folder, "the folder cannot be made");
+    Files::ReplaceContent(FImpl->FileName, Text());
+}

@@ -1,0 +1,38 @@
+// What is wrong in a file of the host's, with places and hints.
+#pragma once
+
+#include "runtime/projects/TomlDocument.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// Collects the findings of one file.
+class TFileFindings
+{
+public:
+    /// File as the user named it.
+    explicit TFileFindings(std::string File) : FFile(std::move(File)) {}
+
+    void Add(TTomlPosition Position, std::string Message);
+    /// Adds that a value is of another type than the key Name wants; Expected as in "a string".
+    void AddWrongType(const TTomlNode& Value, std::string_view Name, std::string_view Expected);
+    /// Throws EHostFileError with all findings, a line each, in the order of the file.
+    void ThrowIfAny() const;
+
+private:
+    std::string FFile;
+    std::vector<std::pair<TTomlPosition, std::string>> FFindings;
+};
+
+/// `FILE:LINE:COLUMN: message`, in one line whatever the message quotes.
+[[nodiscard]] std::string FormatFinding(std::string_view File, TTomlPosition Position, std::string_view Message);
+
+/// The candidate that Name was probably meant to be, empty if none is near.
+[[nodiscard]] std::string_view NearestName(std::string_view Name, std::span<const std::string_view> Candidates);
+/// `; did you mean "NEAREST"?`, or nothing.
+[[nodiscard]] std::string DidYouMean(std::string_view Name, std::span<const std::string_view> Candidates);
+/// "A", "B", "C"
+[[nodiscard]] std::string QuotedNames(std::span<const std::string_view> Names);

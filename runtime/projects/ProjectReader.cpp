@@ -1,0 +1,282 @@
+#include "runtime/projects/ProjectReader.h"
+
+#include "host/QXServices.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/Text.h"
+#include "runtime/projects/FileFindings.h"
+#include "runtime/projects/ValueReader.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <unordered_map>
+
+namespace
+{
+constexpr std::array<std::string_view, 3> RootKeys{"project", "variables", "action"};
+constexpr std::string_view VariableNameRule =
+    "a name is a letter or \"_\", followed by letters, digits, \"_\" and \".\"";
+
+bool IsLetter(char Character)
+{
+    return (Character >= 'a' && Character <= 'z') || (Character >= 'A' && Character <= 'Z') || Character == '_';
+}
+
+bool IsVariableName(std::string_view Name)
+{
+    return !Name.empty() && IsLetter(Name.front()) && std::all_of(Name.begin(), Name.end(), [](char Character) {
+        return IsLetter(Character) || (Character >= '0' && Character <= '9') || Character == '.';
+    });
+}
+
+bool IsOneOf(std::string_view Name, std::span<const std::string_view> Names)
+{
+    return std::find(Names.begin(), Names.end(), Name) != Names.end();
+}
+
+/// Reads the tables of one document into a project.
+class TReader
+{
+public:
+    TReader(TProject& Project, TFileFindings& Findings) : FProject(Project), FFindings(Findings), FValues(Findings) {}
+
+    void ReadRoot(const TTomlNode& Root);
+
+private:
+    void ReadProjectTable(const TTomlNode& Table);
+    void ReadSecrets(const TTomlEntry& Entry);
+    void ReadVariables(const TTomlNode& Table);
+    void ReadVariable(const TTomlEntry& Entry);
+    void ReadActions(const TTomlEntry& Entry);
+    TProjectAction ReadAction(const TTomlNode& Table);
+    const TQXActionRegistration* FindType(const TTomlNode& Table);
+    void ReadHostKey(const TTomlEntry& Entry, TProjectAction& Action);
+    void ReadProperties(const TTomlNode& Table, const TProjectAction& Action);
+    void ReadScripts(const TTomlNode& Table, const TProjectAction& Action);
+    void AddUnknownKey(const TTomlEntry& Entry, const TProjectAction& Action);
+    void AddUnknownScript(const TTomlEntry& Entry, const TProjectAction& Action);
+
+    TProject& FProject;
+    TFileFindings& FFindings;
+    TValueReader FValues;
+    std::unordered_map<std::string, const TTomlEntry*> FVariables; ///< by name in lower case
+};
+
+void TReader::ReadRoot(const TTomlNode& Root)
+{
+    for (const TTomlEntry& Entry : Root.Entries)
+        if (Entry.Key == "action")
+            ReadActions(Entry);
+        else if (!IsOneOf(Entry.Key, RootKeys))
+            FFindings.Add(Entry.Position,
+                          fmt::format("a project has no \"{}\"{}", Entry.Key, DidYouMean(Entry.Key, RootKeys)));
+        else if (const TTomlNode* Table = FValues.Table(Entry))
+            Entry.Key == "project" ? ReadProjectTable(*Table) : ReadVariables(*Table);
+}
+
+void TReader::ReadProjectTable(const TTomlNode& Table)
+{
+    for (const TTomlEntry& Entry : Table.Entries)
+        if (Entry.Key == "name")
+            FProject.Name = FValues.String(Entry).value_or(std::string());
+        else if (Entry.Key == "secrets")
+            ReadSecrets(Entry);
+        else
+            FFindings.Add(Entry.Position,
+                          fmt::format("[project] has no key \"{}\"{}", Entry.Key, DidYouMean(Entry.Key, ProjectKeys)));
+}
+
+void TReader::ReadSecrets(const TTomlEntry& Entry)
+{
+    auto Names = FValues.Strings(Entry);
+    if (!Names)
+        return;
+    for (const TTomlNode& Item : Entry.Value.Items)
+        if (!IsVariableName(Item.String))
+            FFindings.Add(Item.Begin, fmt::format("\"{}\" cannot name a variable: {}", Item.String, VariableNameRule));
+    FProject.Secrets = std::move(*Names);
+}
+
+void TReader::ReadVariables(const TTomlNode& Table)
+{
+    for (const TTomlEntry& Entry : Table.Entries)
+        ReadVariable(Entry);
+}
+
+void TReader::ReadVariable(const TTomlEntry& Entry)
+{
+    if (Entry.Value.Kind == TTomlKind::Table && IsVariableName(Entry.Key))
+    {
+        const std::string_view Inner =
+            Entry.Value.Entries.empty() ? "Name" : std::string_view(Entry.Value.Entries.front().Key);
+        FFindings.Add(Entry.Position,
+                      fmt::format("variable \"{0}\" is a table; a name with a dot stands in quotes: \"{0}.{1}\"",
+                                  Entry.Key, Inner));
+        return;
+    }
+    if (!IsVariableName(Entry.Key))
+        FFindings.Add(Entry.Position, fmt::format("\"{}\" cannot name a variable: {}", Entry.Key, VariableNameRule));
+    const auto [Known, IsNew] = FVariables.emplace(Text::Lower(Entry.Key), &Entry);
+    if (!IsNew)
+        FFindings.Add(Entry.Position, fmt::format("variable \"{}\" is \"{}\" of line {} again: names ignore case",
+                                                  Entry.Key, Known->second->Key, Known->second->Position.Line));
+    if (auto Value = FValues.String(Entry))
+        FProject.Variables.emplace_back(Entry.Key, std::move(*Value));
+}
+
+void TReader::ReadActions(const TTomlEntry& Entry)
+{
+    if (Entry.Value.Kind == TTomlKind::Table)
+        FFindings.Add(Entry.Value.Begin, "\"action\" is a single table; write [[action]] above each action");
+    else if (Entry.Value.Kind != TTomlKind::Array)
+        FFindings.AddWrongType(Entry.Value, Entry.Key, "[[action]] tables");
+    FProject.Actions.reserve(Entry.Value.Items.size());
+    for (const TTomlNode& Item : Entry.Value.Items)
+        if (Item.Kind == TTomlKind::Table)
+            FProject.Actions.push_back(ReadAction(Item));
+        else
+            FFindings.AddWrongType(Item, Entry.Key, "[[action]] tables");
+}
+
+TProjectAction TReader::ReadAction(const TTomlNode& Table)
+{
+    TProjectAction Action;
+    Action.Index = static_cast<int>(FProject.Actions.size()) + 1;
+    if (const TQXActionRegistration* Registration = FindType(Table))
+    {
+        Action.Type = Registration->ActionClass.ClassName;
+        Action.Name = Registration->DisplayName;
+        Action.Object = Registration->ActionClass.Create();
+        Action.Object->SetDescription(Registration->DisplayName);
+    }
+    for (const TTomlEntry& Entry : Table.Entries)
+        if (IsOneOf(Entry.Key, ActionKeys))
+            ReadHostKey(Entry, Action);
+    ReadProperties(Table, Action);
+    return Action;
+}
+
+const TQXActionRegistration* TReader::FindType(const TTomlNode& Table)
+{
+    const TTomlEntry* Entry = Table.Find("type");
+    if (!Entry)
+    {
+        FFindings.Add(Table.Begin, "the action has no \"type\", which names its class");
+        return nullptr;
+    }
+    const auto Type = FValues.String(*Entry);
+    if (!Type)
+        return nullptr;
+    const TQXActionRegistration* Registration = QXActionServices().FindAction(*Type);
+    if (!Registration)
+    {
+        std::vector<std::string_view> Names;
+        for (const TQXActionRegistration& Known : QXActionServices().Actions())
+            Names.push_back(Known.ActionClass.ClassName);
+        FFindings.Add(Entry->Value.Begin,
+                      fmt::format("there is no action type \"{}\"{}", *Type, DidYouMean(*Type, Names)));
+    }
+    return Registration;
+}
+
+void TReader::ReadHostKey(const TTomlEntry& Entry, TProjectAction& Action)
+{
+    if (Entry.Key == "name")
+        Action.Name = FValues.String(Entry).value_or(std::string());
+    else if (Entry.Key == "enabled")
+        Action.Enabled = FValues.Boolean(Entry).value_or(true);
+    else if (Entry.Key == "on_failure")
+        Action.OnFailure =
+            FValues.Element(Entry, OnFailureNames) == "continue" ? TOnFailure::Continue : TOnFailure::Stop;
+    else if (Entry.Key == "timeout")
+        Action.TimeoutSeconds = FValues.Integer(Entry, 0).value_or(0);
+    else if (Entry.Key == "scripts")
+        if (const TTomlNode* Table = FValues.Table(Entry))
+            ReadScripts(*Table, Action);
+}
+
+/// Restores in the order of declaration: the accessors of some properties look at earlier ones.
+void TReader::ReadProperties(const TTomlNode& Table, const TProjectAction& Action)
+{
+    const std::span<const TQXProperty> Properties =
+        Action.Object ? std::span<const TQXProperty>(Action.Object->Properties()) : std::span<const TQXProperty>();
+    std::vector<std::optional<TQXPropertyValue>> Values(Properties.size());
+    for (const TTomlEntry& Entry : Table.Entries)
+    {
+        if (IsOneOf(Entry.Key, ActionKeys))
+            continue;
+        const auto Property = std::find_if(Properties.begin(), Properties.end(), [&](const TQXProperty& Candidate) {
+            return Candidate.IsPersisted() && Candidate.Name == Entry.Key;
+        });
+        if (Property == Properties.end())
+            AddUnknownKey(Entry, Action);
+        else
+            Values[static_cast<std::size_t>(Property - Properties.begin())] = FValues.Property(Entry, *Property);
+    }
+    for (std::size_t Index = 0; Index < Values.size(); ++Index)
+        if (Values[Index])
+            Properties[Index].Write(*Values[Index]);
+}
+
+void TReader::ReadScripts(const TTomlNode& Table, const TProjectAction& Action)
+{
+    if (!Action.Object)
+        return;
+    for (const TTomlEntry& Entry : Table.Entries)
+    {
+        const auto& Scripts = Action.Object->Scripts();
+        const auto Script = std::find_if(Scripts.begin(), Scripts.end(),
+                                         [&](const auto& Candidate) { return Candidate->Name() == Entry.Key; });
+        if (Script == Scripts.end())
+            AddUnknownScript(Entry, Action);
+        else if (auto Text = FValues.String(Entry))
+            (*Script)->SetText(std::move(*Text));
+    }
+}
+
+/// Of an action without a known type only the host's own keys can be judged.
+void TReader::AddUnknownKey(const TTomlEntry& Entry, const TProjectAction& Action)
+{
+    std::vector<std::string_view> Names(ActionKeys.begin(), ActionKeys.end());
+    if (Action.Object)
+        for (const TQXProperty& Property : Action.Object->Properties())
+            if (Property.IsPersisted())
+                Names.push_back(Property.Name);
+    const std::string_view Nearest = NearestName(Entry.Key, Names);
+    const bool IsHostKey = Nearest.empty() ? !Entry.Key.empty() && Entry.Key[0] >= 'a' && Entry.Key[0] <= 'z'
+                                           : IsOneOf(Nearest, ActionKeys);
+    if (IsHostKey)
+        FFindings.Add(Entry.Position,
+                      fmt::format("[[action]] has no key \"{}\"{}", Entry.Key, DidYouMean(Entry.Key, Names)));
+    else if (Action.Object)
+        FFindings.Add(Entry.Position,
+                      fmt::format("{} has no property \"{}\"{}", Action.Type, Entry.Key, DidYouMean(Entry.Key, Names)));
+}
+
+void TReader::AddUnknownScript(const TTomlEntry& Entry, const TProjectAction& Action)
+{
+    std::vector<std::string_view> Names;
+    for (const auto& Script : Action.Object->Scripts())
+        Names.push_back(Script->Name());
+    FFindings.Add(Entry.Position,
+                  fmt::format("{} has no script \"{}\"{}", Action.Type, Entry.Key, DidYouMean(Entry.Key, Names)));
+}
+} // namespace
+
+TProject ReadProject(const TTomlDocument& Document, const std::string& FileName)
+{
+    TProject Project;
+    Project.File = Paths::Expand(FileName, Files::CurrentFolder());
+    Project.Folder = Paths::WithoutTrailing(Paths::Folder(Project.File));
+    Project.Name = DefaultProjectName(Project);
+    TFileFindings Findings(FileName);
+    TReader(Project, Findings).ReadRoot(Document.Root());
+    Findings.ThrowIfAny();
+    return Project;
+}
+
+std::string DefaultProjectName(const TProject& Project)
+{
+    const std::string FolderName = Paths::FileName(Project.Folder);
+    return FolderName.empty() ? Paths::BareName(Project.File) : FolderName;
+}

@@ -1,0 +1,83 @@
+#include "package/compiler/QXProjectLoader.h"
+
+#include "host/QXUtilities.h"
+#include "package/compiler/QXDotNetUtils.h"
+#include "package/compiler/QXProjectXml.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr std::string_view PictureContainers[] = {"jpg", "jpeg", "bmp", "gif", "png", "icon", "cur", "dib"};
+
+bool IsPicture(const std::string& Container)
+{
+    const std::string Lower = Text::Lower(Container);
+    return std::find(std::begin(PictureContainers), std::end(PictureContainers), Lower) != std::end(PictureContainers);
+}
+} // namespace
+
+bool TQXBorlandProjectLoader::Load()
+{
+    if (!ExpandConfigName())
+        return false;
+    FAction.ResetOptions();
+    TXmlDocument Document;
+    if (!Document.LoadFromFile(FLoad.FileName))
+        return FailParsing(Document.ParseError());
+    return LoadDocument(Document.DocumentElement());
+}
+
+bool TQXBorlandProjectLoader::LoadDocument(const TXmlElement& Root)
+{
+    const auto Options = Root.SelectNode("CSharp.Personality/Options");
+    if (!Options)
+        return Fail("Unable to find Settings node in project document");
+    if (!SelectOptionsSet(*Options))
+        return false;
+    const auto Elements = Root.SelectNodes("CSharp.Personality/FileList/File");
+    if (Elements.empty())
+        return Fail("No Files to compile!");
+    if (!CheckResourceCompiler())
+        return false;
+
+    const std::string Folder = Paths::WithTrailing(Paths::Normalise(FLoad.Folder + "obj/" + FLoad.ConfigName));
+    if (!Files::ForceFolders(Folder))
+        return Fail("Unable to create output directory : " + Folder);
+    return std::all_of(Elements.begin(), Elements.end(), [this](const TXmlElement& File) { return LoadFile(File); });
+}
+
+bool TQXBorlandProjectLoader::SelectOptionsSet(const TXmlElement& Options)
+{
+    const auto Sets = Options.SelectNodes("OptionsSet");
+    if (Sets.empty())
+        return Fail("Unable to load Config Nodes in project document");
+    const TXmlElement* Set = FindConfiguration(Sets);
+    if (!Set)
+        return Fail("OptionSet : " + FLoad.ConfigName + " - not found in project file");
+    FAction.LoadConfigCompilerOptionsFromProjFile(*Set);
+    // Always below the project's folder, an absolute path included.
+    const std::string Folder = FLoad.Folder + GetOptionValueString("OutputDirectory", *Set);
+    static_cast<void>(Files::ForceFolders(Folder));
+    FLoad.OutputFolder = Paths::WithTrailing(Files::Spelling(Folder));
+    CompleteOutputFile();
+    return true;
+}
+
+bool TQXBorlandProjectLoader::LoadFile(const TXmlElement& File)
+{
+    const std::string Container = File.Attribute("ContainerId");
+    const std::string Path = File.Attribute("FileName");
+    if (Container == "CSharpCompiler")
+        AddSource(Path);
+    else if (Container == "ResXCompiler")
+        return ProcessEmbeddedResource(Path);
+    else if (Container == "DotNetAssemblyCompiler")
+        AppendItem(FAction.References, ',', WithLibraryExtension(Path));
+    else if (IsPicture(Container))
+        AppendItem(FAction.Resources, ',', ExpandRelativePath(Path, FLoad.Folder));
+    return true;
+}

@@ -1,0 +1,54 @@
+#include "package/compiler/QXJSharpProjCompilerAction.h"
+
+#include "package/compiler/QXNameSpaceDetection.h"
+#include "package/compiler/QXProjectXml.h"
+
+TQXJSProjCompilerAction::TQXJSProjCompilerAction()
+{
+    Publish("ProjectFile", ProjectFile);
+    Publish("ConfigName", ConfigName);
+    Publish("CFResGen", CFResGen);
+    Publish("LibLocations", LibLocations);
+    Publish("CopyConfigFiles", CopyConfigFiles);
+    Publish("KeepResponseFile", KeepResponseFile);
+}
+
+bool TQXJSProjCompilerAction::GetCommandLine(ICommandLineBuilder& Builder)
+{
+    return GetProjectCommandLine(Builder, {});
+}
+
+bool TQXJSProjCompilerAction::GenerateResponseFile(const std::string& BaseDir, TStringList& Lines)
+{
+    if (!AdditionalOptions.empty())
+        Lines.Add(AdditionalOptions);
+    return TQXCustomJSharpCompilerAction::GenerateResponseFile(BaseDir, Lines);
+}
+
+std::string TQXJSProjCompilerAction::GetProjectFilter() const
+{
+    return "J# Project Files (*.vjsproj)|*.vjsproj|All Files (*.*)|*.*";
+}
+
+std::string TQXJSProjCompilerAction::GetCompilerTypeInProjectFile(const std::string& /*FileName*/) const
+{
+    return "VISUALJSHARP";
+}
+
+void TQXJSProjCompilerAction::LoadSettingsFromProjFile(const TXmlElement& Settings)
+{
+    TQXCustomJSharpCompilerAction::LoadSettingsFromProjFile(Settings);
+    JSRootNamespace = GetAttributeValueString("RootNamespace", Settings);
+}
+
+void TQXJSProjCompilerAction::LoadConfigCompilerOptionsFromProjFile(const TXmlElement& Config)
+{
+    TQXCustomJSharpCompilerAction::LoadConfigCompilerOptionsFromProjFile(Config);
+    WarningLevel = FindWarningLevel(GetAttributeValueString("WarningLevel", Config));
+    AdditionalOptions = GetAttributeValueString("AdditionalOptions", Config);
+}
+
+bool TQXJSProjCompilerAction::DetectNameSpace(const std::string& FileName, std::string& Name) const
+{
+    return DetectJSharpNameSpace(FileName, JSRootNamespace, Name);
+}

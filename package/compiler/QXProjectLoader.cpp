@@ -1,0 +1,78 @@
+#include "package/compiler/QXProjectLoader.h"
+
+#include "host/QXDotNetInfo.h"
+#include "host/QXUtilities.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+
+TQXProjectLoader::TQXProjectLoader(TQXManagedCompilerAction& Action, std::string FileName) : FAction(Action)
+{
+    FLoad.Folder = Paths::Folder(FileName);
+    FLoad.FileName = std::move(FileName);
+}
+
+bool TQXProjectLoader::Fail(const std::string& Message) const
+{
+    Log(Message);
+    return false;
+}
+
+bool TQXProjectLoader::FailParsing(const TXmlParseError& Error) const
+{
+    return Fail("Error Loading Project File : " + FLoad.FileName + "\r\nReason : " + Error.Reason +
+                "\r\nLine   : " + std::to_string(Error.Line));
+}
+
+bool TQXProjectLoader::ExpandConfigName()
+{
+    return FAction.TryExpandExpression("ConfigName", FAction.ConfigName, FLoad.ConfigName, true);
+}
+
+const TXmlElement* TQXProjectLoader::FindConfiguration(const std::vector<TXmlElement>& Configurations) const
+{
+    const std::string Wanted = Text::FoldCase(FLoad.ConfigName);
+    const auto Found = std::find_if(Configurations.begin(), Configurations.end(), [&](const TXmlElement& Element) {
+        return Text::FoldCase(Element.Attribute("Name")) == Wanted;
+    });
+    return Found == Configurations.end() ? nullptr : &*Found;
+}
+
+void TQXProjectLoader::CompleteOutputFile()
+{
+    std::string Name = FAction.OutputFile.empty() ? Paths::BareName(FLoad.FileName) : FAction.OutputFile;
+    const bool IsLibrary = FAction.Target == TDotNetTarget::Lib || FAction.Target == TDotNetTarget::Module;
+    FAction.OutputFile = FLoad.OutputFolder + Name + (IsLibrary ? ".dll" : ".exe");
+}
+
+bool TQXProjectLoader::CheckResourceCompiler() const
+{
+    const std::string Folder = FAction.GetSDKPath();
+    if (!Folder.empty() && Files::FileExists(Paths::WithTrailing(Folder) + "resgen.exe"))
+        return true;
+    return Fail(".NET SDK Version " + FAction.GetDefaultSDKVersion() + " - not detected on this machine!");
+}
+
+void TQXProjectLoader::AddSource(const std::string& Path)
+{
+    AppendItem(FAction.Files, ';', ExpandRelativePath(Path, FLoad.Folder));
+}
+
+bool TQXProjectLoader::ProcessEmbeddedResource(const std::string& Path) const
+{
+    return Fail("Embedded resource : " + Path + " - this version does not compile or embed resources!");
+}
+
+std::string RepairAmpersands(std::string_view Text)
+{
+    return Text::Replace(Text::Replace(Text::Replace(Text, "&amp;", "##amp##"), "&", "&amp;"), "##amp##", "&amp;");
+}
+
+void AppendItem(std::string& List, char Separator, std::string_view Item)
+{
+    if (!List.empty())
+        List += Separator;
+    List += Item;
+}

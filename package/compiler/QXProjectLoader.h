@@ -1,0 +1,85 @@
+#pragma once
+
+#include "package/compiler/QXDotNetManagedCompilerAction.h"
+#include "platform/Xml.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What one load of a project works with. Folders end in a delimiter.
+struct TProjectLoad
+{
+    std::string FileName;            ///< absolute
+    std::string Folder;              ///< of the project file
+    std::string ConfigName;          ///< expanded
+    std::string OutputFolder;        ///< of the configuration
+    std::string AssemblyFileName;    ///< without folder
+    std::string PlatformName;        ///< empty: references of every platform count
+    std::string CompactSystemFolder; ///< where a compact project's system assemblies lie, or empty
+};
+
+/// What the loaders of both project formats share: fills an action's settings from a project file.
+class TQXProjectLoader
+{
+public:
+    TQXProjectLoader(TQXManagedCompilerAction& Action, std::string FileName);
+
+protected:
+    ~TQXProjectLoader() = default;
+
+    void Log(std::string_view Message) const { FAction.SendMessage(Message); }
+    /// Logs the message; false, for steps to end with.
+    [[nodiscard]] bool Fail(const std::string& Message) const;
+    [[nodiscard]] bool FailParsing(const TXmlParseError& Error) const;
+    [[nodiscard]] bool ExpandConfigName();
+    /// The first with the name of the wanted configuration, or null.
+    [[nodiscard]] const TXmlElement* FindConfiguration(const std::vector<TXmlElement>& Configurations) const;
+    /// Gives the output file its folder, the extension of its target and, if need be, the project's name.
+    void CompleteOutputFile();
+    /// Whether the SDK and its resource compiler are there, which even a project without resources needs.
+    [[nodiscard]] bool CheckResourceCompiler() const;
+    void AddSource(const std::string& Path);
+    [[nodiscard]] bool ProcessEmbeddedResource(const std::string& Path) const;
+
+    TQXManagedCompilerAction& FAction;
+    TProjectLoad FLoad;
+};
+
+/// Loads the project files of Visual Studio .NET 2002 and 2003.
+class TQXVisualStudioProjectLoader final : TQXProjectLoader
+{
+public:
+    using TQXProjectLoader::TQXProjectLoader;
+    /// False: the log tells why.
+    [[nodiscard]] bool Load();
+
+private:
+    [[nodiscard]] bool LoadDocument(const TXmlElement& Root);
+    [[nodiscard]] bool CheckVersion(const TXmlElement& Root) const;
+    [[nodiscard]] bool LoadSettings(const TXmlElement& Root);
+    [[nodiscard]] bool SelectConfiguration(const TXmlElement& Settings);
+    [[nodiscard]] bool LoadFiles(const TXmlElement& Root);
+    void CopyConfigurationFiles() const;
+    /// A path of elements below the language's own.
+    [[nodiscard]] std::string LanguagePath(std::string_view Path) const;
+};
+
+/// Loads the project files of C# Builder.
+class TQXBorlandProjectLoader final : TQXProjectLoader
+{
+public:
+    using TQXProjectLoader::TQXProjectLoader;
+    /// False: the log tells why.
+    [[nodiscard]] bool Load();
+
+private:
+    [[nodiscard]] bool LoadDocument(const TXmlElement& Root);
+    [[nodiscard]] bool SelectOptionsSet(const TXmlElement& Options);
+    [[nodiscard]] bool LoadFile(const TXmlElement& File);
+};
+
+/// The text of a project file as a strict parser takes it: bare ampersands become escapes.
+[[nodiscard]] std::string RepairAmpersands(std::string_view Text);
+/// Appends an item to a list, behind the separator if it has one already.
+void AppendItem(std::string& List, char Separator, std::string_view Item);

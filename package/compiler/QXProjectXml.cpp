@@ -1,0 +1,34 @@
+#include "package/compiler/QXProjectXml.h"
+
+#include "platform/Text.h"
+
+std::string GetAttributeValueString(std::string_view Name, const TXmlElement& Element)
+{
+    return Element.Attribute(Name);
+}
+
+bool GetAttributeValueBoolean(std::string_view Name, const TXmlElement& Element)
+{
+    const std::string Value = Element.Attribute(Name);
+    return Text::Same(Value, "TRUE") || Text::Same(Value, "ON");
+}
+
+std::string GetOptionValueString(std::string_view Name, const TXmlElement& OptionsSet)
+{
+    const auto Option = OptionsSet.SelectNode("Options/Options[@Name=\"" + std::string(Name) + "\"]");
+    return Option ? Option->Text() : "";
+}
+
+bool GetOptionValueBoolean(std::string_view Name, const TXmlElement& OptionsSet)
+{
+    return Text::Same(GetOptionValueString(Name, OptionsSet), "TRUE");
+}
+
+TDotNetWarningLevels FindWarningLevel(std::string_view Text)
+{
+    static constexpr TNamedValue<TDotNetWarningLevels> Levels[] = {{"1", TDotNetWarningLevels::WarnLevel1},
+                                                                   {"2", TDotNetWarningLevels::WarnLevel2},
+                                                                   {"3", TDotNetWarningLevels::WarnLevel3},
+                                                                   {"4", TDotNetWarningLevels::WarnLevel4}};
+    return FindNamedValue(Levels, Text, TDotNetWarningLevels::WarnOff);
+}

@@ -1,0 +1,89 @@
+#include "package/compiler/QXVBProjCompilerAction.h"
+
+#include "package/compiler/QXNameSpaceDetection.h"
+#include "package/compiler/QXProjectLoader.h"
+#include "package/compiler/QXProjectXml.h"
+#include "platform/Paths.h"
+#include "platform/Text.h"
+
+namespace
+{
+bool IsCompactProject(const std::string& FileName)
+{
+    return Text::Same(Paths::Extension(FileName), ".vbdproj");
+}
+} // namespace
+
+TQXVBProjCompilerAction::TQXVBProjCompilerAction()
+{
+    Publish("ProjectFile", ProjectFile);
+    Publish("ConfigName", ConfigName);
+    Publish("CFResGen", CFResGen);
+    Publish("LibLocations", LibLocations);
+    Publish("SDKPath", SDKPath);
+    Publish("CopyConfigFiles", CopyConfigFiles);
+    Publish("KeepResponseFile", KeepResponseFile);
+    AddScripts();
+}
+
+bool TQXVBProjCompilerAction::GetCommandLine(ICommandLineBuilder& Builder)
+{
+    return GetProjectCommandLine(Builder, {"/netcf"});
+}
+
+bool TQXVBProjCompilerAction::IsCompactFramework() const
+{
+    return IsCompactProject(ProjectFile);
+}
+
+std::string TQXVBProjCompilerAction::GetProjectFilter() const
+{
+    return "VB.Net Project Files (*.vbproj)|*.vbproj|VB.NET CF Project Files(*.vbdproj)|*.vbdproj|All Files (*.*)|*.*";
+}
+
+std::string TQXVBProjCompilerAction::GetCompilerTypeInProjectFile(const std::string& FileName) const
+{
+    return IsCompactProject(FileName) ? "EVisualBasic" : "VisualBasic";
+}
+
+void TQXVBProjCompilerAction::LoadSettingsFromProjFile(const TXmlElement& Settings)
+{
+    TQXCustomVBDotNetCompilerAction::LoadSettingsFromProjFile(Settings);
+    Icon = GetAttributeValueString("ApplicationIcon", Settings);
+    RootNameSpace = GetAttributeValueString("RootNamespace", Settings);
+    MainClass = GetAttributeValueString("StartupObject", Settings);
+    KeyContainer = GetAttributeValueString("AssemblyKeyContainerName", Settings);
+    DelaySign = GetAttributeValueBoolean("DelaySign", Settings);
+    OptionCompare = GetAttributeValueString("OptionCompare", Settings) == "Binary"
+                        ? TVBDotNetOptionCompare::OptCompareBinary
+                        : TVBDotNetOptionCompare::OptCompareText;
+    OptionExplicit = GetAttributeValueBoolean("OptionExplicit", Settings);
+    OptionStrict = GetAttributeValueBoolean("OptionStrict", Settings);
+}
+
+void TQXVBProjCompilerAction::LoadConfigCompilerOptionsFromProjFile(const TXmlElement& Config)
+{
+    TQXCustomVBDotNetCompilerAction::LoadConfigCompilerOptionsFromProjFile(Config);
+    TStringList Symbols;
+    Symbols.SetCommaText(Defines);
+    if (GetAttributeValueBoolean("DefineDebug", Config))
+        Symbols.SetValue("DEBUG", "True");
+    if (GetAttributeValueBoolean("DefineTrace", Config))
+        Symbols.SetValue("TRACE", "True");
+    Defines = Symbols.CommaText();
+    RemoveIntChecks = GetAttributeValueBoolean("RemoveIntegerChecks", Config);
+}
+
+bool TQXVBProjCompilerAction::LoadCompilerOtherSettings(const std::string& FileName, const TXmlElement& Root)
+{
+    Imports.clear();
+    const auto Elements = Root.SelectNodes(GetCompilerTypeInProjectFile(FileName) + "/Build/Imports/Import");
+    for (const TXmlElement& Element : Elements)
+        AppendItem(Imports, ',', Element.Attribute("Namespace"));
+    return !Elements.empty();
+}
+
+bool TQXVBProjCompilerAction::DetectNameSpace(const std::string& FileName, std::string& Name) const
+{
+    return DetectVBNameSpace(FileName, RootNameSpace, Name);
+}

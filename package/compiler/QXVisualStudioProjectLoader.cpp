@@ -1,0 +1,138 @@
+#include "package/compiler/QXProjectLoader.h"
+
+#include "host/QXUtilities.h"
+#include "package/compiler/QXProjectXml.h"
+#include "package/compiler/QXReferenceResolver.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/Text.h"
+
+namespace
+{
+/// Projects of the later format name it up to the year.
+constexpr std::string_view MSBuildNameSpace = "http://schemas.microsoft.com/developer/msbuild";
+
+/// Makes a folder, or finds it in its spelling on disk. Whether it could be made shows when a tool needs it.
+std::string MakeFolder(std::string_view Path, std::string_view Base)
+{
+    static_cast<void>(Files::ForceFolders(ExpandRelativePath(Path, Base)));
+    return Paths::WithTrailing(ExpandRelativePath(Path, Base));
+}
+} // namespace
+
+std::string TQXVisualStudioProjectLoader::LanguagePath(std::string_view Path) const
+{
+    return FAction.GetCompilerTypeInProjectFile(FLoad.FileName) + std::string(Path);
+}
+
+bool TQXVisualStudioProjectLoader::Load()
+{
+    if (!ExpandConfigName())
+        return false;
+    MakeFolder("obj", FLoad.Folder);
+    FAction.ResetOptions();
+    if (FAction.IsCompactFramework())
+        FLoad.CompactSystemFolder = Paths::WithTrailing(FAction.SDKPath);
+
+    std::string Content;
+    try
+    {
+        Content = LoadUnicodeFile(FLoad.FileName).Text();
+    }
+    catch (const std::exception& Error)
+    {
+        return Fail(std::string("Error Opening Project File : ") + Error.what());
+    }
+    TXmlDocument Document;
+    if (!Document.LoadFromText(RepairAmpersands(Content)))
+        return FailParsing(Document.ParseError());
+    return LoadDocument(Document.DocumentElement());
+}
+
+bool TQXVisualStudioProjectLoader::LoadDocument(const TXmlElement& Root)
+{
+    if (!CheckVersion(Root) || !LoadSettings(Root))
+        return false;
+    Log("Resolving References....");
+    if (!TQXReferenceResolver(FAction, FLoad).Resolve(Root.SelectNodes(LanguagePath("/Build/References/Reference"))) ||
+        !LoadFiles(Root))
+        return false;
+    if (!FAction.LoadCompilerOtherSettings(FLoad.FileName, Root))
+        return Fail("Error loading compiler setttings!");
+    if (FAction.CopyConfigFiles)
+        CopyConfigurationFiles();
+    return true;
+}
+
+bool TQXVisualStudioProjectLoader::CheckVersion(const TXmlElement& Root) const
+{
+    if (FAction.DetectVSVersion(FLoad.FileName, Root) != TDotNetVSVersion::vsInvalid)
+        return true;
+    if (Root.Attribute("xmlns").starts_with(MSBuildNameSpace))
+        return Fail(
+            Paths::FileName(FLoad.FileName) +
+            " is a Visual Studio 2005 project file (MSBuild.) It needs to be compiled with the MSBuild action.");
+    return Fail("Invalid Visual Studio Project Version");
+}
+
+bool TQXVisualStudioProjectLoader::LoadSettings(const TXmlElement& Root)
+{
+    const auto Settings = Root.SelectNode(LanguagePath("/Build/Settings"));
+    if (!Settings)
+        return Fail("Unable to find Settings node in project document");
+    const bool IsLibrary = Text::Same(Settings->Attribute("OutputType"), "Library");
+    FLoad.AssemblyFileName = Settings->Attribute("AssemblyName") + (IsLibrary ? ".dll" : ".exe");
+    if (const auto Platform = Settings->SelectNode("Platform"))
+        FLoad.PlatformName = Platform->Attribute("Name");
+    FAction.LoadSettingsFromProjFile(*Settings);
+    return SelectConfiguration(*Settings);
+}
+
+bool TQXVisualStudioProjectLoader::SelectConfiguration(const TXmlElement& Settings)
+{
+    const auto Configurations = Settings.SelectNodes("Config");
+    if (Configurations.empty())
+        return Fail("Unable to load Config Nodes in project document");
+    const TXmlElement* Config = FindConfiguration(Configurations);
+    if (!Config)
+        return Fail("Configuration : " + FLoad.ConfigName + " - not found in project file");
+    FAction.LoadConfigCompilerOptionsFromProjFile(*Config);
+    FLoad.OutputFolder = MakeFolder(Config->Attribute("OutputPath"), FLoad.Folder);
+    CompleteOutputFile();
+    return true;
+}
+
+bool TQXVisualStudioProjectLoader::LoadFiles(const TXmlElement& Root)
+{
+    const auto Elements = Root.SelectNodes(LanguagePath("/Files/Include/File"));
+    if (Elements.empty())
+        return Fail("No Files to compile!");
+    if (!CheckResourceCompiler())
+        return false;
+    MakeFolder("obj/" + FAction.UnMangleConfigName(FLoad.ConfigName), FLoad.Folder);
+    for (const TXmlElement& Element : Elements)
+    {
+        const std::string BuildAction = Element.Attribute("BuildAction");
+        const std::string Path = Element.Attribute(Element.HasAttribute("Link") ? "Link" : "RelPath");
+        if (BuildAction == "Compile")
+            AddSource(Path);
+        else if (BuildAction == "EmbeddedResource" && !ProcessEmbeddedResource(Path))
+            return false;
+    }
+    return true;
+}
+
+void TQXVisualStudioProjectLoader::CopyConfigurationFiles() const
+{
+    for (const std::string& Name : Files::Enumerate(FLoad.Folder, "*.config", Files::TEntryKind::Files))
+    {
+        const bool OfProgram = Text::Same(Name, "app.config") && FLoad.AssemblyFileName.ends_with(".exe");
+        const std::string& Folder = FLoad.OutputFolder;
+        const std::string Target = Folder + (OfProgram ? FLoad.AssemblyFileName + ".config" : Name);
+        std::string Message = "Copying : ";
+        Message.append(Name).append(OfProgram ? " to " : " to Output Folder : ").append(OfProgram ? Target : Folder);
+        Log(Message);
+        // A copy that fails shows when the program runs without its settings, as it does in the IDE.
+        static_cast<void>(Files::Copy(FLoad.Folder + Name, Target));
+    }
+}

@@ -1,0 +1,116 @@
+#include "package/sdktools/QXDotNetGACAction.h"
+
+namespace
+{
+/// Reports a property without text; true if it has one.
+bool Require(IQXActionValidationError& Errors, const std::string& Value, std::string_view Label,
+             std::string_view Message)
+{
+    if (Value.empty())
+        Errors.AddError(Label, Message);
+    return !Value.empty();
+}
+
+bool RequireListFile(IQXActionValidationError& Errors, const TQXGACAction& Action)
+{
+    return Require(Errors, Action.AssemblyListFile, "List File", "Assembly list file has not been set");
+}
+
+bool RequirePath(IQXActionValidationError& Errors, const TQXGACAction& Action)
+{
+    return Require(Errors, Action.AssemblyPath, "Assembly Path", "Assembly path has not been set");
+}
+} // namespace
+
+TQXGACAction::TQXGACAction()
+{
+    MinimumSDKVersion = "1.0";
+    Publish("AssemblyName", AssemblyName);
+    Publish("AssemblyPath", AssemblyPath);
+    Publish("AssemblyListFile", AssemblyListFile);
+    Publish("UseListFile", UseListFile);
+    Publish("Force", Force);
+    Publish("ReferenceCount", ReferenceCount);
+    Publish("RefScheme", RefScheme);
+    Publish("RefID", RefID);
+    Publish("RefDescription", RefDescription);
+}
+
+bool TQXGACAction::GetCommandLine(ICommandLineBuilder& Builder)
+{
+    if (Force)
+        Builder.AddArgument("/f");
+    return !ReferenceCount || AddReference(Builder);
+}
+
+bool TQXGACAction::AddReference(ICommandLineBuilder& Builder) const
+{
+    std::string Scheme;
+    std::string ID;
+    std::string Text;
+    if (!TryExpandExpression("Scheme", RefScheme, Scheme, true) || !TryExpandExpression("ID", RefID, ID, true) ||
+        !TryExpandExpression("Description", RefDescription, Text, true))
+        return false;
+    // Three values behind one switch: each brings its own quotes.
+    Builder.AddArgument("/r", '"' + Scheme + "\" \"" + ID + "\" \"" + Text + '"');
+    return true;
+}
+
+TGACInstallAction::TGACInstallAction()
+{
+    SetDescription("GAC Install");
+}
+
+bool TGACInstallAction::GetCommandLine(ICommandLineBuilder& Builder)
+{
+    if (!TQXGACAction::GetCommandLine(Builder))
+        return false;
+    return UseListFile ? AddExpanded(Builder, "/il", "Assembly Listfile", AssemblyListFile)
+                       : AddExpanded(Builder, "/i", "Assembly Path", AssemblyPath);
+}
+
+bool TGACInstallAction::Validate(IQXActionValidationError& Errors)
+{
+    return UseListFile ? RequireListFile(Errors, *this) : RequirePath(Errors, *this);
+}
+
+TGACUninstallAction::TGACUninstallAction()
+{
+    SetDescription("GAC Uninstall");
+    Publish("UseAssemblyPath", UseAssemblyPath);
+}
+
+bool TGACUninstallAction::GetCommandLine(ICommandLineBuilder& Builder)
+{
+    if (!TQXGACAction::GetCommandLine(Builder))
+        return false;
+    if (UseListFile)
+        return AddExpanded(Builder, "/ul", "Assembly Listfile", AssemblyListFile);
+    return UseAssemblyPath ? AddExpanded(Builder, "/u", "Assembly Path", AssemblyPath)
+                           : AddExpanded(Builder, "/u", "Assembly", AssemblyName);
+}
+
+bool TGACUninstallAction::Validate(IQXActionValidationError& Errors)
+{
+    if (UseListFile)
+        return RequireListFile(Errors, *this);
+    if (UseAssemblyPath)
+        return RequirePath(Errors, *this);
+    return Require(Errors, AssemblyName, "Assembly Name", "Assembly name has not been set");
+}
+
+TGACListAction::TGACListAction()
+{
+    Publish("DeleteDownloadCache", DeleteDownloadCache);
+}
+
+bool TGACListAction::GetCommandLine(ICommandLineBuilder& Builder)
+{
+    Builder.AddArgument(DeleteDownloadCache ? "/cdl" : "/ldl");
+    return true;
+}
+
+bool TGACListAction::Validate(IQXActionValidationError& /*Errors*/)
+{
+    return true;
+}

@@ -1,0 +1,105 @@
+// Keeps the rule of who may use whom, by reading the includes.
+#include "gtest/gtest.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace
+{
+struct TInclude
+{
+    std::string File; ///< relative to the root
+    std::string Path;
+    bool Own = false; ///< written in quotes
+};
+
+std::vector<TInclude> IncludesBelow(const fs::path& Root, const std::string& Layer)
+{
+    static const std::regex Pattern(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
+    std::vector<TInclude> Result;
+    for (const auto& Entry : fs::recursive_directory_iterator(Root / Layer))
+    {
+        const std::string Extension = Entry.path().extension().string();
+        if (Extension != ".cpp" && Extension != ".h")
+            continue;
+        std::ifstream Stream(Entry.path());
+        std::smatch Match;
+        for (std::string Line; std::getline(Stream, Line);)
+            if (std::regex_search(Line, Match, Pattern))
+                Result.push_back({fs::relative(Entry.path(), Root).string(), Match[2], Match[1] == "\""});
+    }
+    return Result;
+}
+
+bool StartsWithAny(const std::string& Text, const std::vector<std::string>& Prefixes)
+{
+    return std::any_of(Prefixes.begin(), Prefixes.end(),
+                       [&](const std::string& Prefix) { return Text.starts_with(Prefix); });
+}
+
+/// A header of the language's library has neither a folder nor an extension.
+bool IsStandard(const std::string& Header)
+{
+    return Header.find_first_of("./") == std::string::npos;
+}
+
+struct TLayer
+{
+    std::string Folder;
+    std::vector<std::string> MayUse;    ///< our own folders
+    std::vector<std::string> Libraries; ///< outside headers, by their beginning; "*" is any
+};
+
+const std::vector<TLayer> Layers = {
+    {"host", {"host/"}, {}},
+    {"platform", {"platform/"}, {"*"}},
+    {"runtime", {"host/", "platform/", "runtime/"}, {"fmt/", "toml++/", "duktape.h"}},
+    {"package", {"host/", "platform/", "package/"}, {}},
+    {"apps/quexley", {"host/", "platform/", "runtime/", "apps/quexley/"}, {"fmt/", "CLI/", "nlohmann/"}},
+};
+
+/// Libraries that one place alone knows.
+const std::vector<std::pair<std::string, std::string>> Rooms = {
+    {"toml++/", "runtime/projects/Toml"},
+    {"duktape.h", "runtime/scripting/"},
+    {"libxml/", "platform/Xml"},
+    {"uv.h", "platform/"},
+};
+} // namespace
+
+TEST(Layers, EachUsesOnlyWhatItMay)
+{
+    const fs::path Root = QUEXLEY_SOURCE_DIR;
+    for (const TLayer& Layer : Layers)
+    {
+        const std::vector<TInclude> Includes = IncludesBelow(Root, Layer.Folder);
+        ASSERT_FALSE(Includes.empty()) << Layer.Folder;
+        for (const TInclude& Include : Includes)
+        {
+            const bool Allowed = Include.Own
+                                     ? StartsWithAny(Include.Path, Layer.MayUse)
+                                     : IsStandard(Include.Path) || Layer.Libraries == std::vector<std::string>{"*"} ||
+                                           StartsWithAny(Include.Path, Layer.Libraries);
+            EXPECT_TRUE(Allowed) << Include.File << " includes " << Include.Path;
+        }
+    }
+}
+
+TEST(Layers, ALibraryIsKnownInOneRoom)
+{
+    const fs::path Root = QUEXLEY_SOURCE_DIR;
+    for (const TLayer& Layer : Layers)
+        for (const TInclude& Include : IncludesBelow(Root, Layer.Folder))
+            for (const auto& [Library, Room] : Rooms)
+                if (!Include.Own && Include.Path.starts_with(Library))
+                {
+                    EXPECT_TRUE(Include.File.starts_with(Room)) << Include.File << " includes " << Include.Path;
+                }
+}

@@ -1,0 +1,208 @@
+// Runs the cases under data/: blocks of properties with the command line, response file, messages and findings that
+// they must give. A block begins with "case NAME", then come
+//     action CLASS              the action; each case has its own
+//     Name = value              a property; a string list grows by one line
+//     var Name = value          a host variable
+//     script NAME = text        a script, which gives its text with %Parameter% and the action's %Property% filled in
+//     registry NAME = folder    a registered assembly folder
+//     file PATH                 a file in the work folder, its lines following as "| text"
+// and what is expected: result false, args TEXT, rsp LINE, message LINE, finding LABEL: MESSAGE, exists PATH,
+// absent PATH, content PATH = text. Kinds that a case does not name are not looked at, but for result, which is true;
+// one without text stands for none of the kind. In all texts $DIR is the work folder, in which each action runs, and
+// $BLANK a blank.
+#include "platform/Text.h"
+#include "runtime/scripting/ScriptEngine.h"
+#include "tests/package/PackageTest.h"
+
+#include <algorithm>
+#include <fstream>
+#include <map>
+
+namespace
+{
+struct TCase
+{
+    std::string Name;
+    int Line = 0;
+    std::string Action;
+    std::vector<std::pair<std::string, std::string>> Properties;
+    TVariables::TPairs Variables, Scripts, Registry, Files;
+    std::map<std::string, std::vector<std::string>> Expected; ///< by kind
+};
+
+std::pair<std::string, std::string> SplitAt(const std::string& Text, const std::string& Separator)
+{
+    const auto Place = Text.find(Separator);
+    if (Place == std::string::npos)
+        return {Text, ""};
+    return {Text.substr(0, Place), Text.substr(Place + Separator.size())};
+}
+
+void ReadLine(TCase& Case, const std::string& Line)
+{
+    static const std::vector<std::string> Kinds = {"result",  "args",   "rsp",    "message",
+                                                   "finding", "exists", "absent", "content"};
+    const auto [Word, Rest] = SplitAt(Line, " ");
+    if (Word == "|")
+        Case.Files.back().second += Rest + "\r\n";
+    else if (Word == "action")
+        Case.Action = Rest;
+    else if (Word == "var")
+        Case.Variables.push_back(SplitAt(Rest, " = "));
+    else if (Word == "script")
+        Case.Scripts.push_back(SplitAt(Rest, " = "));
+    else if (Word == "registry")
+        Case.Registry.push_back(SplitAt(Rest, " = "));
+    else if (Word == "file")
+        Case.Files.emplace_back(Rest, "");
+    else if (std::find(Kinds.begin(), Kinds.end(), Word) != Kinds.end())
+        Case.Expected[Word].push_back(Rest);
+    else
+        Case.Properties.push_back(SplitAt(Line, " = "));
+}
+
+std::vector<TCase> ReadCases(const std::string& FileName)
+{
+    std::ifstream Stream(std::string(QUEXLEY_SOURCE_DIR "/tests/package/data/") + FileName);
+    EXPECT_TRUE(Stream) << FileName << " cannot be read";
+    std::vector<TCase> Cases;
+    int Number = 0;
+    for (std::string Line; std::getline(Stream, Line);)
+    {
+        ++Number;
+        if (Line.starts_with("case "))
+        {
+            Cases.emplace_back().Name = Line.substr(5);
+            Cases.back().Line = Number;
+        }
+        else if (!Line.empty() && !Line.starts_with("#"))
+            ReadLine(Cases.back(), Line);
+    }
+    return Cases;
+}
+
+/// Gives a script's last parameter the script's text.
+class TFillingEngine final : public IScriptEngine
+{
+public:
+    std::optional<TScriptFailure> Run(TQXScript& Script, TScriptingServices& /*Services*/) override
+    {
+        std::string Text = Script.Text();
+        for (const TQXScriptParam& Param : Script.Params())
+            if (const auto* Value = std::get_if<std::string>(&Param.Value()))
+                Text = Text::Replace(Text, '%' + Param.Name() + '%', *Value);
+            else if (const auto* Object = std::get_if<TQXPersistent*>(&Param.Value()))
+                for (const TQXProperty& Property : (*Object)->Properties())
+                    if (Property.Type == TQXPropertyType::String)
+                        Text = Text::Replace(Text, '%' + std::string(Property.Name) + '%',
+                                             std::get<std::string>(Property.Read()));
+        EXPECT_TRUE(Script.Params().back().IsOutput());
+        Script.Params().back().SetValue(Text);
+        return std::nullopt;
+    }
+};
+
+/// One case in a folder and a host of its own.
+class TCaseRun
+{
+public:
+    explicit TCaseRun(const TCase& Case) : FCase(Case) {}
+
+    void Run()
+    {
+        Prepare();
+        const auto Action = FHost.Create<TQXExecuteAbstractAction>(FCase.Action);
+        for (const auto& [Name, Value] : FCase.Properties)
+            EXPECT_TRUE(SetProperty(*Action, Name, Fill(Value))) << Name << " = " << Value;
+        for (const auto& [Name, Text] : FCase.Scripts)
+            Action->GetScriptByName(Name)->SetText(Text);
+
+        Compare("finding", TPackageHost::Validate(*Action));
+        const auto Connection = FHost.Connect(*Action);
+        const auto Builder = CreateCommandLineBuilder();
+        const bool Result = Action->BeforeGetCommandLine() && Action->GetCommandLine(*Builder);
+        EXPECT_EQ(Result, !FCase.Expected.contains("result"));
+        Compare("args", {Builder->GetCommandLineText()});
+        Compare("message", FHost.Log.Messages);
+        CompareFiles();
+    }
+
+private:
+    void Prepare()
+    {
+        FHost.Variables.SetProjectVariables(FCase.Variables);
+        for (const auto& [Name, Content] : FCase.Files)
+            FHost.Folder.Write(Name, Fill(Content));
+        FHost.Runtime.SetScriptEngineSource([] { return std::make_unique<TFillingEngine>(); });
+        std::string Registry = "REGEDIT4\r\n";
+        for (const auto& [Name, Folder] : FCase.Registry)
+            Registry += "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\.NETFramework\\AssemblyFolders\\" + Name +
+                        "]\r\n@=\"" + Fill(Folder) + "\"\r\n";
+        FHost.SetRegistry(Registry);
+    }
+
+    std::string Fill(const std::string& Text) const
+    {
+        return Text::Replace(Text::Replace(Text, "$DIR", FHost.Folder.Path()), "$BLANK", " ");
+    }
+
+    std::vector<std::string> Expected(const std::string& Kind) const
+    {
+        std::vector<std::string> Result;
+        if (const auto Found = FCase.Expected.find(Kind); Found != FCase.Expected.end())
+            for (const std::string& Text : Found->second)
+                if (!Text.empty())
+                    Result.push_back(Fill(Text));
+        return Result;
+    }
+
+    void Compare(const std::string& Kind, const std::vector<std::string>& Actual) const
+    {
+        if (!FCase.Expected.contains(Kind))
+            return;
+        EXPECT_EQ(Actual, Expected(Kind)) << "(" << Kind << ")";
+    }
+
+    void CompareFiles() const
+    {
+        if (FCase.Expected.contains("rsp"))
+            Compare("rsp",
+                    Lines(FHost.Folder.Read(FHost.Folder.Exists("qxresp.rsp") ? "qxresp.rsp" : "src/qxresp.rsp")));
+        for (const std::string& Name : Expected("exists"))
+            EXPECT_TRUE(FHost.Folder.Exists(Name)) << Name;
+        for (const std::string& Name : Expected("absent"))
+            EXPECT_FALSE(FHost.Folder.Exists(Name)) << Name;
+        for (const std::string& Item : Expected("content"))
+        {
+            const auto [Name, Content] = SplitAt(Item, " = ");
+            EXPECT_EQ(FHost.Folder.Read(Name), Content + "\r\n") << Name;
+        }
+    }
+
+    const TCase& FCase;
+    TPackageHost FHost;
+};
+
+class DataFiles : public testing::TestWithParam<const char*>
+{
+};
+} // namespace
+
+TEST_P(DataFiles, GiveWhatTheySay)
+{
+    const auto Cases = ReadCases(GetParam());
+    EXPECT_FALSE(Cases.empty());
+    for (const TCase& Case : Cases)
+    {
+        SCOPED_TRACE(std::string(GetParam()) + ':' + std::to_string(Case.Line) + ": " + Case.Name);
+        TCaseRun(Case).Run();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Package, DataFiles,
+                         testing::Values("gac.txt", "csharp.txt", "vbnet.txt", "jsharp.txt", "projects.txt",
+                                         "references.txt"),
+                         [](const auto& Info) {
+                             const std::string Name = Info.param;
+                             return Name.substr(0, Name.find('.'));
+                         });

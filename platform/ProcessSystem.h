@@ -2,12 +2,52 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+using uv_loop_t = struct uv_loop_s;
+
 namespace ProcessSystem
 {
+/// What a process starts with.
+struct TChildStart
+{
+    const char* File = nullptr;
+    char** Arguments = nullptr;   ///< the program's name first, a null last
+    char** Environment = nullptr; ///< null: ours
+    const char* Folder = nullptr; ///< null: the current one
+    int StdOut = -1;              ///< where its streams go; its standard input is empty
+    int StdErr = -1;
+    bool HideWindow = false;
+};
+
+/// A process in a session of its own that a loop watches.
+class TChildProcess
+{
+public:
+    using TExited = void (*)(void* Owner, std::int64_t ExitCode, int Signal);
+
+    TChildProcess();
+    ~TChildProcess();
+    TChildProcess(const TChildProcess&) = delete;
+    TChildProcess& operator=(const TChildProcess&) = delete;
+
+    /// Starts it and gives why that failed, empty if it did not. Exited is called with Owner when it has ended.
+    [[nodiscard]] std::string Start(uv_loop_t* Loop, const TChildStart& Start, void* Owner, TExited Exited);
+    /// The number of the started process.
+    [[nodiscard]] int Process() const;
+    /// Stops watching. The loop must run once more before the object goes.
+    void Close();
+
+private:
+    struct TImpl;
+    std::unique_ptr<TImpl> FImpl;
+};
+
+/// The reason behind an error number of the system, worded as libuv does.
+[[nodiscard]] std::string ErrorReason(int Error);
 /// The arguments as libuv takes them: apart, or on Windows the text as it stands.
 [[nodiscard]] std::vector<std::string> ArgumentList(std::string_view Arguments);
 /// The file behind an executable's name, found in PATH if it has no folder.

@@ -107,13 +107,7 @@ public:
         IsOpen = true;
         return uv_pipe_open(&Handle, FReadEnd) == 0;
     }
-    [[nodiscard]] uv_stdio_container_t Container() const
-    {
-        uv_stdio_container_t Result{};
-        Result.flags = UV_INHERIT_FD;
-        Result.data.fd = FWriteEnd;
-        return Result;
-    }
+    [[nodiscard]] uv_file WriteEnd() const { return FWriteEnd; }
     void CloseWriteEnd()
     {
         if (FWriteEnd < 0)
@@ -214,6 +208,7 @@ public:
     {
         FStdOut.Close();
         FStdErr.Close();
+        FChild.Close();
         for (uv_handle_t* Handle : FHandles)
             uv_close(Handle, nullptr);
         uv_run(FLoop.Get(), UV_RUN_DEFAULT);
@@ -276,7 +271,7 @@ private:
     TProcessEnd FEnd;
     std::exception_ptr FFailure;
 
-    uv_process_t FProcess{};
+    ProcessSystem::TChildProcess FChild;
     TOutputPipe FStdOut;
     TOutputPipe FStdErr;
     TTimer FLimitTimer;
@@ -304,29 +299,20 @@ void TProcessRun::Spawn()
     std::vector<char*> Arguments(Texts.size() + 1); // the last one stays null
     std::ranges::transform(Texts, Arguments.begin(), [](std::string& Text) { return Text.data(); });
     TEnvironmentBlock Environment(FStart.Environment);
-    std::array<uv_stdio_container_t, 3> Streams{uv_stdio_container_t{}, FStdOut.Container(), FStdErr.Container()};
-
-    uv_process_options_t Options{};
-    Options.file = Executable.Path.c_str();
-    Options.args = Arguments.data();
-    Options.env = Environment.Get();
-    Options.cwd = FStart.Folder.empty() ? nullptr : FStart.Folder.c_str();
-    Options.flags = UV_PROCESS_DETACHED | UV_PROCESS_WINDOWS_VERBATIM_ARGUMENTS;
-    if (FStart.HideWindow)
-        Options.flags |= UV_PROCESS_WINDOWS_HIDE;
-    Options.stdio = Streams.data();
-    Options.stdio_count = static_cast<int>(Streams.size());
-    Options.exit_cb = [](uv_process_t* Process, std::int64_t ExitCode, int Signal) {
-        static_cast<TProcessRun*>(Process->data)->Exited(ExitCode, Signal);
-    };
-    FProcess.data = this;
-    const int Result = uv_spawn(FLoop.Get(), &FProcess, &Options);
-    FHandles.push_back(reinterpret_cast<uv_handle_t*>(&FProcess));
-    if (Result == UV_ENOENT) // the file itself was found
-        throw EProcessStartError(FStart.Executable + ": the interpreter that it names is missing");
-    if (Result != 0)
-        throw EProcessStartError(FStart.Executable + ": " + uv_strerror(Result));
-    FTree.SetRoot(FProcess.pid);
+    const ProcessSystem::TChildStart Start{.File = Executable.Path.c_str(),
+                                           .Arguments = Arguments.data(),
+                                           .Environment = Environment.Get(),
+                                           .Folder = FStart.Folder.empty() ? nullptr : FStart.Folder.c_str(),
+                                           .StdOut = FStdOut.WriteEnd(),
+                                           .StdErr = FStdErr.WriteEnd(),
+                                           .HideWindow = FStart.HideWindow};
+    const std::string Problem =
+        FChild.Start(FLoop.Get(), Start, this, [](void* Owner, std::int64_t ExitCode, int Signal) {
+            static_cast<TProcessRun*>(Owner)->Exited(ExitCode, Signal);
+        });
+    if (!Problem.empty())
+        throw EProcessStartError(FStart.Executable + ": " + Problem);
+    FTree.SetRoot(FChild.Process());
 }
 
 void TProcessRun::StartReading()

@@ -6,8 +6,11 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cstdint>
+#include <system_error>
 
 namespace
 {
@@ -40,15 +43,31 @@ std::optional<TResumeNote::TPlace> TResumeNote::Read() const
     return Place;
 }
 
+// The file is made once and then rewritten in one piece: making a file for each action can take longer than a tool.
 void TResumeNote::Write(const TPlace& Place)
 {
-    if (!Files::ForceFolders(Paths::Folder(FFileName)))
-        throw EFileError(Paths::Folder(FFileName), "cannot be made");
-    Files::ReplaceContent(FFileName, fmt::format("{}\n{}\n{}\n", FProjectFile, Place.Index, Place.Name));
+    std::string Text = fmt::format("{}\n{}\n{}\n", FProjectFile, Place.Index, Place.Name);
+    if (!FFile)
+    {
+        if (!Files::ForceFolders(Paths::Folder(FFileName)))
+            throw EFileError(Paths::Folder(FFileName), "cannot be made");
+        Files::ReplaceContent(FFileName, Text);
+        FFile.reset(std::fopen(FFileName.c_str(), "r+b"));
+        if (FFile)
+            std::setvbuf(FFile.get(), nullptr, _IONBF, 0);
+        FLength = Text.size();
+        return;
+    }
+    FLength = std::max(FLength, Text.size());
+    Text.resize(FLength, '\n'); // over what a longer name left
+    std::rewind(FFile.get());
+    if (std::fwrite(Text.data(), 1, Text.size(), FFile.get()) != Text.size())
+        throw EFileError(FFileName, std::generic_category().message(errno));
 }
 
 void TResumeNote::Remove()
 {
+    FFile.reset();
     if (!Files::Delete(FFileName))
         throw EFileError(FFileName, "cannot be deleted");
 }

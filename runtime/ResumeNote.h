@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdio>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -27,4 +29,6 @@ public:
 private:
     std::string FProjectFile;
     std::string FFileName;
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> FFile{nullptr, &std::fclose};
+    std::size_t FLength = 0; ///< of the longest text in the file so far
 };

@@ -7,7 +7,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -15,15 +14,6 @@
 
 namespace
 {
-/// The reason behind an error number, worded as libuv does.
-std::string Reason(int Error)
-{
-    std::string Text = std::generic_category().message(Error);
-    if (!Text.empty() && Text.front() >= 'A' && Text.front() <= 'Z')
-        Text.front() = static_cast<char>(Text.front() - 'A' + 'a');
-    return Text;
-}
-
 std::string FromCurrentFolder(const std::string& Name)
 {
     if (Name.starts_with('/'))
@@ -50,40 +40,18 @@ std::string FindInPath(const std::string& Name)
     }
     return Name;
 }
-
-/// Whether the system starts files of further formats.
-bool KnowsMoreFormats()
-{
-    DIR* Folder = opendir("/proc/sys/fs/binfmt_misc");
-    if (Folder == nullptr)
-        return false;
-    int Count = 0;
-    while (readdir(Folder) != nullptr)
-        ++Count;
-    closedir(Folder);
-    constexpr int EntriesOfNone = 4; // ".", "..", "register" and "status"
-    return Count > EntriesOfNone;
-}
-
-/// Whether the file's first bytes are those of a program or a script with an interpreter line. Looked at here since
-/// the C library gives all other files to a shell.
-bool HasProgramFormat(const std::string& Path)
-{
-    const int Descriptor = open(Path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (Descriptor < 0)
-        return true; // it may be run without being read
-    std::array<char, 4> Start{};
-    const ssize_t Count = read(Descriptor, Start.data(), Start.size());
-    close(Descriptor);
-    const std::string_view Bytes(Start.data(), Count > 0 ? static_cast<std::size_t>(Count) : 0);
-    return Bytes == "\x7f"
-                    "ELF" ||
-           Bytes.starts_with("#!") || KnowsMoreFormats();
-}
 } // namespace
 
 namespace ProcessSystem
 {
+std::string ErrorReason(int Error)
+{
+    std::string Text = std::generic_category().message(Error);
+    if (!Text.empty() && Text.front() >= 'A' && Text.front() <= 'Z')
+        Text.front() = static_cast<char>(Text.front() - 'A' + 'a');
+    return Text;
+}
+
 std::vector<std::string> ArgumentList(std::string_view Arguments)
 {
     return CommandLines::Split(Arguments);
@@ -97,15 +65,13 @@ TExecutable FindExecutable(const std::string& Name)
     {
     };
     if (!Result.Path.starts_with('/'))
-        Result.Problem = Reason(ENOENT);
+        Result.Problem = ErrorReason(ENOENT);
     else if (stat(Result.Path.c_str(), &Status) != 0)
-        Result.Problem = Reason(errno);
+        Result.Problem = ErrorReason(errno);
     else if (!S_ISREG(Status.st_mode))
-        Result.Problem = Reason(S_ISDIR(Status.st_mode) ? EISDIR : EACCES);
+        Result.Problem = ErrorReason(S_ISDIR(Status.st_mode) ? EISDIR : EACCES);
     else if (access(Result.Path.c_str(), X_OK) != 0)
-        Result.Problem = Reason(errno);
-    else if (!HasProgramFormat(Result.Path))
-        Result.Problem = Reason(ENOEXEC);
+        Result.Problem = ErrorReason(errno);
     return Result;
 }
 

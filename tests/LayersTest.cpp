@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <regex>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -20,20 +18,29 @@ struct TInclude
     bool Own = false; ///< written in quotes
 };
 
+/// The text between the first Open and the next Close, empty if there is none.
+std::string Between(const std::string& Text, char Open, char Close)
+{
+    const auto Start = Text.find(Open);
+    const auto End = Start == std::string::npos ? Start : Text.find(Close, Start + 1);
+    return End == std::string::npos ? std::string() : Text.substr(Start + 1, End - Start - 1);
+}
+
 std::vector<TInclude> IncludesBelow(const fs::path& Root, const std::string& Layer)
 {
-    static const std::regex Pattern(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
     std::vector<TInclude> Result;
     for (const auto& Entry : fs::recursive_directory_iterator(Root / Layer))
     {
         const std::string Extension = Entry.path().extension().string();
         if (Extension != ".cpp" && Extension != ".h")
             continue;
+        const std::string File = fs::relative(Entry.path(), Root).string();
         std::ifstream Stream(Entry.path());
-        std::smatch Match;
         for (std::string Line; std::getline(Stream, Line);)
-            if (std::regex_search(Line, Match, Pattern))
-                Result.push_back({fs::relative(Entry.path(), Root).string(), Match[2], Match[1] == "\""});
+            if (Line.starts_with("#include <"))
+                Result.push_back({File, Between(Line, '<', '>'), false});
+            else if (Line.starts_with("#include \""))
+                Result.push_back({File, Between(Line, '"', '"'), true});
     }
     return Result;
 }

@@ -90,7 +90,7 @@ std::string TChildProcess::Start(uv_loop_t* Loop, const TChildStart& Start, void
     FImpl->Descriptor = static_cast<int>(syscall(SYS_pidfd_open, FImpl->Process, 0));
     if (FImpl->Descriptor < 0)
     {
-        const std::string Problem = ErrorReason(errno);
+        std::string Problem = ErrorReason(errno);
         kill(FImpl->Process, SIGKILL);
         waitpid(FImpl->Process, nullptr, 0);
         return Problem;

@@ -126,7 +126,19 @@ struct TQXScriptMethod
     std::string Name;
     std::vector<TQXMethodParam> Params;
     std::function<TQXVariant(TQXPersistent& Object, std::span<const TQXVariant> Arguments)> Call;
+    std::function<bool(const TQXPersistent& Object)> IsMethodOf; ///< whether Object is of the class
 };
+
+/// A method of the class T, whose Call gets a T and the arguments.
+template <typename T, typename TCall>
+TQXScriptMethod QXScriptMethod(std::string ClassName, std::string Name, std::vector<TQXMethodParam> Params, TCall Call)
+{
+    return {std::move(ClassName), std::move(Name), std::move(Params),
+            [Call = std::move(Call)](TQXPersistent& Object, std::span<const TQXVariant> Arguments) -> TQXVariant {
+                return Call(dynamic_cast<T&>(Object), Arguments);
+            },
+            [](const TQXPersistent& Object) { return dynamic_cast<const T*>(&Object) != nullptr; }};
+}
 
 class IQXScriptingServices
 {

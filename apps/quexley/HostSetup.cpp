@@ -5,6 +5,7 @@
 #include "platform/Paths.h"
 #include "platform/Registry.h"
 #include "runtime/HostErrors.h"
+#include "runtime/scripting/DuktapeEngine.h"
 
 #include <fmt/format.h>
 
@@ -78,6 +79,7 @@ THostSetup::THostSetup(const TArguments& Arguments)
     }));
     FRuntime.SetRegistrySource(Remember([this, Registry] { return LoadRegistry(RegistryFile(Registry)); }));
     FRuntime.SetPackageSource(Remember([Package] { LoadPackage(Package); }));
+    FRuntime.SetScriptEngineSource([] { return std::make_unique<TDuktapeEngine>(); });
 }
 
 /// The file that the command line names, or the one of the options, relative to their own file.

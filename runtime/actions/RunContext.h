@@ -35,6 +35,9 @@ public:
     [[nodiscard]] bool ExecuteScript(TQXScript& Script) override;
     [[nodiscard]] bool IsDryRun() const override { return FRun.DryRun; }
 
+    /// Replaces the host variables of Expression and reports nothing.
+    [[nodiscard]] TExpansion Expand(std::string_view Expression) const { return FVariables.Expand(Expression); }
+
     [[nodiscard]] const TActionRun& Run() const { return FRun; }
     void ProcessStarted(const TProcessStartEvent& Start);
     void ProcessEnded(const TProcessEndEvent& End);

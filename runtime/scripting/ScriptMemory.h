@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+
+/// The memory of one script: at most so much, and all given back when the object goes, whatever state the engine
+/// is in.
+class TScriptMemory
+{
+public:
+    explicit TScriptMemory(std::size_t Limit) : FLimit(Limit) {}
+    ~TScriptMemory();
+    TScriptMemory(const TScriptMemory&) = delete;
+    TScriptMemory& operator=(const TScriptMemory&) = delete;
+
+    /// Null when the limit is reached, and for a size of 0.
+    [[nodiscard]] void* Allocate(std::size_t Size);
+    /// Like std::realloc; null leaves the old block as it is.
+    [[nodiscard]] void* Reallocate(void* Memory, std::size_t Size);
+    void Free(void* Memory);
+
+    /// Whether a block was refused since the last call.
+    [[nodiscard]] bool TakeRefusal();
+
+private:
+    struct alignas(std::max_align_t) TBlock
+    {
+        TBlock* Previous;
+        TBlock* Next;
+        std::size_t Size;
+    };
+    [[nodiscard]] bool MayGrow(std::size_t OldSize, std::size_t NewSize);
+    void Link(TBlock* Block);
+
+    std::size_t FLimit;
+    std::size_t FUsed = 0;
+    bool FRefused = false;
+    TBlock* FFirst = nullptr;
+};

@@ -1,0 +1,79 @@
+#include "runtime/scripting/ScriptText.h"
+
+#include "platform/Text.h"
+
+#include <cstddef>
+
+namespace
+{
+unsigned Byte(std::string_view Text, std::size_t Index)
+{
+    return Index < Text.size() ? static_cast<unsigned char>(Text[Index]) : 0;
+}
+
+void AppendThreeBytes(std::string& Text, unsigned Unit)
+{
+    Text += static_cast<char>(0xE0 | (Unit >> 12));
+    Text += static_cast<char>(0x80 | ((Unit >> 6) & 0x3F));
+    Text += static_cast<char>(0x80 | (Unit & 0x3F));
+}
+
+void AppendFourBytes(std::string& Text, unsigned Code)
+{
+    Text += static_cast<char>(0xF0 | (Code >> 18));
+    Text += static_cast<char>(0x80 | ((Code >> 12) & 0x3F));
+    Text += static_cast<char>(0x80 | ((Code >> 6) & 0x3F));
+    Text += static_cast<char>(0x80 | (Code & 0x3F));
+}
+
+/// The ten bits of a surrogate that stands at Index in three bytes: ED, First to First + 15, and a third.
+bool Surrogate(std::string_view Text, std::size_t Index, unsigned First, unsigned& Bits)
+{
+    const unsigned Second = Byte(Text, Index + 1);
+    const unsigned Third = Byte(Text, Index + 2);
+    if (Byte(Text, Index) != 0xED || Second < First || Second > First + 15 || (Third & 0xC0) != 0x80)
+        return false;
+    Bits = ((Second & 0x0F) << 6) | (Third & 0x3F);
+    return true;
+}
+} // namespace
+
+std::string ScriptText::FromHost(std::string_view Text)
+{
+    const std::string Valid = Text::MakeValidUtf8(Text);
+    std::string Result;
+    Result.reserve(Valid.size());
+    for (std::size_t Index = 0; Index < Valid.size(); ++Index)
+    {
+        if (Byte(Valid, Index) < 0xF0)
+        {
+            Result += Valid[Index];
+            continue;
+        }
+        const unsigned Code = ((Byte(Valid, Index) & 0x07) << 18) | ((Byte(Valid, Index + 1) & 0x3F) << 12) |
+                              ((Byte(Valid, Index + 2) & 0x3F) << 6) | (Byte(Valid, Index + 3) & 0x3F);
+        AppendThreeBytes(Result, 0xD800 + ((Code - 0x10000) >> 10));
+        AppendThreeBytes(Result, 0xDC00 + ((Code - 0x10000) & 0x3FF));
+        Index += 3;
+    }
+    return Result;
+}
+
+std::string ScriptText::ToHost(std::string_view Text)
+{
+    std::string Result;
+    Result.reserve(Text.size());
+    for (std::size_t Index = 0; Index < Text.size(); ++Index)
+    {
+        unsigned High = 0;
+        unsigned Low = 0;
+        if (Surrogate(Text, Index, 0xA0, High) && Surrogate(Text, Index + 3, 0xB0, Low))
+        {
+            AppendFourBytes(Result, 0x10000 + (High << 10) + Low);
+            Index += 5;
+        }
+        else
+            Result += Text[Index];
+    }
+    return Text::MakeValidUtf8(Result);
+}

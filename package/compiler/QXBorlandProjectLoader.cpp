@@ -3,6 +3,7 @@
 #include "host/QXUtilities.h"
 #include "package/compiler/QXDotNetUtils.h"
 #include "package/compiler/QXProjectXml.h"
+#include "package/compiler/QXResourceProcessor.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
@@ -44,10 +45,14 @@ bool TQXBorlandProjectLoader::LoadDocument(const TXmlElement& Root)
     if (!CheckResourceCompiler())
         return false;
 
-    const std::string Folder = Paths::WithTrailing(Paths::Normalise(FLoad.Folder + "obj/" + FLoad.ConfigName));
-    if (!Files::ForceFolders(Folder))
-        return Fail("Unable to create output directory : " + Folder);
-    return std::all_of(Elements.begin(), Elements.end(), [this](const TXmlElement& File) { return LoadFile(File); });
+    const std::string Folder = Paths::Normalise(FLoad.Folder + "obj/" + FLoad.ConfigName);
+    const bool Made = Files::ForceFolders(Folder);
+    FLoad.ObjectFolder = Paths::WithTrailing(Files::Spelling(Folder));
+    if (!Made)
+        return Fail("Unable to create output directory : " + FLoad.ObjectFolder);
+    const TQXResourceProcessor Resources(FAction, FLoad);
+    return std::all_of(Elements.begin(), Elements.end(),
+                       [&](const TXmlElement& File) { return LoadFile(File, Resources); });
 }
 
 bool TQXBorlandProjectLoader::SelectOptionsSet(const TXmlElement& Options)
@@ -67,14 +72,14 @@ bool TQXBorlandProjectLoader::SelectOptionsSet(const TXmlElement& Options)
     return true;
 }
 
-bool TQXBorlandProjectLoader::LoadFile(const TXmlElement& File)
+bool TQXBorlandProjectLoader::LoadFile(const TXmlElement& File, const TQXResourceProcessor& Resources)
 {
     const std::string Container = File.Attribute("ContainerId");
     const std::string Path = File.Attribute("FileName");
     if (Container == "CSharpCompiler")
         AddSource(Path);
     else if (Container == "ResXCompiler")
-        return ProcessEmbeddedResource(Path);
+        return Resources.ProcessBorlandEmbeddedResource(File);
     else if (Container == "DotNetAssemblyCompiler")
         AppendItem(FAction.References, ',', WithLibraryExtension(Path));
     else if (IsPicture(Container))

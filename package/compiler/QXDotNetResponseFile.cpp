@@ -3,6 +3,7 @@
 #include "package/compiler/QXDotNetManagedCompilerAction.h"
 
 #include "host/QXUtilities.h"
+#include "package/compiler/QXDotNetUtils.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
@@ -31,14 +32,6 @@ std::string ResourceItem(const std::string& Entry, bool StripPlain)
         return StripPlain ? StripQuotes(Text::Trim(Entry)) : Entry;
     const std::string Identifier = Entry.substr(Equals + 1);
     return Identifier.empty() ? Entry.substr(0, Equals) : Entry.substr(0, Equals) + ',' + Identifier;
-}
-
-/// The path below the project folder with full stops for delimiters.
-std::string DottedName(const std::string& Path, const std::string& BaseDir)
-{
-    std::string Name = Paths::IsAbsolute(Path) ? Paths::RelativeTo(Path, BaseDir) : Paths::Normalise(Path);
-    std::replace_if(Name.begin(), Name.end(), Paths::IsDelimiter, '.');
-    return Name;
 }
 } // namespace
 

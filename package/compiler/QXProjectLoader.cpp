@@ -60,11 +60,6 @@ void TQXProjectLoader::AddSource(const std::string& Path)
     AppendItem(FAction.Files, ';', ExpandRelativePath(Path, FLoad.Folder));
 }
 
-bool TQXProjectLoader::ProcessEmbeddedResource(const std::string& Path) const
-{
-    return Fail("Embedded resource : " + Path + " - this version does not compile or embed resources!");
-}
-
 std::string RepairAmpersands(std::string_view Text)
 {
     return Text::Replace(Text::Replace(Text::Replace(Text, "&amp;", "##amp##"), "&", "&amp;"), "##amp##", "&amp;");

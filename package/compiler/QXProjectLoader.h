@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+class TQXResourceProcessor;
+
 /// What one load of a project works with. Folders end in a delimiter.
 struct TProjectLoad
 {
@@ -14,7 +16,9 @@ struct TProjectLoad
     std::string Folder;              ///< of the project file
     std::string ConfigName;          ///< expanded
     std::string OutputFolder;        ///< of the configuration
+    std::string ObjectFolder;        ///< for compiled resources
     std::string AssemblyFileName;    ///< without folder
+    std::string KeyFile;             ///< that signs wrapper assemblies, or empty
     std::string PlatformName;        ///< empty: references of every platform count
     std::string CompactSystemFolder; ///< where a compact project's system assemblies lie, or empty
 };
@@ -40,7 +44,6 @@ protected:
     /// Whether the SDK and its resource compiler are there, which even a project without resources needs.
     [[nodiscard]] bool CheckResourceCompiler() const;
     void AddSource(const std::string& Path);
-    [[nodiscard]] bool ProcessEmbeddedResource(const std::string& Path) const;
 
     TQXManagedCompilerAction& FAction;
     TProjectLoad FLoad;
@@ -76,7 +79,7 @@ public:
 private:
     [[nodiscard]] bool LoadDocument(const TXmlElement& Root);
     [[nodiscard]] bool SelectOptionsSet(const TXmlElement& Options);
-    [[nodiscard]] bool LoadFile(const TXmlElement& File);
+    [[nodiscard]] bool LoadFile(const TXmlElement& File, const TQXResourceProcessor& Resources);
 };
 
 /// The text of a project file as a strict parser takes it: bare ampersands become escapes.

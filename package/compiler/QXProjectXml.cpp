@@ -2,6 +2,9 @@
 
 #include "platform/Text.h"
 
+#include <charconv>
+#include <stdexcept>
+
 std::string GetAttributeValueString(std::string_view Name, const TXmlElement& Element)
 {
     return Element.Attribute(Name);
@@ -11,6 +14,23 @@ bool GetAttributeValueBoolean(std::string_view Name, const TXmlElement& Element)
 {
     const std::string Value = Element.Attribute(Name);
     return Text::Same(Value, "TRUE") || Text::Same(Value, "ON");
+}
+
+std::string GetProjectPath(const TXmlElement& File)
+{
+    return File.Attribute(File.HasAttribute("Link") ? "Link" : "RelPath");
+}
+
+int GetAttributeValueNumber(std::string_view Name, const TXmlElement& Element, int Base)
+{
+    const std::string Value = Element.Attribute(Name);
+    const std::string_view Digits = Text::Trim(Value);
+    int Result = 0;
+    const auto [End, Error] = std::from_chars(Digits.data(), Digits.data() + Digits.size(), Result, Base);
+    if (Error != std::errc() || End != Digits.data() + Digits.size())
+        throw std::runtime_error(std::string(Name) + " \"" + Value +
+                                 (Base == 16 ? "\" is not a hexadecimal number" : "\" is not a number"));
+    return Result;
 }
 
 std::string GetOptionValueString(std::string_view Name, const TXmlElement& OptionsSet)

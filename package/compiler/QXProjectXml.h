@@ -13,6 +13,10 @@
 [[nodiscard]] std::string GetAttributeValueString(std::string_view Name, const TXmlElement& Element);
 /// True for "TRUE" and "ON" in any case.
 [[nodiscard]] bool GetAttributeValueBoolean(std::string_view Name, const TXmlElement& Element);
+/// The path of a file in a Visual Studio project: its link's, if it is one.
+[[nodiscard]] std::string GetProjectPath(const TXmlElement& File);
+/// The value as a number of this base. Throws std::runtime_error for what is none.
+[[nodiscard]] int GetAttributeValueNumber(std::string_view Name, const TXmlElement& Element, int Base);
 /// The text of an option of a C# Builder project, empty if there is none.
 [[nodiscard]] std::string GetOptionValueString(std::string_view Name, const TXmlElement& OptionsSet);
 /// True for "TRUE" in any case; "ON" does not count here.

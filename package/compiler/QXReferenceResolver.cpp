@@ -1,12 +1,15 @@
 #include "package/compiler/QXReferenceResolver.h"
 
+#include "host/QXServices.h"
 #include "host/QXUtilities.h"
 #include "package/compiler/QXDotNetUtils.h"
+#include "package/compiler/QXProjectXml.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace
 {
@@ -14,12 +17,6 @@ namespace
 std::string FindFile(const std::string& Path)
 {
     return Files::FileExists(Path) ? Files::Find(Path) : "";
-}
-
-bool IsComWrapper(const std::string& WrapperTool)
-{
-    const std::string Tool = Text::Lower(WrapperTool);
-    return Tool == "primary" || Tool == "tlbimp" || Tool == "aximp";
 }
 } // namespace
 
@@ -38,7 +35,7 @@ bool TQXReferenceResolver::ResolveReference(TXmlElement& Reference)
         return false;
     if (Reference.HasAttribute("AssemblyName"))
         AddReference(AssemblyPath(Reference));
-    else if (IsComWrapper(Reference.Attribute("WrapperTool")))
+    else
         return ResolveComReference(Reference);
     return true;
 }
@@ -69,19 +66,69 @@ bool TQXReferenceResolver::ResolveProjectReference(TXmlElement& Reference)
     return true;
 }
 
-bool TQXReferenceResolver::ResolveComReference(const TXmlElement& Reference) const
+bool TQXReferenceResolver::ResolveComReference(const TXmlElement& Reference)
 {
-    FAction.SendMessage("COM reference : " + Reference.Attribute("Name") +
-                        " - this version does not generate COM wrappers!");
-    return false;
+    const std::string Tool = Text::Lower(Reference.Attribute("WrapperTool"));
+    if (Tool == "tlbimp")
+        return AddWrapper(Reference);
+    if (Tool == "aximp")
+        return AddControlWrapper(Reference);
+    if (Tool == "primary")
+        if (const std::string Path = GetPrimaryInterop(Reference); !Path.empty())
+            AddReference(Path);
+    return true;
+}
+
+std::string TQXReferenceResolver::GetPrimaryInterop(const TXmlElement& Reference)
+{
+    const std::string Cache = GetGACFolder();
+    if (Cache.empty())
+        throw std::runtime_error("Could not detect the location of the GAC!");
+    const int Major = GetAttributeValueNumber("VersionMajor", Reference, 16);
+    const int Minor = GetAttributeValueNumber("VersionMinor", Reference, 16);
+    const auto Library =
+        QXRegistry().OpenKey(TRegistryRoot::ClassesRoot, "TypeLib\\" + Reference.Attribute("Guid") + '\\' +
+                                                             std::to_string(Major) + '.' + std::to_string(Minor));
+    TStringList Name;
+    if (Library)
+        Name.SetCommaText(Library->ReadString("PrimaryInteropAssemblyName").value_or(""));
+    if (Name.IsEmpty())
+        return {};
+    return ExpandRelativePath(Cache + Name[0] + '\\' + Name.Value("Version") + "__" + Name.Value("PublicKeyToken") +
+                                  '\\' + Name[0] + ".dll",
+                              Files::CurrentFolder());
+}
+
+bool TQXReferenceResolver::AddWrapper(const TXmlElement& Reference)
+{
+    const std::string Name = "Interop." + WithLibraryExtension(Reference.Attribute("Name"));
+    if (!IsPrivate(Reference, Name))
+        return FWrappers.GenerateInterop(Reference);
+    AddReference(Files::Find(FLoad.OutputFolder + Name));
+    return true;
+}
+
+bool TQXReferenceResolver::AddControlWrapper(const TXmlElement& Reference)
+{
+    const std::string Name = TQXWrapperGenerator::LibraryName(Reference.Attribute("Name")) + ".dll";
+    const bool AreThere = IsPrivate(Reference, "Ax" + Name) && IsPrivate(Reference, Name);
+    if (!AreThere && !FWrappers.GenerateAxInterop(Reference))
+        return false;
+    AddReference(Files::Spelling(FLoad.OutputFolder + "Ax" + Name));
+    AddReference(Files::Spelling(FLoad.OutputFolder + Name));
+    return true;
+}
+
+bool TQXReferenceResolver::IsPrivate(const TXmlElement& Reference, const std::string& Name) const
+{
+    return Reference.Attribute("Private") == "True" && Files::FileExists(FLoad.OutputFolder + Name);
 }
 
 std::string TQXReferenceResolver::AssemblyPath(const TXmlElement& Reference) const
 {
     std::string Name = WithLibraryExtension(Reference.Attribute("AssemblyName"));
-    if (Reference.Attribute("Private") == "True")
-        if (std::string Output = FindFile(FLoad.OutputFolder + Name); !Output.empty())
-            return Output;
+    if (IsPrivate(Reference, Name))
+        return Files::Find(FLoad.OutputFolder + Name);
     if (Reference.HasAttribute("AssemblyFolderKey") || Reference.HasAttribute("HintPath"))
         return PathByKeyOrHint(Reference, Name);
     if (!FLoad.CompactSystemFolder.empty() && Name.starts_with("System."))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "package/compiler/QXProjectLoader.h"
+#include "package/compiler/QXWrapperGenerator.h"
 
 #include <string>
 #include <vector>
@@ -17,11 +18,18 @@ private:
     [[nodiscard]] bool ResolveReference(TXmlElement& Reference);
     /// Finds the output of another project and turns the element into a reference to that assembly.
     [[nodiscard]] bool ResolveProjectReference(TXmlElement& Reference);
-    [[nodiscard]] bool ResolveComReference(const TXmlElement& Reference) const;
+    [[nodiscard]] bool ResolveComReference(const TXmlElement& Reference);
+    [[nodiscard]] bool AddWrapper(const TXmlElement& Reference);
+    [[nodiscard]] bool AddControlWrapper(const TXmlElement& Reference);
+    /// The wrapper that a library's maker registered in the assembly cache, or empty. Throws std::runtime_error.
+    [[nodiscard]] static std::string GetPrimaryInterop(const TXmlElement& Reference);
+    /// Whether a copy of the file is expected in the output folder and lies there.
+    [[nodiscard]] bool IsPrivate(const TXmlElement& Reference, const std::string& Name) const;
     [[nodiscard]] std::string AssemblyPath(const TXmlElement& Reference) const;
     [[nodiscard]] std::string PathByKeyOrHint(const TXmlElement& Reference, const std::string& Name) const;
     void AddReference(const std::string& Path);
 
     TQXManagedCompilerAction& FAction;
     const TProjectLoad& FLoad;
+    TQXWrapperGenerator FWrappers{FAction, FLoad};
 };

@@ -3,6 +3,7 @@
 #include "host/QXUtilities.h"
 #include "package/compiler/QXProjectXml.h"
 #include "package/compiler/QXReferenceResolver.h"
+#include "package/compiler/QXResourceProcessor.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
@@ -82,6 +83,8 @@ bool TQXVisualStudioProjectLoader::LoadSettings(const TXmlElement& Root)
         return Fail("Unable to find Settings node in project document");
     const bool IsLibrary = Text::Same(Settings->Attribute("OutputType"), "Library");
     FLoad.AssemblyFileName = Settings->Attribute("AssemblyName") + (IsLibrary ? ".dll" : ".exe");
+    if (const std::string KeyFile = Settings->Attribute("AssemblyOriginatorKeyFile"); !KeyFile.empty())
+        FLoad.KeyFile = ExpandRelativePath(KeyFile, FLoad.Folder);
     if (const auto Platform = Settings->SelectNode("Platform"))
         FLoad.PlatformName = Platform->Attribute("Name");
     FAction.LoadSettingsFromProjFile(*Settings);
@@ -109,14 +112,14 @@ bool TQXVisualStudioProjectLoader::LoadFiles(const TXmlElement& Root)
         return Fail("No Files to compile!");
     if (!CheckResourceCompiler())
         return false;
-    MakeFolder("obj/" + FAction.UnMangleConfigName(FLoad.ConfigName), FLoad.Folder);
+    FLoad.ObjectFolder = MakeFolder("obj/" + FAction.UnMangleConfigName(FLoad.ConfigName), FLoad.Folder);
+    const TQXResourceProcessor Resources(FAction, FLoad);
     for (const TXmlElement& Element : Elements)
     {
         const std::string BuildAction = Element.Attribute("BuildAction");
-        const std::string Path = Element.Attribute(Element.HasAttribute("Link") ? "Link" : "RelPath");
         if (BuildAction == "Compile")
-            AddSource(Path);
-        else if (BuildAction == "EmbeddedResource" && !ProcessEmbeddedResource(Path))
+            AddSource(GetProjectPath(Element));
+        else if (BuildAction == "EmbeddedResource" && !Resources.ProcessVSEmbeddedResource(Element))
             return false;
     }
     return true;

@@ -4,12 +4,13 @@
 //     Name = value              a property; a string list grows by one line
 //     var Name = value          a host variable
 //     script NAME = text        a script, which gives its text with %Parameter% and the action's %Property% filled in
-//     registry NAME = folder    a registered assembly folder
+//     registry KEY = text       a key's default value; KEY@NAME for a value of that name
 //     file PATH                 a file in the work folder, its lines following as "| text"
-// and what is expected: result false, args TEXT, rsp LINE, message LINE, finding LABEL: MESSAGE, exists PATH,
-// absent PATH, content PATH = text. Kinds that a case does not name are not looked at, but for result, which is true;
-// one without text stands for none of the kind. In all texts $DIR is the work folder, in which each action runs, and
-// $BLANK a blank.
+// and what is expected: result false, args TEXT, rsp LINE, message LINE, output LINE (of tools), finding LABEL:
+// MESSAGE, exists PATH, absent PATH, content PATH = text. Kinds that a case does not name are not looked at, but for
+// result, which is true; one without text stands for none of the kind. In all texts $DIR is the work folder, in which
+// each action runs, and $BLANK a blank.
+#include "package/compiler/QXDotNetManagedCompilerAction.h"
 #include "platform/Text.h"
 #include "runtime/scripting/ScriptEngine.h"
 #include "tests/package/PackageTest.h"
@@ -40,7 +41,7 @@ std::pair<std::string, std::string> SplitAt(const std::string& Text, const std::
 
 void ReadLine(TCase& Case, const std::string& Line)
 {
-    static const std::vector<std::string> Kinds = {"result",  "args",   "rsp",    "message",
+    static const std::vector<std::string> Kinds = {"result",  "args",   "rsp",    "message", "output",
                                                    "finding", "exists", "absent", "content"};
     const auto [Word, Rest] = SplitAt(Line, " ");
     if (Word == "|")
@@ -124,20 +125,31 @@ public:
         EXPECT_EQ(Result, !FCase.Expected.contains("result"));
         Compare("args", {Builder->GetCommandLineText()});
         Compare("message", FHost.Log.Messages);
+        Compare("output", FHost.Log.OutputLines);
+        if (const auto* Compiler = dynamic_cast<const TQXManagedCompilerAction*>(Action.get());
+            Compiler && FCase.Expected.contains("rsp"))
+            Compare("rsp", Lines(FHost.Folder.Read(Compiler->ResponseFileName)));
         CompareFiles();
     }
 
 private:
     void Prepare()
     {
-        FHost.Variables.SetProjectVariables(FCase.Variables);
+        TVariables::TPairs Variables = FCase.Variables;
+        for (auto& [Name, Value] : Variables)
+            Value = Fill(Value);
+        FHost.Variables.SetProjectVariables(Variables);
         for (const auto& [Name, Content] : FCase.Files)
             FHost.Folder.Write(Name, Fill(Content));
         FHost.Runtime.SetScriptEngineSource([] { return std::make_unique<TFillingEngine>(); });
+        FHost.UseStandInTools();
         std::string Registry = "REGEDIT4\r\n";
-        for (const auto& [Name, Folder] : FCase.Registry)
-            Registry += "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\.NETFramework\\AssemblyFolders\\" + Name +
-                        "]\r\n@=\"" + Fill(Folder) + "\"\r\n";
+        for (const auto& [Place, Value] : FCase.Registry)
+        {
+            const auto [Key, Name] = SplitAt(Place, "@");
+            Registry += '[' + Key + "]\r\n" + (Name.empty() ? "@" : '"' + Name + '"') + "=\"" +
+                        Text::Replace(Fill(Value), "\\", "\\\\") + "\"\r\n";
+        }
         FHost.SetRegistry(Registry);
     }
 
@@ -165,9 +177,6 @@ private:
 
     void CompareFiles() const
     {
-        if (FCase.Expected.contains("rsp"))
-            Compare("rsp",
-                    Lines(FHost.Folder.Read(FHost.Folder.Exists("qxresp.rsp") ? "qxresp.rsp" : "src/qxresp.rsp")));
         for (const std::string& Name : Expected("exists"))
             EXPECT_TRUE(FHost.Folder.Exists(Name)) << Name;
         for (const std::string& Name : Expected("absent"))
@@ -201,7 +210,7 @@ TEST_P(DataFiles, GiveWhatTheySay)
 
 INSTANTIATE_TEST_SUITE_P(Package, DataFiles,
                          testing::Values("gac.txt", "csharp.txt", "vbnet.txt", "jsharp.txt", "projects.txt",
-                                         "references.txt"),
+                                         "references.txt", "wrappers.txt", "resources.txt"),
                          [](const auto& Info) {
                              const std::string Name = Info.param;
                              return Name.substr(0, Name.find('.'));

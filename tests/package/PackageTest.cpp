@@ -46,6 +46,16 @@ TPackageHost::TPackageHost() : Tools(Folder.Path() + "/tools")
         Folder.Write(std::string("tools/") + Tool);
 }
 
+void TPackageHost::UseStandInTools() const
+{
+    for (const char* Tool : {"resgen.exe", "lc.exe", "tlbimp.exe", "aximp.exe"})
+    {
+        const fs::path Link = fs::path(Tools) / Tool;
+        fs::remove(Link);
+        fs::create_symlink(QUEXLEY_FAKES_DIR "/sdk_tool", Link);
+    }
+}
+
 std::unique_ptr<TCustomQXAction> TPackageHost::Create(const std::string& ClassName)
 {
     const TQXActionRegistration* Registration = Runtime.ActionServices().FindAction(ClassName);

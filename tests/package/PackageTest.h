@@ -36,6 +36,8 @@ class TPackageHost : public TTestHost
 {
 public:
     TPackageHost();
+    /// Puts programs that do as they are told in the place of the tools that a project load runs.
+    void UseStandInTools() const;
     /// A new object of a registered class.
     [[nodiscard]] std::unique_ptr<TCustomQXAction> Create(const std::string& ClassName);
     template <typename T> [[nodiscard]] std::unique_ptr<T> Create(const std::string& ClassName)

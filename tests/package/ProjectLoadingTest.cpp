@@ -14,6 +14,13 @@ std::string Project(const std::string& Settings, const std::string& References, 
 const std::string Settings = "<Settings AssemblyName=\"A\"><Config Name=\"Debug\" OutputPath=\"bin\\\"/></Settings>";
 const std::string Source = "<File RelPath=\"a.cs\" BuildAction=\"Compile\"/>";
 
+std::string ComReference(const std::string& Tool, const std::string& Major, const std::string& Minor,
+                         const std::string& Locale)
+{
+    return "<Reference Name=\"AxFoo\" Guid=\"{1}\" WrapperTool=\"" + Tool + "\" VersionMajor=\"" + Major +
+           "\" VersionMinor=\"" + Minor + "\" Lcid=\"" + Locale + "\"/>";
+}
+
 std::string Borland(const std::string& Options, const std::string& Files)
 {
     return "<BorlandProject><CSharp.Personality>" + Options + "<FileList>" + Files +
@@ -56,10 +63,23 @@ const TFailure Failures[] = {
     {CSharp, "a.csproj", Project(Settings, "", ""), "No Files to compile!"},
     {CSharp, "a.csproj", Project(Settings, "<Reference Name=\"Core\" Project=\"{1}\"/>", Source),
      "Unable to resolve project reference: Core"},
-    {CSharp, "a.csproj", Project(Settings, "<Reference Name=\"SHDocVw\" WrapperTool=\"TlbImp\"/>", Source),
-     "COM reference : SHDocVw - this version does not generate COM wrappers!"},
+    {CSharp, "a.csproj", Project(Settings, ComReference("primary", "1", "0", "0"), Source),
+     "An error occured : Could not detect the location of the GAC!"},
+    {CSharp, "a.csproj", Project(Settings, ComReference("tlbimp", "1", "a", "0"), Source),
+     "An error occured : VersionMinor \"a\" is not a number"},
+    {CSharp, "a.csproj", Project(Settings, ComReference("aximp", "g", "0", "0"), Source),
+     "An error occured : VersionMajor \"g\" is not a hexadecimal number"},
+    {CSharp, "a.csproj", Project(Settings, ComReference("aximp", "", "0", "0"), Source),
+     "An error occured : VersionMajor \"\" is not a hexadecimal number"},
+    {CSharp, "a.csproj", Project(Settings, ComReference("tlbimp", "1", "0", "99999999999"), Source),
+     "An error occured : Lcid \"99999999999\" is not a number"},
+    {CSharp, "a.csproj", Project(Settings, ComReference("TlbImp", "1", "0", "0"), Source),
+     "Unable to locate Type Library for : AxFoo"},
     {CSharp, "a.csproj", Project(Settings, "", "<File RelPath=\"a.resx\" BuildAction=\"EmbeddedResource\"/>"),
-     "Embedded resource : a.resx - this version does not compile or embed resources!"},
+     "Error - File : $DIR/a.resx - does not exist!"},
+    {CSharp, "a.csproj",
+     Project(Settings, "", "<File Link=\"a.csproj\" BuildAction=\"EmbeddedResource\" DependentUpon=\"x\\b.cs\"/>"),
+     "Unable to determine namespace for resource file"},
     {"TQXVBProjCompilerAction", "a.vbproj",
      "<V><VisualBasic SchemaVersion=\"1.0\"><Build>" + Settings + "</Build><Files><Include>" + Source +
          "</Include></Files></VisualBasic></V>",
@@ -72,7 +92,10 @@ const TFailure Failures[] = {
      "OptionSet : Debug - not found in project file"},
     {Builder, "a.bdsproj", Borland(OptionsSet, ""), "No Files to compile!"},
     {Builder, "a.bdsproj", Borland(OptionsSet, "<File FileName=\"a.resx\" ContainerId=\"ResXCompiler\"/>"),
-     "Embedded resource : a.resx - this version does not compile or embed resources!"},
+     "Error compiling resource : $DIR/a.resx"},
+    {Builder, "a.bdsproj",
+     Borland(OptionsSet, "<File FileName=\"a.resx\" Parent=\"b.cs\" ContainerId=\"ResXCompiler\"/>"),
+     "Unable to determine namespace for resource file"},
 };
 
 std::unique_ptr<TQXManagedCompilerAction> CreateCompiler(TPackageHost& Host, const char* Class, const std::string& File)

@@ -1,0 +1,230 @@
+#include "package/compiler/QXResourceProcessor.h"
+
+#include "host/QXUtilities.h"
+#include "package/compiler/QXDotNetUtils.h"
+#include "package/compiler/QXProjectXml.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/Text.h"
+
+namespace
+{
+/// A tool in a folder in which it must lie to find what it needs; it goes with this object.
+class TToolCopy
+{
+public:
+    /// Whether a copy can be made shows when it is started.
+    TToolCopy(const std::string& Original, const std::string& Copy)
+        : FPath(Copy), FIsOriginal(Files::Spelling(Original) == Files::Spelling(Copy))
+    {
+        if (!FIsOriginal)
+            static_cast<void>(Files::Copy(Original, Copy));
+    }
+    ~TToolCopy()
+    {
+        if (!FIsOriginal)
+            static_cast<void>(Files::Delete(FPath));
+    }
+    TToolCopy(const TToolCopy&) = delete;
+    TToolCopy& operator=(const TToolCopy&) = delete;
+
+    [[nodiscard]] const std::string& Path() const { return FPath; }
+
+private:
+    std::string FPath;
+    bool FIsOriginal;
+};
+} // namespace
+
+TQXResourceProcessor::TQXResourceProcessor(TQXManagedCompilerAction& Action, const TProjectLoad& Load)
+    : FAction(Action), FLoad(Load), FSDKFolder(Paths::WithTrailing(Action.GetSDKPath())), FProcess(CreateQXProcess())
+{
+    FProcess->SetExecutable(FSDKFolder + "resgen.exe");
+    FProcess->SetOptionA(true);
+    FProcess->SetOptionB(false);
+    FProcess->SetEvents(&FAction);
+    FProcess->SetOptionD(true);
+    FProcess->SetOptionE(true);
+    FProcess->SetStartDirectory(FLoad.Folder);
+}
+
+bool TQXResourceProcessor::ProcessVSEmbeddedResource(const TXmlElement& File) const
+{
+    FProcess->SetStartDirectory(FLoad.Folder);
+    const std::string Path = ExpandRelativePath(GetProjectPath(File), FLoad.Folder);
+    if (!Files::FileExists(Path))
+    {
+        Log("Error - File : " + Path + " - does not exist!");
+        return false;
+    }
+    if (File.HasAttribute("DependentUpon"))
+        return ChooseResourceCompiler() && ProcessFormResx(Path, File.Attribute("DependentUpon"));
+    return ProcessByExtension(Path);
+}
+
+bool TQXResourceProcessor::ProcessByExtension(const std::string& Path) const
+{
+    const std::string Extension = Text::Lower(Paths::Extension(Path));
+    if (Extension == ".resx")
+        return ChooseResourceCompiler() && ProcessResx(Path);
+    if (Extension == ".licx")
+        return ProcessLicx(Path);
+    AppendItem(Extension == ".res"         ? FAction.Win32Resources
+               : Extension == ".resources" ? FAction.CompiledResources
+                                           : FAction.Resources,
+               ',', Path);
+    return true;
+}
+
+bool TQXResourceProcessor::ProcessBorlandEmbeddedResource(const TXmlElement& File) const
+{
+    const std::string Path = ExpandRelativePath(File.Attribute("FileName"), FLoad.Folder);
+    if (!File.HasAttribute("Parent"))
+        return ProcessResx(Path);
+    const std::string Parent = Files::Spelling(FLoad.Folder + File.Attribute("Parent"));
+    return ProcessFormResx(Path, Paths::RelativeTo(Parent, Paths::Folder(Path)));
+}
+
+bool TQXResourceProcessor::ChooseResourceCompiler() const
+{
+    const std::string Compiler =
+        FAction.IsCompactFramework() ? FAction.ExpandExpression(FAction.CFResGen, true) : FSDKFolder + "resgen.exe";
+    if (Text::Trim(Compiler).empty())
+    {
+        Log("Compact Framework resource compiler not specified!");
+        return false;
+    }
+    FProcess->SetExecutable(Compiler);
+    return true;
+}
+
+bool TQXResourceProcessor::ProcessResx(const std::string& SourceFile) const
+{
+    std::string Name = DottedName(SourceFile, FLoad.Folder);
+    if (!FAction.RootNameSpace.empty())
+        Name.insert(0, FAction.RootNameSpace + '.');
+    return AddResx(SourceFile, Paths::ChangeExtension(Name, ".resources"));
+}
+
+bool TQXResourceProcessor::ProcessFormResx(const std::string& SourceFile, const std::string& DependentFile) const
+{
+    const std::string CodeFile = Files::Spelling(Paths::Folder(SourceFile) + DependentFile);
+    if (!Files::ForceFolders(FLoad.ObjectFolder))
+    {
+        Log("Unable to create output directory : " + FLoad.ObjectFolder);
+        return false;
+    }
+    if (!Files::FileExists(CodeFile))
+    {
+        Log("File : " + CodeFile + " - does not exist");
+        Log("Unable to determine namespace for resource file");
+        return false;
+    }
+    return AddResx(SourceFile, FormName(CodeFile, DependentFile) + ".resources");
+}
+
+std::string TQXResourceProcessor::FormName(const std::string& CodeFile, const std::string& DependentFile) const
+{
+    std::string Name;
+    if (FAction.DetectNameSpace(CodeFile, Name))
+        return Name;
+    Log("Warning - unable to determine resource Namespace from file : " + DependentFile);
+    Log("          using RootNamespace + FileName");
+    const std::string& Root = FAction.RootNameSpace;
+    return Root.empty() ? Name : Root + '.' + Paths::BareName(DependentFile);
+}
+
+bool TQXResourceProcessor::AddResx(const std::string& SourceFile, const std::string& Name) const
+{
+    const std::string Destination = DoubleQuoteString(FLoad.ObjectFolder + Name, true);
+    if (!CompileResx(SourceFile, Destination))
+    {
+        Log("Error compiling resource : " + SourceFile);
+        return false;
+    }
+    AppendItem(FAction.Resources, ',', Destination);
+    return true;
+}
+
+bool TQXResourceProcessor::CompileResx(const std::string& SourceFile, const std::string& Destination) const
+{
+    FProcess->SetArguments(DoubleQuoteString(SourceFile, true) + ' ' + Destination);
+    try
+    {
+        const int ExitCode = FProcess->Run();
+        if (ExitCode != 0)
+            Log("ResGen returned : " + std::to_string(ExitCode));
+        return ExitCode == 0;
+    }
+    catch (const EQXProcessError& Error)
+    {
+        Log(std::string("Error executing ResGen : ") + Error.what());
+        Log("Executable : [" + FProcess->GetExecutable() + ']');
+        Log("Starting Directory : [" + FProcess->GetStartDirectory() + ']');
+        Log("Parameters : [" + FProcess->GetArguments() + ']');
+        return false;
+    }
+}
+
+bool TQXResourceProcessor::ProcessLicx(const std::string& LicenseFile) const
+{
+    FProcess->SetStartDirectory(FLoad.OutputFolder);
+    std::string Arguments = "/target:" + FLoad.AssemblyFileName + " /complist:" + DoubleQuoteString(LicenseFile, true);
+    Log("Processing Licenses file : " + LicenseFile);
+    for (const std::string& Module : LicensedModules(LicenseFile))
+    {
+        Log("Adding Module : " + Module);
+        Arguments += " /i:" + Module;
+    }
+    Arguments += " /outdir:" + DoubleQuoteString(Paths::WithoutTrailing(FLoad.ObjectFolder), true);
+    if (!RunLicenseCompiler(LicenseFile, Arguments))
+        return false;
+    AppendItem(FAction.LicenseResources, ',',
+               DoubleQuoteString(FLoad.ObjectFolder + FLoad.AssemblyFileName + ".licenses", true));
+    return true;
+}
+
+std::vector<std::string> TQXResourceProcessor::LicensedModules(const std::string& LicenseFile) const
+{
+    std::vector<std::string> Modules;
+    for (const std::string& Line : LoadUnicodeFile(LicenseFile))
+    {
+        Log("Processing License string : " + Line);
+        const auto Fields = CreateStringTokeniser(Line);
+        const std::string ControlClass(Text::Trim(Fields->ReadUntilChar(',')));
+        Fields->Next();
+        Modules.push_back(std::string(Text::Trim(Fields->ReadUntilChar(','))) + ".dll");
+        WarnOfMissingLicense(ControlClass);
+    }
+    return Modules;
+}
+
+void TQXResourceProcessor::WarnOfMissingLicense(const std::string& ControlClass) const
+{
+    const std::string Path = FLoad.OutputFolder + ControlClass + ".lic";
+    if (Files::FileExists(Path))
+        return;
+    Log("Warning : Unable to locate Lic file : " + Path);
+    Log("Lic files need to be copied to the Bin\\<ConfigName> folder otherwise the license compiler will not find "
+        "them!");
+    Log("If the control does not use .lic files then ignore this warning.");
+}
+
+bool TQXResourceProcessor::RunLicenseCompiler(const std::string& LicenseFile, const std::string& Arguments) const
+{
+    // The compiler looks for controls and their licenses where it lies itself.
+    const TToolCopy Copy(FSDKFolder + "lc.exe", FLoad.OutputFolder + "lc.exe");
+    FProcess->SetExecutable(Copy.Path());
+    FProcess->SetArguments(Arguments);
+    try
+    {
+        if (FProcess->Run() == 0)
+            return true;
+        Log("Error compiling licenses file : " + LicenseFile);
+    }
+    catch (const EQXProcessError& Error)
+    {
+        Log(std::string("Error compiling licenses file : ") + Error.what());
+    }
+    return false;
+}

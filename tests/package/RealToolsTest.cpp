@@ -1,0 +1,92 @@
+// A project with resources and licenses, compiled by the real tools: what the program finds in itself.
+#include "tests/package/PackageTest.h"
+
+#include "package/compiler/QXDotNetManagedCompilerAction.h"
+#include "runtime/clrhost/DotNetVersions.h"
+#include "runtime/clrhost/MonoDetection.h"
+
+#include "gmock/gmock.h"
+
+#include <cstdlib>
+
+namespace
+{
+constexpr const char* Resx = R"(<root>
+<resheader name="resmimetype"><value>text/microsoft-resx</value></resheader><resheader name="version"><value>1.3</value></resheader>
+<resheader name="reader"><value>System.Resources.ResXResourceReader, System.Windows.Forms, Version=1.0.5000.0, Culture=neutral, PublicKeyToken=b77a5c561934e089</value></resheader>
+<resheader name="writer"><value>System.Resources.ResXResourceWriter, System.Windows.Forms, Version=1.0.5000.0, Culture=neutral, PublicKeyToken=b77a5c561934e089</value></resheader>
+<data name="$this.Size" type="System.Drawing.Size, System.Drawing, Version=1.0.3300.0, Culture=neutral, PublicKeyToken=b03f5f7f11d50a3a"><value>2, 3</value></data>
+<data name="Text"><value>from the form</value></data></root>)";
+
+constexpr const char* Program = R"(using System;
+namespace Acme.Forms
+{
+    public class MainForm
+    {
+        public static void Main(string[] Arguments)
+        {
+            foreach (string Name in typeof(MainForm).Assembly.GetManifestResourceNames())
+                Console.WriteLine(Name);
+            Console.WriteLine(new System.Resources.ResourceManager(typeof(MainForm)).GetString("Text"));
+        }
+    }
+})";
+
+constexpr const char* Control = R"(using System.ComponentModel;
+namespace Kit { [LicenseProvider(typeof(LicFileLicenseProvider))] public class Grid : Component {} })";
+
+constexpr const char* Project = R"(<VisualStudioProject><CSHARP SchemaVersion="2.0"><Build>
+<Settings AssemblyName="Acme" OutputType="Exe" RootNamespace="Root"><Config Name="Debug" OutputPath="bin\"/></Settings></Build><Files><Include>
+<File RelPath="forms\main.resx" DependentUpon="Main.cs" BuildAction="EmbeddedResource"/>
+<File RelPath="Sub\Größe & #1.resx" BuildAction="EmbeddedResource"/>
+<File RelPath="img\a b.bmp" BuildAction="EmbeddedResource"/>
+<File RelPath="x.txt" Link="..\shared\text.txt" BuildAction="EmbeddedResource"/>
+<File RelPath="licenses.licx" BuildAction="EmbeddedResource"/>
+<File RelPath="Forms\Main.cs" BuildAction="Compile"/></Include></Files></CSHARP></VisualStudioProject>)";
+
+class TRealToolsHost : public TPackageHost
+{
+public:
+    TRealToolsHost()
+    {
+        ::setenv("XDG_CACHE_HOME", (Folder.Path() + "/cache").c_str(), 1);
+        Runtime.SetDotNetInfo(
+            std::make_unique<TDotNetVersions>(DetectMono(MonoPrefixes()), std::vector<TConfiguredDotNet>{}));
+    }
+    ~TRealToolsHost() { ::unsetenv("XDG_CACHE_HOME"); }
+};
+} // namespace
+
+TEST(RealTools, ResourcesAreFoundByTheProgramThatTheyBelongTo)
+{
+    TRealToolsHost Host;
+    if (Host.Runtime.DotNetInfo()->GetVersionCount() == 0)
+        GTEST_SKIP() << "Mono is not installed";
+    for (const char* File : {"my p/Forms/Main.resx", "my p/Sub/Größe & #1.resx"})
+        Host.Folder.Write(File, Resx);
+    Host.Folder.Write("my p/Forms/Main.cs", Program);
+    Host.Folder.Write("my p/img/a b.bmp", "bitmap");
+    Host.Folder.Write("shared/Text.txt", "text");
+    Host.Folder.Write("my p/licenses.licx", "Kit.Grid, Kit\r\n");
+    Host.Folder.Write("my p/Acme.csproj", Project);
+    Host.Folder.Write("my p/bin/Kit.cs", Control);
+
+    const auto Kit = Host.Create<TQXManagedCompilerAction>("TQXCSharpCompilerAction");
+    Kit->ProjectDir = "my p/bin";
+    Kit->Files = "Kit.cs";
+    Kit->OutputFile = "Kit.dll";
+    ASSERT_TRUE(Host.Execute(*Kit)) << testing::PrintToString(Host.Log.Events);
+    const auto Action = Host.Create<TQXManagedCompilerAction>("TQXCSProjCompilerAction");
+    Action->ProjectFile = "my p/Acme.csproj";
+    Action->ConfigName = "Debug";
+    ASSERT_TRUE(Host.Execute(*Action)) << testing::PrintToString(Host.Log.Events);
+    EXPECT_FALSE(Host.Folder.Exists("my p/bin/lc.exe"));
+
+    const auto Process = CreateQXProcess();
+    Process->SetExecutable("my p/bin/Acme.exe");
+    TStringList Output;
+    EXPECT_EQ(Process->RunCaptured(Output), 0);
+    EXPECT_THAT(Output.Items(), testing::ElementsAre("Acme.Forms.MainForm.resources", "Root.Sub.Größe & #1.resources",
+                                                     "Root.img.a b.bmp", "Root....shared.Text.txt", "Acme.exe.licenses",
+                                                     "from the form"));
+}

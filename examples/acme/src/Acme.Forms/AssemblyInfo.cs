@@ -1,0 +1,4 @@
+using System.Reflection;
+
+[assembly: AssemblyTitle("AcmeForms")]
+[assembly: AssemblyVersion("1.4.0.0")]

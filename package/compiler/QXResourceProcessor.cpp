@@ -58,8 +58,22 @@ bool TQXResourceProcessor::ProcessVSEmbeddedResource(const TXmlElement& File) co
         return false;
     }
     if (File.HasAttribute("DependentUpon"))
-        return ChooseResourceCompiler() && ProcessFormResx(Path, File.Attribute("DependentUpon"));
+        return ChooseResourceCompiler() &&
+               ProcessFormResx(Path, File.Attribute("DependentUpon"), CultureBesideNeutral(File, Path));
     return ProcessByExtension(Path);
+}
+
+std::string TQXResourceProcessor::CultureBesideNeutral(const TXmlElement& File, const std::string& Path) const
+{
+    const std::string Stem = Paths::BareName(Path);
+    const std::string Form = Paths::BareName(File.Attribute("DependentUpon"));
+    if (Stem.size() <= Form.size() + 1 || !Text::StartsWithSame(Stem, Form + '.'))
+        return {};
+    if (FFormResources.empty())
+        for (const TXmlElement& Other : File.SelectNodes("../File[@DependentUpon]"))
+            FFormResources.insert(Text::FoldCase(Paths::Expand(GetProjectPath(Other), FLoad.Folder)));
+    const std::string Neutral = Paths::Folder(Path) + Form + Paths::Extension(Path);
+    return FFormResources.contains(Text::FoldCase(Neutral)) ? Stem.substr(Form.size()) : "";
 }
 
 bool TQXResourceProcessor::ProcessByExtension(const std::string& Path) const
@@ -106,7 +120,8 @@ bool TQXResourceProcessor::ProcessResx(const std::string& SourceFile) const
     return AddResx(SourceFile, Paths::ChangeExtension(Name, ".resources"));
 }
 
-bool TQXResourceProcessor::ProcessFormResx(const std::string& SourceFile, const std::string& DependentFile) const
+bool TQXResourceProcessor::ProcessFormResx(const std::string& SourceFile, const std::string& DependentFile,
+                                           const std::string& Culture) const
 {
     const std::string CodeFile = Files::Spelling(Paths::Folder(SourceFile) + DependentFile);
     if (!Files::ForceFolders(FLoad.ObjectFolder))
@@ -120,7 +135,7 @@ bool TQXResourceProcessor::ProcessFormResx(const std::string& SourceFile, const 
         Log("Unable to determine namespace for resource file");
         return false;
     }
-    return AddResx(SourceFile, FormName(CodeFile, DependentFile) + ".resources");
+    return AddResx(SourceFile, FormName(CodeFile, DependentFile) + Culture + ".resources");
 }
 
 std::string TQXResourceProcessor::FormName(const std::string& CodeFile, const std::string& DependentFile) const

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 /// Compiles the resources and licenses of a project under the names that its code expects, and puts them into the
@@ -24,7 +25,11 @@ private:
     /// A resource of its own, named after its file.
     [[nodiscard]] bool ProcessResx(const std::string& SourceFile) const;
     /// A resource named after the class in the source file that it belongs to.
-    [[nodiscard]] bool ProcessFormResx(const std::string& SourceFile, const std::string& DependentFile) const;
+    [[nodiscard]] bool ProcessFormResx(const std::string& SourceFile, const std::string& DependentFile,
+                                       const std::string& Culture = {}) const;
+    /// The part of a form's resource file that names its culture (".de-DE"), if the form's neutral resource is in the
+    /// project as well: both under one name would not compile.
+    [[nodiscard]] std::string CultureBesideNeutral(const TXmlElement& File, const std::string& Path) const;
     [[nodiscard]] std::string FormName(const std::string& CodeFile, const std::string& DependentFile) const;
     /// Compiles a file to the resource of this name and adds that to the list.
     [[nodiscard]] bool AddResx(const std::string& SourceFile, const std::string& Name) const;
@@ -38,5 +43,6 @@ private:
     TQXManagedCompilerAction& FAction;
     const TProjectLoad& FLoad;
     std::string FSDKFolder;
-    std::unique_ptr<IQXProcess> FProcess; ///< of all tools, one after the other
+    std::unique_ptr<IQXProcess> FProcess;                   ///< of all tools, one after the other
+    mutable std::unordered_set<std::string> FFormResources; ///< of the whole project, listed when first needed
 };

@@ -154,11 +154,11 @@ TEST_F(FilesTest, SpellingCompletesWhatIsThere)
 
 TEST_F(FilesTest, NeighboursOfTheCurrentFolderAreNotMistakenForIt)
 {
-    Make("Work/a.cs");
-    Make("work/b.cs");
-    Files::SetCurrentFolder(Folder / "Work");
-    EXPECT_EQ(Files::Find(Folder / "Work/b.cs"), "");
-    EXPECT_EQ(Files::Find("../WORK/b.cs"), "../work/b.cs");
+    Make("Here/a.cs");
+    Make("here/b.cs");
+    Files::SetCurrentFolder(Folder / "Here");
+    EXPECT_EQ(Files::Find(Folder / "Here/b.cs"), "");
+    EXPECT_EQ(Files::Find("../HERE/b.cs"), "../here/b.cs");
 }
 
 TEST_F(FilesTest, ChangesOfAFolderAreSeen)

@@ -59,6 +59,7 @@ public:
 
 TEST(RealTools, ResourcesAreFoundByTheProgramThatTheyBelongTo)
 {
+    setenv("LC_ALL", "C.UTF-8", 1); // the program prints letters that the C locale lacks
     TRealToolsHost Host;
     if (Host.Runtime.DotNetInfo()->GetVersionCount() == 0)
         GTEST_SKIP() << "Mono is not installed";

@@ -48,7 +48,7 @@ private:
 
 /// The reason behind an error number of the system, worded as libuv does.
 [[nodiscard]] std::string ErrorReason(int Error);
-/// The arguments as libuv takes them: apart, or on Windows the text as it stands.
+/// The arguments as a start takes them: apart, or on Windows the text as it stands.
 [[nodiscard]] std::vector<std::string> ArgumentList(std::string_view Arguments);
 /// The file behind an executable's name, found in PATH if it has no folder.
 struct TExecutable

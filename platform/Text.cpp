@@ -107,6 +107,17 @@ void Append(std::string& Text, char32_t Character)
     AddTrail(6);
     AddTrail(0);
 }
+
+/// The byte that stands for a character in Windows-1252.
+std::optional<char> Windows1252Byte(char32_t Code)
+{
+    if (Code < 0x80 || (Code >= 0xA0 && Code <= 0xFF))
+        return static_cast<char>(Code);
+    const auto* Found = std::find(std::begin(Windows1252), std::end(Windows1252), Code);
+    if (Found == std::end(Windows1252))
+        return std::nullopt;
+    return static_cast<char>(0x80 + (Found - std::begin(Windows1252)));
+}
 } // namespace
 
 std::string_view Text::Trim(std::string_view Text)
@@ -249,6 +260,32 @@ std::string Text::FromWindows1252(std::string_view Bytes)
         Append(Result, Byte >= 0x80 && Byte < 0xA0 ? char32_t{Windows1252[Byte - 0x80]} : char32_t{Byte});
     }
     return Result;
+}
+
+std::optional<std::string> Text::ToWindows1252(std::string_view Text)
+{
+    std::string Result;
+    while (!Text.empty())
+    {
+        const std::size_t Length = CharacterLength(Text);
+        const auto Byte = Length == 0 ? std::nullopt : Windows1252Byte(Character(Text.substr(0, Length)));
+        if (!Byte)
+            return std::nullopt;
+        Result += *Byte;
+        Text.remove_prefix(Length);
+    }
+    return Result;
+}
+
+std::string_view Text::ForeignEncoding(std::string_view Bytes)
+{
+    // The mark of UTF-32 begins with that of UTF-16.
+    if (Bytes.starts_with(std::string_view("\xFF\xFE\0\0", 4)) ||
+        Bytes.starts_with(std::string_view("\0\0\xFE\xFF", 4)))
+        return "UTF-32";
+    if (Bytes.starts_with("\xFF\xFE") || Bytes.starts_with("\xFE\xFF"))
+        return "UTF-16";
+    return Bytes.find('\0') == std::string_view::npos ? "" : "NUL characters";
 }
 
 std::string Text::Decode(std::string_view Bytes)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,11 @@ namespace Text
 /// UTF-16 as UTF-8; a lone surrogate or half a unit becomes U+FFFD. An encoding mark is text here.
 [[nodiscard]] std::string FromUtf16(std::string_view Bytes, bool BigEndian);
 [[nodiscard]] std::string FromWindows1252(std::string_view Bytes);
+/// The text in Windows-1252; none if it is not valid UTF-8 or holds a character that is not there.
+[[nodiscard]] std::optional<std::string> ToWindows1252(std::string_view Text);
+/// What forbids to edit a text file's bytes as 8-bit text: "UTF-16", "UTF-32" or "NUL characters"; empty if nothing
+/// does.
+[[nodiscard]] std::string_view ForeignEncoding(std::string_view Bytes);
 /// How many single-byte edits turn one name into the other; for "did you mean".
 [[nodiscard]] std::size_t EditDistance(std::string_view Left, std::string_view Right);
 } // namespace Text

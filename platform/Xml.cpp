@@ -144,6 +144,16 @@ std::string Content(const xmlNode* Item)
     return Result;
 }
 
+/// The node behind this one in document order, or null.
+const xmlNode* NextNode(const xmlNode* Item)
+{
+    if (Item->type == XML_ELEMENT_NODE && Item->children != nullptr)
+        return Item->children;
+    while (Item != nullptr && Item->next == nullptr)
+        Item = Item->parent;
+    return Item == nullptr ? nullptr : Item->next;
+}
+
 /// The declaration of the default name space at an element, or null.
 const xmlNs* DefaultNamespace(const xmlNode* Element)
 {
@@ -196,6 +206,15 @@ struct TXmlDocument::TImpl
 std::string TXmlElement::Name() const
 {
     return QualifiedName(Node(FNode)->ns, Node(FNode)->name);
+}
+
+std::size_t TXmlElement::Number() const
+{
+    std::size_t Result = 0;
+    for (const xmlNode* Item = xmlDocGetRootElement(Node(FNode)->doc); Item != FNode; Item = NextNode(Item))
+        if (Item->type == XML_ELEMENT_NODE)
+            ++Result;
+    return Result;
 }
 
 std::string TXmlElement::Text() const
@@ -268,6 +287,11 @@ bool TXmlDocument::LoadFromText(std::string_view Text)
     return Load(Text, "UTF-8");
 }
 
+bool TXmlDocument::LoadFromBytes(std::string_view Bytes)
+{
+    return Load(Bytes, nullptr);
+}
+
 bool TXmlDocument::LoadFromFile(const std::string& FileName)
 {
     std::string Bytes;
@@ -281,7 +305,7 @@ bool TXmlDocument::LoadFromFile(const std::string& FileName)
         FError = {Error.Reason, 0};
         return false;
     }
-    return Load(Bytes, nullptr);
+    return LoadFromBytes(Bytes);
 }
 
 TXmlElement TXmlDocument::DocumentElement() const

@@ -1,6 +1,7 @@
 // XML documents: strict, no entity declarations, no network.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -14,6 +15,8 @@ class TXmlElement
 {
 public:
     [[nodiscard]] std::string Name() const;
+    /// Which element of the document it is, in document order: 0 for the root.
+    [[nodiscard]] std::size_t Number() const;
     /// The text below the element.
     [[nodiscard]] std::string Text() const;
     [[nodiscard]] bool HasAttribute(std::string_view Name) const;
@@ -48,6 +51,8 @@ public:
 
     /// Parses UTF-8 text, whatever encoding its declaration names. False: see ParseError.
     [[nodiscard]] bool LoadFromText(std::string_view Text);
+    /// Parses bytes in the encoding that they declare. False: see ParseError.
+    [[nodiscard]] bool LoadFromBytes(std::string_view Bytes);
     /// Parses a file in the encoding that it declares. False, also for one that cannot be read: see ParseError.
     [[nodiscard]] bool LoadFromFile(const std::string& FileName);
     [[nodiscard]] const TXmlParseError& ParseError() const { return FError; }

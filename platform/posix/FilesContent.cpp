@@ -1,13 +1,10 @@
 // What is in files: reading, writing, replacing, copying.
-#include "platform/Paths.h"
-#include "platform/posix/FilesPosix.h"
+#include "platform/posix/FilesReplacement.h"
 
 #include <algorithm>
-#include <atomic>
 #include <climits>
 #include <fcntl.h>
 #include <new>
-#include <optional>
 
 namespace
 {
@@ -38,7 +35,38 @@ std::size_t ReadSome(const TDescriptor& File, const std::string& Path, char* Buf
     }
 }
 
+void CopyContent(const std::string& From, const std::string& To)
+{
+    struct stat Status = {};
+    const TDescriptor Source = OpenForReading(From, Status);
+    TReplacement Target(FollowLinks(To), Status.st_mode & 0777);
+    std::string Buffer(std::size_t{256} << 10U, '\0');
+    while (const std::size_t Count = ReadSome(Source, From, Buffer.data(), Buffer.size()))
+        Target.Write(std::string_view(Buffer).substr(0, Count));
+    Target.Finish();
+}
+
+/// What replaces a file, or makes one where there is none.
+TReplacement ReplacementOf(const std::string& Path)
+{
+    struct stat Status = {};
+    if (!GetStatus(Path, Status) || !S_ISREG(Status.st_mode))
+        return TReplacement(Path);
+    const TDescriptor Old(::open(Path.c_str(), O_RDONLY | O_CLOEXEC));
+    return {Path, {Status, Old.IsOpen() ? AccessListOf(Old, Path) : std::string()}};
+}
+
+/// Takes back a file that could not be written to its end.
+void RemoveHalf(const std::string& Path)
+{
+    struct stat Status = {};
+    if (GetStatus(Path, Status) && S_ISREG(Status.st_mode))
+        ::unlink(FollowLinks(Path).c_str());
+}
+} // namespace
+
 std::string ReadAll(const TDescriptor& File, const std::string& Path, const struct stat& Status)
+try
 {
     const bool Ordinary = S_ISREG(Status.st_mode);
     const std::size_t Maximum = Ordinary ? MaximumFile : MaximumStream;
@@ -54,151 +82,26 @@ std::string ReadAll(const TDescriptor& File, const std::string& Path, const stru
         while (Length < Size)
         {
             const std::size_t Count = ReadSome(File, Path, Result.data() + Length, Size - Length);
-            if (Count == 0)
+            Length += Count;
+            if (Count == 0 || (Ordinary && Length == Expected))
             {
                 Result.resize(Length);
                 return Result;
             }
-            Length += Count;
         }
     }
 }
-
-void WriteAll(const TDescriptor& File, const std::string& Path, std::string_view Bytes)
+catch (const std::bad_alloc&)
 {
-    while (!Bytes.empty())
-    {
-        const ssize_t Count = ::write(File.Value(), Bytes.data(), Bytes.size());
-        if (Count >= 0)
-            Bytes.remove_prefix(static_cast<std::size_t>(Count));
-        else if (errno != EINTR)
-            throw SystemError(Path);
-    }
+    throw SystemError(Path, ENOMEM);
 }
-
-/// The file that a path stands for behind the symbolic links at its end, which need not be there.
-std::string FollowLinks(std::string Path)
-{
-    constexpr int MaximumLinks = 40;
-    char Target[PATH_MAX];
-    for (int Links = 0; Links <= MaximumLinks; ++Links)
-    {
-        const ssize_t Length = ::readlink(Path.c_str(), Target, sizeof Target);
-        if (Length < 0)
-            return Path;
-        const std::string_view Text(Target, static_cast<std::size_t>(Length));
-        Path = Text.starts_with('/') ? std::string(Text) : Paths::Folder(Path).append(Text);
-    }
-    throw SystemError(Path, ELOOP);
-}
-
-/// A new file beside another one, gone with the object unless it was renamed.
-class TTemporaryFile
-{
-public:
-    TTemporaryFile(const std::string& Beside, mode_t Mode) : FFile(Create(Beside, Mode)) {}
-    ~TTemporaryFile()
-    {
-        if (!FPath.empty())
-            ::unlink(FPath.c_str());
-    }
-    TTemporaryFile(const TTemporaryFile&) = delete;
-    TTemporaryFile& operator=(const TTemporaryFile&) = delete;
-
-    [[nodiscard]] const TDescriptor& File() const { return FFile; }
-    void Rename(const std::string& Path)
-    {
-        if (!FFile.Close() || ::rename(FPath.c_str(), Path.c_str()) != 0)
-            throw SystemError(Path);
-        FPath.clear();
-    }
-
-private:
-    int Create(const std::string& Beside, mode_t Mode)
-    {
-        static std::atomic<unsigned> Number = 0;
-        for (;;)
-        {
-            std::string Path = Paths::Folder(Beside) + ".quexley-" + std::to_string(::getpid()) + "-" +
-                               std::to_string(++Number) + ".tmp";
-            const int File = ::open(Path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, Mode);
-            if (File < 0 && errno == EEXIST)
-                continue;
-            if (File < 0)
-                throw SystemError(Beside);
-            FPath = std::move(Path);
-            return File;
-        }
-    }
-
-    std::string FPath;
-    TDescriptor FFile;
-};
-
-/// Puts a new file in the place of another when it is complete. Other hard links to the old file keep its content.
-class TReplacement
-{
-public:
-    /// Mode is that of the new file; none: the old one's, whose owner it then gets as well.
-    TReplacement(std::string APath, std::optional<mode_t> Mode)
-        : FPath(std::move(APath)), FReplaces(GetStatus(FPath, FOld)),
-          FNew(FPath, FReplaces || Mode ? S_IRUSR | S_IWUSR : 0666)
-    {
-        if (FReplaces && !S_ISREG(FOld.st_mode))
-            throw SystemError(FPath, S_ISDIR(FOld.st_mode) ? EISDIR : EINVAL);
-        if (FReplaces && !Mode)
-        {
-            // Mostly nobody but the superuser may give a file away; rights to become its owner stay behind then.
-            const bool Given = ::fchown(FNew.File().Value(), FOld.st_uid, FOld.st_gid) == 0;
-            Mode = FOld.st_mode & (Given ? 07777 : 0777);
-        }
-        if (Mode && ::fchmod(FNew.File().Value(), *Mode) != 0)
-            throw SystemError(FPath);
-    }
-
-    void Write(std::string_view Bytes) { WriteAll(FNew.File(), FPath, Bytes); }
-    void Finish() { FNew.Rename(FPath); }
-
-private:
-    std::string FPath;
-    struct stat FOld = {};
-    bool FReplaces;
-    TTemporaryFile FNew;
-};
-
-void CopyContent(const std::string& From, const std::string& To)
-{
-    struct stat Status = {};
-    const TDescriptor Source = OpenForReading(From, Status);
-    TReplacement Target(FollowLinks(To), Status.st_mode & 0777);
-    std::string Buffer(std::size_t{256} << 10U, '\0');
-    while (const std::size_t Count = ReadSome(Source, From, Buffer.data(), Buffer.size()))
-        Target.Write(std::string_view(Buffer).substr(0, Count));
-    Target.Finish();
-}
-
-/// Takes back a file that could not be written to its end.
-void RemoveHalf(const std::string& Path)
-{
-    struct stat Status = {};
-    if (GetStatus(Path, Status) && S_ISREG(Status.st_mode))
-        ::unlink(FollowLinks(Path).c_str());
-}
-} // namespace
 
 std::string Files::Read(std::string_view Path)
 {
     const std::string Source = SystemPath(Path);
     struct stat Status = {};
     const TDescriptor File = OpenForReading(Source, Status);
-    try
-    {
-        return ReadAll(File, Source, Status);
-    }
-    catch (const std::bad_alloc&)
-    {
-        throw SystemError(Source, ENOMEM);
-    }
+    return ReadAll(File, Source, Status);
 }
 
 void Files::Write(std::string_view Path, std::string_view Bytes)
@@ -227,7 +130,7 @@ void Files::ReplaceContent(std::string_view Path, std::string_view Bytes)
     const bool Protected = ::faccessat(AT_FDCWD, Target.c_str(), W_OK, AT_EACCESS) != 0 && errno != ENOENT;
     if (Protected || IsReadOnly(Target))
         throw SystemError(Target, Protected ? errno : EACCES);
-    TReplacement Replacement(Target, std::nullopt);
+    TReplacement Replacement = ReplacementOf(Target);
     Replacement.Write(Bytes);
     Replacement.Finish();
 }

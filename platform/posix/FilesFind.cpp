@@ -193,7 +193,7 @@ bool Files::FolderExists(std::string_view Path)
 bool Files::IsReadOnly(std::string_view Path)
 {
     struct stat Status = {};
-    return !Locate(Path, Status).empty() && (Status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
+    return !Locate(Path, Status).empty() && HasNoWriteBit(Status);
 }
 
 std::string Files::Spelling(std::string_view Path)

@@ -10,15 +10,17 @@
 
 namespace
 {
-/// Whether an entry is of a kind, behind symbolic links.
+/// Whether an entry is of a kind, for most kinds behind symbolic links.
 bool IsKind(DIR* Folder, const dirent& Entry, Files::TEntryKind Kind)
 {
+    const bool WantsFolder = Kind != Files::TEntryKind::Files;
     if (Entry.d_type == DT_REG || Entry.d_type == DT_DIR)
-        return (Entry.d_type == DT_DIR) == (Kind == Files::TEntryKind::Folders);
+        return (Entry.d_type == DT_DIR) == WantsFolder;
     struct stat Status = {};
-    if (::fstatat(::dirfd(Folder), Entry.d_name, &Status, 0) != 0)
+    const int Flags = Kind == Files::TEntryKind::OwnFolders ? AT_SYMLINK_NOFOLLOW : 0;
+    if (::fstatat(::dirfd(Folder), Entry.d_name, &Status, Flags) != 0)
         return false;
-    return S_ISDIR(Status.st_mode) == (Kind == Files::TEntryKind::Folders);
+    return S_ISDIR(Status.st_mode) == WantsFolder;
 }
 
 std::string HomeFolder()

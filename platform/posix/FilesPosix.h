@@ -44,6 +44,15 @@ private:
 /// What lies at a path in just this spelling, behind symbolic links; false if nothing does.
 [[nodiscard]] bool GetStatus(const std::string& Path, struct stat& Status);
 
+/// Reads an open file, whose status is given, to its end; Path is for the error.
+[[nodiscard]] std::string ReadAll(const TDescriptor& File, const std::string& Path, const struct stat& Status);
+
+/// Whether a file has no write permission at all.
+[[nodiscard]] inline bool HasNoWriteBit(const struct stat& Status)
+{
+    return (Status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
+}
+
 using TFolderHandle = std::unique_ptr<DIR, int (*)(DIR*)>;
 /// A folder for reading its entries; null if it cannot be read.
 [[nodiscard]] TFolderHandle OpenFolder(const std::string& Path);

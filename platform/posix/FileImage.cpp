@@ -1,0 +1,101 @@
+#include "platform/posix/FileImage.h"
+
+#include "platform/Paths.h"
+#include "platform/posix/FilesReplacement.h"
+
+#include <fcntl.h>
+#include <utility>
+
+namespace
+{
+using TClock = std::chrono::steady_clock;
+
+/// Opens what lies at exactly this path; a symbolic link at its end becomes what it stands for. A pipe without a
+/// writer is not waited for.
+TDescriptor OpenExactly(std::string& Path)
+{
+    constexpr int Flags = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    TDescriptor File(::open(Path.c_str(), Flags | O_NOFOLLOW));
+    if (File.IsOpen() || errno != ELOOP)
+        return File;
+    Path = FollowLinks(std::move(Path));
+    return TDescriptor(::open(Path.c_str(), Flags));
+}
+
+/// Whether a failure to open a file means that there is none at this path.
+bool IsMissing(int Number)
+{
+    return Number == ENOENT || Number == ENOTDIR;
+}
+
+TDescriptor OpenIgnoringCase(std::string& Path)
+{
+    TDescriptor File = OpenExactly(Path);
+    if (File.IsOpen() || !IsMissing(errno))
+        return File;
+    Path = SystemPath(Path);
+    return OpenExactly(Path);
+}
+
+TFileRewrite::TState StateOfUnopened(TFileImage& Image, int Number)
+{
+    if (IsMissing(Number))
+        return TFileRewrite::TState::Missing;
+    // One that nobody may read mostly is one that nobody may write.
+    if (GetStatus(Image.Path, Image.Status) && HasNoWriteBit(Image.Status))
+        return TFileRewrite::TState::ReadOnly;
+    throw SystemError(Image.Path, Number);
+}
+
+TFileRewrite::TState StateOfOpened(const TFileImage& Image)
+{
+    if (S_ISDIR(Image.Status.st_mode))
+        return TFileRewrite::TState::Missing;
+    if (!S_ISREG(Image.Status.st_mode))
+        throw EFileError(Image.Path, "Not an ordinary file");
+    return HasNoWriteBit(Image.Status) ? TFileRewrite::TState::ReadOnly : TFileRewrite::TState::Loaded;
+}
+
+bool IsSame(const timespec& Left, const timespec& Right)
+{
+    return Left.tv_sec == Right.tv_sec && Left.tv_nsec == Right.tv_nsec;
+}
+} // namespace
+
+TFileImage LoadImage(const std::string& Path, std::size_t MaximumSize)
+{
+    TFileImage Image;
+    Image.Seen = TClock::now();
+    // A path with a NUL names no file, but the system would take the NUL as its end.
+    Image.Path = Path.find('\0') == std::string::npos ? Paths::Normalise(Path) : std::string();
+    const TDescriptor File = OpenIgnoringCase(Image.Path);
+    if (!File.IsOpen())
+    {
+        Image.State = StateOfUnopened(Image, errno);
+        return Image;
+    }
+    if (::fstat(File.Value(), &Image.Status) != 0)
+        throw SystemError(Image.Path);
+    Image.State = StateOfOpened(Image);
+    if (Image.State != TFileRewrite::TState::Loaded)
+        return Image;
+    if (static_cast<std::size_t>(Image.Status.st_size) > MaximumSize)
+        throw SystemError(Image.Path, EFBIG);
+    Image.Bytes = ReadAll(File, Image.Path, Image.Status);
+    Image.AccessList = AccessListOf(File, Image.Path);
+    return Image;
+}
+
+/// Any change, also that another file has taken the path, shows in what lies there or in the time of its status.
+bool IsCurrent(TFileImage& Image)
+{
+    // The times of files go by ticks of about this length: a change within one may not show.
+    constexpr std::chrono::milliseconds Tick{10};
+    const auto Now = TClock::now();
+    if (Now - std::exchange(Image.Seen, Now) < Tick)
+        return true;
+    struct stat Found = {};
+    const struct stat& Read = Image.Status;
+    return ::lstat(Image.Path.c_str(), &Found) == 0 && Found.st_ino == Read.st_ino && Found.st_dev == Read.st_dev &&
+           Found.st_size == Read.st_size && IsSame(Found.st_ctim, Read.st_ctim);
+}

@@ -1,0 +1,26 @@
+// A file as it was read, to be replaced.
+#pragma once
+
+#include "platform/FileRewrite.h"
+#include "platform/posix/FilesPosix.h"
+
+#include <chrono>
+#include <cstddef>
+#include <limits>
+#include <string>
+
+struct TFileImage
+{
+    TFileRewrite::TState State = TFileRewrite::TState::Missing;
+    std::string Path; ///< as it is spelled on disk, behind symbolic links
+    struct stat Status = {};
+    std::string AccessList;
+    std::string Bytes;
+    std::chrono::steady_clock::time_point Seen; ///< when this was known to be what lies there
+};
+
+/// Reads a file if it can be rewritten. Throws EFileError, also for one of more bytes than MaximumSize.
+[[nodiscard]] TFileImage LoadImage(const std::string& Path,
+                                   std::size_t MaximumSize = std::numeric_limits<std::size_t>::max());
+/// Whether the file is still the one that was read, as far as it can have changed since it was last seen.
+[[nodiscard]] bool IsCurrent(TFileImage& Image);

@@ -1,0 +1,185 @@
+#include "platform/posix/FilesReplacement.h"
+
+#include "platform/Paths.h"
+
+#include <algorithm>
+#include <atomic>
+#include <climits>
+#include <fcntl.h>
+#include <linux/magic.h>
+#include <optional>
+#include <sys/statfs.h>
+#include <sys/xattr.h>
+
+namespace
+{
+constexpr mode_t PermissionBits = 07777;
+constexpr const char* AccessListName = "system.posix_acl_access";
+
+/// Whether a file lies on a file system that is not in memory; asked once for each device in a row.
+bool IsOnDisk(int File, dev_t Device)
+{
+    static thread_local std::optional<dev_t> LastDevice;
+    static thread_local bool LastAnswer = false;
+    if (LastDevice != Device)
+    {
+        struct statfs System = {};
+        LastAnswer = ::fstatfs(File, &System) == 0 && System.f_type != TMPFS_MAGIC;
+        LastDevice = Device;
+    }
+    return LastAnswer;
+}
+
+/// What is no ordinary file, a device or a folder, is not to be replaced by one.
+std::string Replaceable(std::string Path)
+{
+    struct stat Status = {};
+    if (GetStatus(Path, Status) && !S_ISREG(Status.st_mode))
+        throw SystemError(Path, S_ISDIR(Status.st_mode) ? EISDIR : EINVAL);
+    return Path;
+}
+
+/// The mode with which a file like Model is made: nobody else may look in before it has its owner.
+mode_t FirstMode(const struct stat& Model)
+{
+    static const uid_t Self = ::geteuid();
+    return Model.st_uid == Self ? Model.st_mode & PermissionBits : S_IRUSR | S_IWUSR;
+}
+} // namespace
+
+std::string AccessListOf(const TDescriptor& File, const std::string& Path)
+{
+    char List[4096];
+    const ssize_t Size = ::fgetxattr(File.Value(), AccessListName, List, sizeof List);
+    // No list, or none on this file system.
+    if (Size < 0 && (errno == ENODATA || errno == ENOTSUP))
+        return {};
+    if (Size < 0)
+        throw SystemError(Path);
+    return {List, static_cast<std::size_t>(Size)};
+}
+
+void WriteAll(const TDescriptor& File, const std::string& Path, std::string_view Bytes)
+{
+    while (!Bytes.empty())
+    {
+        const ssize_t Count = ::write(File.Value(), Bytes.data(), Bytes.size());
+        if (Count >= 0)
+            Bytes.remove_prefix(static_cast<std::size_t>(Count));
+        else if (errno != EINTR)
+            throw SystemError(Path);
+    }
+}
+
+std::string FollowLinks(std::string Path)
+{
+    constexpr int MaximumLinks = 40;
+    char Target[PATH_MAX];
+    for (int Links = 0; Links <= MaximumLinks; ++Links)
+    {
+        const ssize_t Length = ::readlink(Path.c_str(), Target, sizeof Target);
+        if (Length < 0)
+            return Path;
+        const std::string_view Text(Target, static_cast<std::size_t>(Length));
+        Path = Text.starts_with('/') ? std::string(Text) : Paths::Folder(Path).append(Text);
+    }
+    throw SystemError(Path, ELOOP);
+}
+
+TTemporaryFile::~TTemporaryFile()
+{
+    if (!FPath.empty())
+        ::unlink(FPath.c_str());
+}
+
+int TTemporaryFile::Create(const std::string& Beside, mode_t Mode)
+{
+    static std::atomic<unsigned> Number = 0;
+    static const std::string Start = ".quexley-" + std::to_string(::getpid()) + "-";
+    for (;;)
+    {
+        std::string Path = Paths::Folder(Beside).append(Start).append(std::to_string(++Number)).append(".tmp");
+        const int File = ::open(Path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, Mode);
+        if (File < 0 && errno == EEXIST)
+            continue;
+        if (File < 0)
+            throw SystemError(Beside);
+        FPath = std::move(Path);
+        return File;
+    }
+}
+
+void TTemporaryFile::Rename(const std::string& Path)
+{
+    if (!FFile.Close() || ::rename(FPath.c_str(), Path.c_str()) != 0)
+        throw SystemError(Path);
+    FPath.clear();
+}
+
+TReplacement::TReplacement(std::string Path) : FPath(Replaceable(std::move(Path))), FNew(FPath, 0666) {}
+
+TReplacement::TReplacement(std::string Path, mode_t Mode)
+    : FPath(Replaceable(std::move(Path))), FNew(FPath, S_IRUSR | S_IWUSR)
+{
+    if (::fchmod(FNew.File().Value(), Mode) != 0)
+        throw SystemError(FPath);
+}
+
+TReplacement::TReplacement(std::string Path, const TModelFile& Model)
+    : FPath(std::move(Path)), FNew(FPath, FirstMode(Model.Status))
+{
+    TakeOver(Model);
+}
+
+void TReplacement::TakeOver(const TModelFile& Model)
+{
+    const int File = FNew.File().Value();
+    mode_t Mode = Model.Status.st_mode & PermissionBits;
+    struct stat Status = {};
+    if (::fstat(File, &Status) != 0)
+        throw SystemError(FPath);
+    FOnDisk = IsOnDisk(File, Status.st_dev);
+    const bool SameOwner = Status.st_uid == Model.Status.st_uid && Status.st_gid == Model.Status.st_gid;
+    // Mostly nobody but the superuser may give a file away; rights to become its owner stay behind then.
+    if (!SameOwner && ::fchown(File, Model.Status.st_uid, Model.Status.st_gid) != 0)
+        Mode &= 0777;
+    if ((!SameOwner || Mode != (Status.st_mode & PermissionBits)) && ::fchmod(File, Mode) != 0)
+        throw SystemError(FPath);
+    if (!Model.AccessList.empty() &&
+        ::fsetxattr(File, AccessListName, Model.AccessList.data(), Model.AccessList.size(), 0) != 0)
+        throw SystemError(FPath);
+}
+
+/// On a disk a full one shows before anything is written, and blocks that are there before the rename save it from
+/// finding them.
+void TReplacement::Reserve(std::size_t Size)
+{
+    const int File = FNew.File().Value();
+    // A file system that cannot do this finds out while writing.
+    if (Size != 0 && FOnDisk && ::fallocate(File, 0, 0, static_cast<off_t>(Size)) != 0 && errno == ENOSPC)
+        throw SystemError(FPath);
+}
+
+void TReplacement::Write(std::span<const std::string_view> Pieces)
+{
+    constexpr std::size_t BlockSize = 64U << 10U;
+    std::size_t Size = 0;
+    for (const std::string_view Piece : Pieces)
+        Size += Piece.size();
+    Reserve(Size);
+    std::string Block;
+    Block.reserve(std::min(Size, BlockSize));
+    for (const std::string_view Piece : Pieces)
+    {
+        if (Block.size() + Piece.size() > BlockSize)
+        {
+            Write(Block);
+            Block.clear();
+        }
+        if (Piece.size() > BlockSize)
+            Write(Piece);
+        else
+            Block += Piece;
+    }
+    Write(Block);
+}

@@ -36,6 +36,8 @@ public:
     /// Runs a script with the values that its parameters hold and reads the outputs back. A failure
     /// has been reported when this returns false.
     [[nodiscard]] virtual bool ExecuteScript(TQXScript& Script) = 0;
+    /// Gives the host a moment in long work without messages: it passes a wish to end on to the action.
+    virtual void Poll() = 0;
     /// True: nothing may be started or rewritten, only shown.
     [[nodiscard]] virtual bool IsDryRun() const = 0;
 };
@@ -65,6 +67,8 @@ public:
     TQXScript& AddScript(std::string Name);
     /// The script of this name, or null.
     [[nodiscard]] TQXScript* GetScriptByName(std::string_view Name) const;
+    /// The script of this name, or null, also if it has no parameters or the project gives it no text.
+    [[nodiscard]] TQXScript* FindScriptToRun(std::string_view Name) const;
     [[nodiscard]] const std::vector<std::unique_ptr<TQXScript>>& Scripts() const { return FScripts; }
     /// Runs a declared script. False if there is none or it failed, which the host has reported.
     bool ExecuteScript(std::string_view Name);

@@ -50,9 +50,13 @@ public:
     void SetText(std::string Text) { FText = std::move(Text); }
 
     TQXScriptParam& AddParam() { return FParams.emplace_back(); }
+    /// Adds a parameter of this name and type.
+    TQXScriptParam& AddParam(std::string Name, TQXParamType Type = TQXParamType::None);
     [[nodiscard]] std::vector<TQXScriptParam>& Params() { return FParams; }
     /// The parameter of this name, or null.
     [[nodiscard]] TQXScriptParam* FindParam(std::string_view Name);
+    /// Sets the value of the parameter of this name, if there is one.
+    void SetValue(std::string_view Name, TQXVariant Value);
 
 private:
     std::string FName;

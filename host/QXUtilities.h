@@ -9,7 +9,7 @@
 /// The text in double quotes. One that stands in quotes already stays as it is; Always false leaves a
 /// text without blanks alone.
 [[nodiscard]] std::string DoubleQuoteString(std::string_view Text, bool Always);
-/// The text without the pair of double quotes that encloses it.
+/// The text without the pair of double or single quotes that encloses it.
 [[nodiscard]] std::string StripQuotes(std::string_view Text);
 /// An absolute path stays; a relative one is joined to Folder and normalised. The result has native
 /// delimiters and, where it is found ignoring case, the spelling on disk.
@@ -22,7 +22,8 @@
 /// The system folder below it, or empty.
 [[nodiscard]] std::string GetSysDirectory();
 
-/// Reads one line piece by piece from a position.
+/// Reads one line piece by piece from a position. The line is not copied: it must last as long as it is read, and what
+/// is read is part of it.
 class IStringTokeniser
 {
 public:
@@ -33,11 +34,11 @@ public:
     virtual void SkipWhiteSpace() = 0;
     /// Skips white space and gives the text up to the delimiter, on which the position stays; the rest
     /// of the line if there is none.
-    [[nodiscard]] virtual std::string ReadUntilChar(char Delimiter) = 0;
+    [[nodiscard]] virtual std::string_view ReadUntilChar(char Delimiter) = 0;
     /// The same for any of several delimiters.
-    [[nodiscard]] virtual std::string ReadUntilAny(std::string_view Delimiters) = 0;
+    [[nodiscard]] virtual std::string_view ReadUntilAny(std::string_view Delimiters) = 0;
     /// Skips white space and gives the rest of the line.
-    [[nodiscard]] virtual std::string ReadRest() = 0;
+    [[nodiscard]] virtual std::string_view ReadRest() = 0;
     /// Moves one character on and gives the character there; NUL at the end of the line.
     virtual char Next() = 0;
     /// The character at the position; NUL at the end of the line.

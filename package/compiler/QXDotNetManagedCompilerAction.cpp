@@ -141,29 +141,23 @@ void TQXManagedCompilerAction::InitialiseScriptParams(TQXScript& Script)
     TQXDotNetAction::InitialiseScriptParams(Script);
     if (Script.Name() != ResolveScript)
         return;
-    Script.AddParam().SetName("Action");
-    TQXScriptParam& Assembly = Script.AddParam();
-    Assembly.SetName("AssemblyName");
-    Assembly.SetParamType(TQXParamType::String);
-    TQXScriptParam& Path = Script.AddParam();
-    Path.SetName("ResolvedAssemblyFilePath");
-    Path.SetParamType(TQXParamType::String);
-    Path.SetIsOutput(true);
+    Script.AddParam("Action");
+    Script.AddParam("AssemblyName", TQXParamType::String);
+    Script.AddParam("ResolvedAssemblyFilePath", TQXParamType::String).SetIsOutput(true);
 }
 
 std::string TQXManagedCompilerAction::ResolveProjReferenceEvent(const std::string& FileName)
 {
-    TQXScript* Script = GetScriptByName(ResolveScript);
-    if (!Script || Script->Params().empty() || Script->Text().empty())
+    TQXScript* Script = FindScriptToRun(ResolveScript);
+    if (!Script)
         return FileName;
 
-    Script->FindParam("Action")->SetValue(QXScriptingServices().ObjectToVariant(*this));
-    Script->FindParam("AssemblyName")->SetValue(FileName);
-    TQXScriptParam* Path = Script->FindParam("ResolvedAssemblyFilePath");
-    Path->SetValue(FileName);
+    Script->SetValue("Action", QXScriptingServices().ObjectToVariant(*this));
+    Script->SetValue("AssemblyName", FileName);
+    Script->SetValue("ResolvedAssemblyFilePath", FileName);
     // A failure has been reported; the name then is what the script left.
     static_cast<void>(ExecuteScript(ResolveScript));
-    const std::string* Result = std::get_if<std::string>(&Path->Value());
+    const std::string* Result = std::get_if<std::string>(&Script->FindParam("ResolvedAssemblyFilePath")->Value());
     return Result ? *Result : FileName;
 }
 

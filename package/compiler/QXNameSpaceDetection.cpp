@@ -8,17 +8,17 @@ namespace
 /// The next blank-separated word.
 std::string Word(std::string_view Text)
 {
-    return CreateStringTokeniser(Text)->ReadUntilChar(' ');
+    return std::string(CreateStringTokeniser(Text)->ReadUntilChar(' '));
 }
 
 /// The word of this number, from 1; empty if there are fewer.
 std::string Word(std::string_view Text, int Number)
 {
     const auto Words = CreateStringTokeniser(Text);
-    std::string Result;
+    std::string_view Result;
     while (Number-- > 0)
         Result = Words->ReadUntilChar(' ');
-    return Result;
+    return std::string(Result);
 }
 
 /// What stands behind " class " in any case, with its own case; false if it is not there.
@@ -71,7 +71,7 @@ bool DetectCSharpNameSpace(const std::string& FileName, std::string& Name)
         }
         else if (HasNameSpace && FindClass(Line, Rest))
         {
-            Name += '.' + CreateStringTokeniser(Rest)->ReadUntilAny(" :");
+            Name.append(".").append(CreateStringTokeniser(Rest)->ReadUntilAny(" :"));
             return true;
         }
     }

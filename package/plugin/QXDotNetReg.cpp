@@ -11,6 +11,8 @@
 #include "package/plugin/QXDotNetOptionsImpl.h"
 #include "package/plugin/QXProjectEditors.h"
 #include "package/sdktools/QXDotNetGACAction.h"
+#include "package/sourceupdate/QXAssemblyInfoUpdaterAction.h"
+#include "package/sourceupdate/QXDotNetComRefAction.h"
 
 #include <cstdio>
 #include <exception>
@@ -37,10 +39,13 @@ struct TActionRow
     const char* ImageName;
     const char* EditorName = nullptr; ///< the editor of the project file, at design time
     TQXPropertyEditorClass (*MakeEditor)(const char* ClassName) = nullptr;
+    void (*RegisterMethods)() = nullptr; ///< for scripts
 };
 
 // clang-format off
 constexpr TActionRow Actions[] = {
+    {"TQXAssemblyInfoUpdaterAction", Action<TQXAssemblyInfoUpdaterAction>, nullptr, "Compilers", "ASSEMBLYUPATER",
+     nullptr, nullptr, RegisterAssemblyInfoMethods},
     {"TQXCSharpCompilerAction", Action<TQXCSharpCompilerAction>, nullptr, "Compilers", "CSHARP"},
     {"TQXCSProjCompilerAction", Action<TQXCSProjCompilerAction>, nullptr, "Compilers", "CSHARP",
      "TQXCSharpProjectEditor", Editor<TQXCSharpProjectEditor>},
@@ -52,6 +57,7 @@ constexpr TActionRow Actions[] = {
      "TQXJSharpProjectEditor", Editor<TQXJSharpProjectEditor>},
     {"TQXBorlandCSBuilderProjCompilerAction", Action<TQXBorlandCSBuilderProjCompilerAction>, nullptr, "Compilers", "BDSPROJ",
      "TQXCSharpBuilderProjectEditor", Editor<TQXCSharpBuilderProjectEditor>},
+    {"TQXDotNetComReferenceFixAction", Action<TQXDotNetComReferenceFixAction>, nullptr, ".Net Tools", "ASSEMBLYUPATER"},
     {"TGACInstallAction", Action<TGACInstallAction>, "GAC Install [GACUTIL]", ".Net Tools", "GACINSTALL"},
     {"TGACUninstallAction", Action<TGACUninstallAction>, "GAC Uninstall [GACUTIL]", ".Net Tools", "GACUNINSTALL"},
     {"TGACListAction", Action<TGACListAction>, "GAC Download Cache [GACUTIL]", ".Net Tools", "GACLIST"},
@@ -64,6 +70,8 @@ void Register(const TActionRow& Row, bool DesignTime)
     TQXActionClass Class = Row.MakeClass(Row.ClassName);
     std::string Name = Row.DisplayName ? Row.DisplayName : Class.ActionName;
     Services.RegisterAction(std::move(Name), Row.Category, std::move(Class), Row.ImageName);
+    if (Row.RegisterMethods)
+        Row.RegisterMethods();
     if (DesignTime && Row.MakeEditor)
         Services.RegisterPropertyEditor(TQXPropertyType::String, Row.ClassName, "ProjectFile",
                                         Row.MakeEditor(Row.EditorName));

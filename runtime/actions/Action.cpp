@@ -3,12 +3,26 @@
 TCustomQXAction::~TCustomQXAction() = default;
 TQXAction::~TQXAction() = default;
 
+TQXScriptParam& TQXScript::AddParam(std::string Name, TQXParamType Type)
+{
+    TQXScriptParam& Param = AddParam();
+    Param.SetName(std::move(Name));
+    Param.SetParamType(Type);
+    return Param;
+}
+
 TQXScriptParam* TQXScript::FindParam(std::string_view Name)
 {
     for (TQXScriptParam& Param : FParams)
         if (Param.Name() == Name)
             return &Param;
     return nullptr;
+}
+
+void TQXScript::SetValue(std::string_view Name, TQXVariant Value)
+{
+    if (TQXScriptParam* Param = FindParam(Name))
+        Param->SetValue(std::move(Value));
 }
 
 void TCustomQXAction::SendMessage(std::string_view Text) const
@@ -42,6 +56,12 @@ TQXScript* TCustomQXAction::GetScriptByName(std::string_view Name) const
         if (Script->Name() == Name)
             return Script.get();
     return nullptr;
+}
+
+TQXScript* TCustomQXAction::FindScriptToRun(std::string_view Name) const
+{
+    TQXScript* Script = GetScriptByName(Name);
+    return Script && !Script->Params().empty() && !Script->Text().empty() ? Script : nullptr;
 }
 
 bool TCustomQXAction::ExecuteScript(std::string_view Name)

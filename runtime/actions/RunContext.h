@@ -33,6 +33,7 @@ public:
                                            bool Required) override;
     [[nodiscard]] std::string ExpandExpression(std::string_view Expression, bool Report) override;
     [[nodiscard]] bool ExecuteScript(TQXScript& Script) override;
+    void Poll() override { PassTermination(); }
     [[nodiscard]] bool IsDryRun() const override { return FRun.DryRun; }
 
     /// Replaces the host variables of Expression and reports nothing.

@@ -21,9 +21,9 @@ public:
             ++FPosition;
     }
 
-    std::string ReadUntilChar(char Delimiter) override { return ReadUntilAny({&Delimiter, 1}); }
+    std::string_view ReadUntilChar(char Delimiter) override { return ReadUntilAny({&Delimiter, 1}); }
 
-    std::string ReadUntilAny(std::string_view Delimiters) override
+    std::string_view ReadUntilAny(std::string_view Delimiters) override
     {
         SkipWhiteSpace();
         const std::size_t Start = FPosition;
@@ -31,7 +31,7 @@ public:
         return FText.substr(Start, FPosition - Start);
     }
 
-    std::string ReadRest() override { return ReadUntilAny({}); }
+    std::string_view ReadRest() override { return ReadUntilAny({}); }
 
     char Next() override
     {
@@ -42,7 +42,7 @@ public:
     char Current() const override { return FPosition < FText.size() ? FText[FPosition] : '\0'; }
 
 private:
-    std::string FText;
+    std::string_view FText;
     std::size_t FPosition = 0;
 };
 } // namespace

@@ -7,9 +7,9 @@
 
 namespace
 {
-bool IsQuoted(std::string_view Text)
+bool IsQuoted(std::string_view Text, char Quote)
 {
-    return Text.size() >= 2 && Text.front() == '"' && Text.back() == '"';
+    return Text.size() >= 2 && Text.front() == Quote && Text.back() == Quote;
 }
 
 /// A path on a drive means nothing outside Windows, and no spelling of ours would make it mean more.
@@ -21,14 +21,15 @@ bool IsForeign(std::string_view Path)
 
 std::string DoubleQuoteString(std::string_view Text, bool Always)
 {
-    if (IsQuoted(Text) || (!Always && Text.find_first_of(" \t") == std::string_view::npos))
+    if (IsQuoted(Text, '"') || (!Always && Text.find_first_of(" \t") == std::string_view::npos))
         return std::string(Text);
     return std::string("\"").append(Text).append("\"");
 }
 
 std::string StripQuotes(std::string_view Text)
 {
-    return std::string(IsQuoted(Text) ? Text.substr(1, Text.size() - 2) : Text);
+    const bool Enclosed = IsQuoted(Text, '"') || IsQuoted(Text, '\'');
+    return std::string(Enclosed ? Text.substr(1, Text.size() - 2) : Text);
 }
 
 std::string ExpandRelativePath(std::string_view Path, std::string_view Folder)

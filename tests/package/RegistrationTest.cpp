@@ -1,6 +1,7 @@
 #include "tests/package/PackageTest.h"
 
 #include "host/QXServices.h"
+#include "package/plugin/QXDotNetAction.h"
 
 #include <array>
 #include <cstdio>
@@ -16,6 +17,8 @@ struct TRow
 };
 
 constexpr TRow Rows[] = {
+    {"TQXAssemblyInfoUpdaterAction", "AssemblyInfo Updater", "Compilers", "ASSEMBLYUPATER", 2500,
+     "Plugins\\AssemblyInfoUpdater.html", "Selection,BackupFiles,Recurse,Attributes,UpdateOnly"},
     {"TQXCSharpCompilerAction", "Microsoft C# Compiler", "Compilers", "CSHARP", 2510, "Plugins\\CSharpCompiler.html",
      "NoLogo,OutputInUTF8,Optimize,OutputFile,Target,Modules,LibLocations,References,Debug,SupressWarnings,WarnAsError,"
      "Defines,LinkResources,Resources,Icon,Win32Resources,BaseAddress,CodePage,MainClass,RecurseDir,RecurseFiles,Files,"
@@ -42,6 +45,8 @@ constexpr TRow Rows[] = {
      "ProjectFile,ConfigName,CFResGen,LibLocations,CopyConfigFiles,KeepResponseFile"},
     {"TQXBorlandCSBuilderProjCompilerAction", "Borland C# Builder Compiler", "Compilers", "BDSPROJ", 2570,
      "Plugins\\BorlandCSBuilderProjCompiler.html", "ProjectFile,ConfigName,KeepResponseFile"},
+    {"TQXDotNetComReferenceFixAction", "Fix TlbImp Project Reference", ".Net Tools", "ASSEMBLYUPATER", 4220,
+     "Plugins\\ComRefAction.html", "ProgID,ReferenceName,ProjectFile"},
     {"TGACInstallAction", "GAC Install [GACUTIL]", ".Net Tools", "GACINSTALL", 2630, "Plugins\\GACInstall.html",
      "AssemblyName,AssemblyPath,AssemblyListFile,UseListFile,Force,ReferenceCount,RefScheme,RefID,RefDescription"},
     {"TGACUninstallAction", "GAC Uninstall [GACUTIL]", ".Net Tools", "GACUNINSTALL", 2640, "Plugins\\GACUninstall.html",
@@ -78,8 +83,10 @@ TEST(Registration, GivesEveryActionInOrder)
         EXPECT_EQ(Actual.ImageName, Row.Image);
         EXPECT_EQ(Actual.ActionClass.HelpTopicID, Row.HelpTopic);
         EXPECT_EQ(Actual.ActionClass.QuickHelpFilename, Row.Help);
-        EXPECT_EQ(PersistedNames(*Actual.ActionClass.Create()),
-                  std::string("OverrideSDKDefault,SDKVersion,MinimumSDKVersion,") + Row.Properties);
+        const auto Action = Actual.ActionClass.Create();
+        const bool RunsDotNetTool = dynamic_cast<TQXDotNetAction*>(Action.get()) != nullptr;
+        const std::string Inherited = RunsDotNetTool ? "OverrideSDKDefault,SDKVersion,MinimumSDKVersion," : "";
+        EXPECT_EQ(PersistedNames(*Action), Inherited + Row.Properties);
         EXPECT_EQ(Host.Runtime.ActionServices().FindPropertyEditor(Row.ClassName, "ProjectFile"), nullptr);
     }
 }

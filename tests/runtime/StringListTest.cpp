@@ -100,6 +100,8 @@ TEST(Utilities, QuotesTexts)
     EXPECT_EQ(DoubleQuoteString("\"a\"", true), "\"a\"");
     EXPECT_EQ(DoubleQuoteString("\"", true), "\"\"\"");
     EXPECT_EQ(StripQuotes("\"a\""), "a");
+    EXPECT_EQ(StripQuotes("'a'"), "a");
+    EXPECT_EQ(StripQuotes("'a\""), "'a\"");
     EXPECT_EQ(StripQuotes("\""), "\"");
     EXPECT_EQ(StripQuotes("\"a"), "\"a");
 }

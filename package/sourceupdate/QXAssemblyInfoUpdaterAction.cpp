@@ -1,0 +1,149 @@
+#include "package/sourceupdate/QXAssemblyInfoUpdaterAction.h"
+
+#include "host/QXServices.h"
+#include "host/QXUtilities.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/ReadAhead.h"
+
+namespace
+{
+constexpr const char* FileScript = "OnProcessFile";
+constexpr const char* EntryScript = "OnProcessEntry";
+} // namespace
+
+TQXAssemblyInfoUpdaterAction::TQXAssemblyInfoUpdaterAction()
+{
+    Publish("Selection", Selection);
+    Publish("BackupFiles", BackupFiles);
+    Publish("Recurse", Recurse);
+    Publish("Attributes", Attributes);
+    Publish("UpdateOnly", UpdateOnly);
+    for (const char* Name : {FileScript, EntryScript})
+        TQXAssemblyInfoUpdaterAction::InitialiseScriptParams(AddScript(Name));
+}
+
+void TQXAssemblyInfoUpdaterAction::InitialiseScriptParams(TQXScript& Script)
+{
+    TQXAction::InitialiseScriptParams(Script);
+    if (Script.Name() != FileScript && Script.Name() != EntryScript)
+        return;
+    Script.AddParam("Action");
+    Script.AddParam("FileName", TQXParamType::String);
+    if (Script.Name() == FileScript)
+    {
+        Script.AddParam("AssemblyInfo").SetParamTypeName("IQXAssemblyInfoUpdater");
+        return;
+    }
+    Script.AddParam("EntryName", TQXParamType::String);
+    Script.AddParam("EntryValue", TQXParamType::String).SetIsOutput(true);
+}
+
+bool TQXAssemblyInfoUpdaterAction::Validate(IQXActionValidationError& Errors)
+{
+    if (Selection.IsEmpty())
+        Errors.AddError("Files", "No files have been added for updating");
+    return !Selection.IsEmpty();
+}
+
+bool TQXAssemblyInfoUpdaterAction::Execute()
+{
+    FFiles.clear();
+    FTerminated = false;
+    const bool Result = BuildFileList() && ProcessFiles();
+    FFiles.clear();
+    FTerminated = false;
+    return Result;
+}
+
+bool TQXAssemblyInfoUpdaterAction::BuildFileList()
+{
+    for (const std::string& Line : Selection)
+    {
+        std::string Path;
+        if (!TryExpandExpression("Selection", Line, Path, false))
+            return false;
+        if (Path.find_first_of("*?") == std::string::npos)
+            FFiles.push_back(std::move(Path));
+        else
+            ProcessWildCard(Files::Spelling(Paths::Folder(Path)), Paths::FileName(Path));
+        if (FTerminated)
+            break;
+    }
+    return true;
+}
+
+void TQXAssemblyInfoUpdaterAction::ProcessWildCard(const std::string& Folder, std::string_view Mask)
+{
+    if (Host() != nullptr)
+        Host()->Poll();
+    for (const std::string& Name : Files::Enumerate(Folder, Mask, Files::TEntryKind::Files))
+        FFiles.push_back(Folder + Name);
+    if (!Recurse)
+        return;
+    // Not through symbolic links: they lead out of the tree, or round in a circle.
+    for (const std::string& Name : Files::Enumerate(Folder, "*.*", Files::TEntryKind::OwnFolders))
+        if (!FTerminated)
+            ProcessWildCard(Paths::WithTrailing(Folder + Name), Mask);
+}
+
+bool TQXAssemblyInfoUpdaterAction::ProcessFiles()
+{
+    const bool DryRun = Host() != nullptr && Host()->IsDryRun();
+    TReadAhead Ahead(FFiles);
+    const auto Updater = NewAssemblyInfoUpdater({UpdateOnly, DryRun, &Ahead});
+    Updater->SetCallBack(*this);
+    bool Result = true;
+    for (std::size_t Index = 0; Index < FFiles.size() && Result && !FTerminated; ++Index)
+    {
+        SendMessage("Processing File : " + FFiles[Index]);
+        Result = AddEntriesToUpdater(*Updater) && Updater->ProcessFile(FFiles[Index], BackupFiles);
+    }
+    return Result;
+}
+
+bool TQXAssemblyInfoUpdaterAction::AddEntriesToUpdater(IQXAssemblyInfoUpdater& Updater) const
+{
+    std::string Name;
+    std::string Value;
+    for (std::size_t Index = 0; Index < Attributes.Count(); ++Index)
+    {
+        if (Attributes[Index].empty())
+            continue;
+        if (!TryExpandExpression("Attributes", Attributes.Name(Index), Name, true) ||
+            !TryExpandExpression("AttributeValue", Attributes.ValueAt(Index), Value, false))
+            return false;
+        const bool IsQuoted = Value.starts_with('"') || Value.starts_with('\'');
+        Updater.AddEntry(Name, StripQuotes(Value), IsQuoted);
+    }
+    return true;
+}
+
+void TQXAssemblyInfoUpdaterAction::OnProcessFile(const std::string& FileName, IQXAssemblyInfoUpdater& Updater)
+{
+    TQXScript* Script = FindScriptToRun(FileScript);
+    if (!Script)
+        return;
+    IQXScriptingServices& Services = QXScriptingServices();
+    Script->SetValue("Action", Services.ObjectToVariant(*this));
+    Script->SetValue("AssemblyInfo", Services.ObjectToVariant(Updater.GetImplementation()));
+    Script->SetValue("FileName", FileName);
+    // A failure has been reported; the file is updated all the same.
+    static_cast<void>(ExecuteScript(FileScript));
+}
+
+void TQXAssemblyInfoUpdaterAction::AssemblyInfoProcessEntry(const std::string& FileName, const std::string& EntryName,
+                                                            std::string& EntryValue)
+{
+    TQXScript* Script = FindScriptToRun(EntryScript);
+    if (!Script)
+        return;
+    Script->SetValue("Action", QXScriptingServices().ObjectToVariant(*this));
+    Script->SetValue("FileName", FileName);
+    Script->SetValue("EntryName", EntryName);
+    Script->SetValue("EntryValue", EntryValue);
+    if (!ExecuteScript(EntryScript))
+        return;
+    if (const auto* Value = std::get_if<std::string>(&Script->FindParam("EntryValue")->Value()))
+        EntryValue = *Value;
+}

@@ -1,0 +1,122 @@
+#include "package/sourceupdate/QXTypeLibrarySearch.h"
+
+#include "host/QXServices.h"
+
+#include <charconv>
+#include <string_view>
+#include <system_error>
+
+namespace
+{
+/// 0 for what is no hexadecimal number as a whole, or a larger one than any version is.
+std::uint32_t ReadHexadecimal(std::string_view Digits)
+{
+    std::uint32_t Result = 0;
+    const char* End = Digits.data() + Digits.size();
+    const auto [Stop, Error] = std::from_chars(Digits.data(), End, Result, 16);
+    return Error == std::errc() && Stop == End ? Result : 0;
+}
+
+/// The version that a key is named after; none for a name without a full stop.
+std::optional<TTypeLibraryVersion> ReadVersion(std::string_view KeyName)
+{
+    const std::size_t Stop = KeyName.find('.');
+    if (Stop == std::string_view::npos)
+        return std::nullopt;
+    return TTypeLibraryVersion{ReadHexadecimal(KeyName.substr(0, Stop)), ReadHexadecimal(KeyName.substr(Stop + 1))};
+}
+
+/// The version as the number by which versions compare.
+double Rank(const TTypeLibraryVersion& Version)
+{
+    const std::string Text = "0." + std::to_string(Version.Minor);
+    double Fraction = 0;
+    std::from_chars(Text.data(), Text.data() + Text.size(), Fraction);
+    return Version.Major + Fraction;
+}
+} // namespace
+
+std::string FindCurrentVersion(const std::vector<std::string>& KeyNames)
+{
+    std::string Best;
+    double BestRank = 0;
+    for (const std::string& Name : KeyNames)
+    {
+        const auto Version = ReadVersion(Name);
+        if (!Version || Rank(*Version) <= BestRank)
+            continue;
+        BestRank = Rank(*Version);
+        Best = Name;
+    }
+    return Best;
+}
+
+std::optional<TTypeLibrary> TTypeLibrarySearch::Run() const
+{
+    const std::string Guid = FindGuid();
+    if (Guid.empty())
+        return std::nullopt;
+    const auto Version = FindVersion("TypeLib\\" + Guid);
+    if (!Version)
+    {
+        FAction.SendMessage("Unable to update reference!");
+        return std::nullopt;
+    }
+    return TTypeLibrary{Guid, *Version};
+}
+
+std::unique_ptr<IRegistryKey> TTypeLibrarySearch::OpenKey(const std::string& Path)
+{
+    return QXRegistry().OpenKey(TRegistryRoot::ClassesRoot, Path);
+}
+
+std::string TTypeLibrarySearch::FindGuid() const
+{
+    FAction.SendMessage("Checking registry for CLSID...");
+    const std::string Clsid = ReadDefault(FProgID + "\\Clsid", "Unable to find ProgID : ");
+    if (Clsid.empty())
+        return {};
+    FAction.SendMessage("Found CLSID : " + Clsid);
+    FAction.SendMessage("Checking for TypeLib Guid...");
+    std::string Guid = ReadDefault("CLSID\\" + Clsid + "\\TypeLib", "Unable to find TypeLib Entry for : ");
+    if (!Guid.empty())
+        FAction.SendMessage("Found typelib guid : " + Guid);
+    return Guid;
+}
+
+/// A key's default value. Empty if there is none, which the log has been told then, for a missing key in the words
+/// of Missing.
+std::string TTypeLibrarySearch::ReadDefault(const std::string& Path, const std::string& Missing) const
+{
+    const auto Key = OpenKey(Path);
+    std::string Value = Key ? Key->ReadString("").value_or("") : "";
+    if (!Key)
+        FAction.SendMessage(Missing + FProgID + " in Registry.");
+    else if (Value.empty())
+        FAction.SendMessage("The registry key has no default value : " + Path);
+    return Value;
+}
+
+std::optional<TTypeLibraryVersion> TTypeLibrarySearch::FindVersion(const std::string& Path) const
+{
+    const auto Key = OpenKey(Path);
+    if (!Key)
+        return Fail("Unable to find registry key : " + Path);
+    FAction.SendMessage("Checking for current version of TypeLib in registry  key : " + Path);
+    const std::vector<std::string> Names = Key->SubKeyNames();
+    if (Names.empty())
+        return Fail("No version keys found under : " + Path);
+    for (const std::string& Name : Names)
+        FAction.SendMessage("Processing Key : " + Name);
+    const std::string Current = FindCurrentVersion(Names);
+    if (Current.empty())
+        return Fail("Unable to determine current version of TypeLib...");
+    FAction.SendMessage("Found current version : " + Current);
+    return ReadVersion(Current);
+}
+
+std::nullopt_t TTypeLibrarySearch::Fail(const std::string& Message) const
+{
+    FAction.SendMessage(Message);
+    return std::nullopt;
+}

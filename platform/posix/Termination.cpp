@@ -46,6 +46,7 @@ void CatchSignals()
     if (!IsIgnored(SIGHUP)) // nohup
         Catch(SIGHUP, OnSignal);
     Catch(SIGPIPE, SIG_IGN);
+    Catch(SIGXFSZ, SIG_IGN); // a file beyond its size limit is an error like a full disk
 }
 
 void Request(int Signal)

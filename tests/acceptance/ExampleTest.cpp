@@ -34,9 +34,10 @@ TEST_F(TExampleTest, CompilesAndRunsWithTheRealTools)
 {
     if (!fs::exists("/usr/lib/mono/4.5/mcs.exe") || !fs::exists("/usr/lib/mono/4.5/lc.exe"))
         GTEST_SKIP() << "Mono's tools are not installed";
-    const TProgramResult Result = Run({"run"});
+    const TProgramResult Result = Run({"run", "--set", "Version=2.7.1.8"});
     ASSERT_EQ(Result.ExitCode, 0) << Result.Out << Result.Err;
     EXPECT_THAT(Result.Out, HasSubstr("  Looking for the output of Core.dll\n"));
+    EXPECT_THAT(Shell("monodis --assembly bin/Release/AcmeConsole.exe"), HasSubstr("Version:       2.7.1.8\n"));
     EXPECT_EQ(Shell("mono bin/Release/AcmeConsole.exe"), "Acme's stock today:\n   3 anvil\n  12 rocket skates\n");
     EXPECT_EQ(Shell("mono bin/Release/AcmeForms.exe /check"), "Acme.Forms....Shared.About.txt\n"
                                                               "Acme.Forms.Logo.bmp\n"
@@ -47,6 +48,20 @@ TEST_F(TExampleTest, CompilesAndRunsWithTheRealTools)
                                                               "Welcome to the stock\n"
                                                               "anvil\n");
     EXPECT_FALSE(HasFile("bin/Release/lc.exe"));
+}
+
+TEST_F(TExampleTest, ADryRunTellsTheStampAndLeavesTheSources)
+{
+    UseStandInTools();
+    for (const char* Tool : {"csc.exe", "resgen.exe", "lc.exe"})
+        WriteStandIn(Tool);
+    const std::string Before = ReadFile("src/Acme.Core/AssemblyInfo.cs");
+    const TProgramResult Result =
+        Run({"run", "--dry-run", "--only", "Stamp the version", "--set", "Version=9.0.0.0", "--format", "json"});
+    EXPECT_EQ(Result.ExitCode, 0) << Result.Out << Result.Err;
+    EXPECT_THAT(Result.Out, HasSubstr("\"text\":\"Processing File : src/Acme.Core/AssemblyInfo.cs\""));
+    EXPECT_THAT(Result.Out, HasSubstr(R"(Would set Attribute : AssemblyVersion Value : \"1.5.0.0\" -> \"9.0.0.0\")"));
+    EXPECT_EQ(ReadFile("src/Acme.Core/AssemblyInfo.cs"), Before);
 }
 
 TEST_F(TExampleTest, OtherLanguagesGiveTheirResponseFiles)

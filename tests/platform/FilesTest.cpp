@@ -1,10 +1,11 @@
-#include "platform/Files.h"
+#include "platform/FileRewrite.h"
 
 #include "platform/Paths.h"
 #include "tests/runtime/TempFolder.h"
 
 #include "gtest/gtest.h"
 
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -12,6 +13,8 @@
 #include <fstream>
 #include <optional>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
 #include <thread>
 #include <unistd.h>
 
@@ -259,6 +262,54 @@ TEST_F(FilesTest, FailedReplacementLeavesEverythingAsItWas)
     EXPECT_FALSE(Files::IsReadOnly("None"));
 }
 
+TEST_F(FilesTest, ARewriteKeepsWhatTheFileIsAndNoticesOthers)
+{
+    Make("Real.cs", "old");
+    // An access list, in the system's form: owner and user 7 read and write, group and mask as well, others nothing.
+    constexpr char List[] = "\2\0\0\0\1\0\6\0\377\377\377\377\2\0\6\0\7\0\0\0\4\0\4\0\377\377\377\377"
+                            "\20\0\6\0\377\377\377\377 \0\0\0\377\377\377\377";
+    constexpr const char* ListName = "system.posix_acl_access";
+    const bool HasList = ::setxattr("Real.cs", ListName, List, sizeof List - 1, 0) == 0;
+    const bool HasOwner = ::chown("Real.cs", 1234, 4321) == 0;
+    fs::create_symlink("Real.cs", Folder / "Link.cs");
+    const std::string_view Pieces[] = {"ne", "", "w"};
+    TFileRewrite("link.CS").Replace(Pieces);
+    EXPECT_EQ(Files::Read("Real.cs"), "new");
+    EXPECT_TRUE(fs::is_symlink(Folder / "Link.cs"));
+    struct stat Status = {};
+    ASSERT_EQ(::stat("Real.cs", &Status), 0);
+    EXPECT_TRUE(!HasOwner || (Status.st_uid == 1234 && Status.st_gid == 4321));
+    char Kept[100];
+    EXPECT_TRUE(!HasList || ::getxattr("Real.cs", ListName, Kept, sizeof Kept) == sizeof List - 1);
+
+    TFileRewrite Rewrite("Real.cs");
+    std::this_thread::sleep_for(std::chrono::milliseconds(20)); // a file's times go by ticks
+    Make("Real.cs", "by another");
+    EXPECT_THROW(Rewrite.Replace(Pieces), EFileError);
+    EXPECT_EQ(Files::Read("Real.cs"), "by another");
+    ::mkfifo("Pipe.cs", 0644);
+    EXPECT_THROW(TFileRewrite("Pipe.cs"), EFileError);
+    EXPECT_EQ(TFileRewrite("Real.cs/x").State(), TFileRewrite::TState::Missing);
+    EXPECT_EQ(TFileRewrite(".").State(), TFileRewrite::TState::Missing);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Link.cs", "Pipe.cs", "Real.cs"}));
+}
+
+TEST_F(FilesTest, ABackupTakesThePlaceOfAnOldOneUnlessThatIsProtected)
+{
+    Make("a.cs", "new");
+    Make("b.bak/x");
+    Make("c.bak", "old");
+    fs::permissions(Folder / "c.bak", fs::perms{0444});
+    Make("target", "old");
+    fs::create_symlink("target", Folder / "d.bak");
+    for (const char* Name : {"b.bak", "c.bak", "d.bak", "e.bak"})
+        TFileRewrite("a.cs").Backup(Name);
+    EXPECT_EQ(Files::Read("c.bak"), "old");
+    EXPECT_EQ(Files::Read("target"), "old");
+    EXPECT_EQ(Files::Read("d.bak") + Files::Read("e.bak"), "newnew");
+    EXPECT_EQ(Names(), (std::vector<std::string>{"a.cs", "c.bak", "d.bak", "e.bak", "target"}));
+}
+
 TEST_F(FilesTest, AFullDiskLeavesNoHalfFile)
 {
     Make("Source.cs", std::string(100000, 's'));
@@ -266,6 +317,8 @@ TEST_F(FilesTest, AFullDiskLeavesNoHalfFile)
     const TFullDisk Full(50000);
     const std::string Bytes(100000, 'n');
     EXPECT_THROW(Files::ReplaceContent("Old.cs", Bytes), EFileError);
+    EXPECT_THROW(TFileRewrite("Old.cs").Replace(std::array<std::string_view, 1>{Bytes}), EFileError);
+    EXPECT_THROW(TFileRewrite("Source.cs").Backup("Old.cs"), EFileError);
     EXPECT_FALSE(Files::Copy("Source.cs", "Old.cs"));
     EXPECT_EQ(Files::Read("Old.cs"), "old");
     EXPECT_THROW(Files::Write("qxresp.rsp", Bytes), EFileError);

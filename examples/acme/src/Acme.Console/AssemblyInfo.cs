@@ -1,4 +1,4 @@
 using System.Reflection;
 
 [assembly: AssemblyTitle("AcmeConsole")]
-[assembly: AssemblyVersion("1.4.0.0")]
+[assembly: AssemblyVersion("1.5.0.0")]

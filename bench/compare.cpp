@@ -1,7 +1,8 @@
 // Runs two commands in turn, as whole processes with their output thrown away, and compares the medians:
-//   compare NAME [--runs N] [--ratio LIMIT] [--milliseconds LIMIT] [--mebibytes LIMIT] -- COMMAND... [-- YARDSTICK...]
-// The limits are for COMMAND: its time as a multiple of the yardstick's, its own time, its peak memory. Prints one line
-// and exits with 1 if a limit is passed.
+//   compare NAME [--runs N] [--sync 1] [--ratio LIMIT] [--milliseconds LIMIT] [--mebibytes LIMIT]
+//           -- COMMAND... [-- YARDSTICK...]
+// With --sync what waits to be written to disk is written before each run. The limits are for COMMAND: its time as a
+// multiple of the yardstick's, its own time, its peak memory. Prints one line and exits with 1 if a limit is passed.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -27,6 +28,7 @@ struct TRequest
 {
     std::string Name;
     int Runs = 21;
+    bool Sync = false;
     std::optional<double> Ratio;
     std::optional<double> Milliseconds;
     std::optional<double> Mebibytes;
@@ -53,6 +55,8 @@ TRequest ParseRequest(int Count, char** Arguments)
         const double Value = std::atof(Arguments[Index + 1]);
         if (Option == "--runs")
             Request.Runs = static_cast<int>(Value);
+        else if (Option == "--sync")
+            Request.Sync = Value != 0;
         else if (Option == "--ratio")
             Request.Ratio = Value;
         else if (Option == "--milliseconds")
@@ -73,9 +77,11 @@ TRequest ParseRequest(int Count, char** Arguments)
     return Request;
 }
 
-TSample RunOnce(std::vector<char*> Command)
+TSample RunOnce(const TRequest& Request, std::vector<char*> Command)
 {
     Command.push_back(nullptr);
+    if (Request.Sync)
+        sync();
     const auto Start = std::chrono::steady_clock::now();
     const pid_t Child = fork();
     if (Child == 0)
@@ -118,10 +124,10 @@ int main(int Count, char** Arguments)
     double Peak = 0;
     for (int Run = 0; Run < Request.Runs; ++Run)
     {
-        Ours.push_back(RunOnce(Request.Command));
+        Ours.push_back(RunOnce(Request, Request.Command));
         Peak = std::max(Peak, Ours.back().Mebibytes);
         if (!Request.Yardstick.empty())
-            Theirs.push_back(RunOnce(Request.Yardstick));
+            Theirs.push_back(RunOnce(Request, Request.Yardstick));
     }
     const double Time = MedianTime(Ours);
     std::printf("%-28s %9.2f ms", Request.Name.c_str(), Time);

@@ -106,10 +106,19 @@ bool TQXAssemblyInfo::Refuse(std::string_view Reason) const
     return false;
 }
 
-bool TQXAssemblyInfo::Load()
+/// Forgets the last file but for the form of its declarations.
+void TQXAssemblyInfo::Leave()
 {
+    if (LastDeclaration)
+        DeclarationClose = CloseOf(*LastDeclaration);
+    LastDeclaration.reset();
     FileLines.SetBytes({});
     Source.reset();
+}
+
+bool TQXAssemblyInfo::Load()
+{
+    Leave();
     Source.emplace(FileName, Mode.ReadAhead);
     if (Source->State() == TFileRewrite::TState::Missing)
         return Refuse("- does not exist!");
@@ -182,7 +191,7 @@ bool TQXAssemblyInfo::ReadDeclaration(IStringTokeniser& Scanner, TDeclaration& D
         ReadQuotedValue(Scanner, Declaration);
     else
         ReadPlainValue(Scanner, Declaration);
-    DeclarationClose = std::string(Declaration.CloseBlank).append(Declaration.Rest);
+    LastDeclaration = Declaration;
     return true;
 }
 
@@ -318,10 +327,17 @@ std::string TQXAssemblyInfo::NewEntryClose() const
 {
     if (DeclarationPrefix.empty())
         return std::string(AssemblyInfoForm(Language).Close);
-    if (!DeclarationClose.empty())
-        return DeclarationClose;
+    std::string Close = LastDeclaration ? CloseOf(*LastDeclaration) : DeclarationClose;
+    if (!Close.empty())
+        return Close;
     // The last declaration goes on in its next line.
     return DeclarationOpen == "<" ? ">" : DeclarationOpen == "[" ? "]" : " */";
+}
+
+/// What stands behind a declaration's closing parenthesis.
+std::string TQXAssemblyInfo::CloseOf(const TDeclaration& Declaration)
+{
+    return std::string(Declaration.CloseBlank).append(Declaration.Rest);
 }
 
 std::string TQXAssemblyInfo::NewEntry(const TEntry& Entry) const

@@ -48,6 +48,7 @@ private:
     [[nodiscard]] std::vector<TEntry>::iterator FindEntry(std::string_view Name);
     [[nodiscard]] bool Refuse(std::string_view Reason) const;
     [[nodiscard]] bool Load();
+    void Leave();
     void SetLanguage();
     void ScanLines();
     [[nodiscard]] bool IsEndOfScan();
@@ -66,6 +67,7 @@ private:
     void AddNewEntries();
     [[nodiscard]] std::string NewEntryStart() const;
     [[nodiscard]] std::string NewEntryClose() const;
+    [[nodiscard]] static std::string CloseOf(const TDeclaration& Declaration);
     [[nodiscard]] std::string NewEntry(const TEntry& Entry) const;
     void InsertLine(std::string_view Line);
 
@@ -79,7 +81,8 @@ private:
     IQXAssemblyInfoCallBack* CallBack = nullptr;
     std::string DeclarationPrefix;
     std::string DeclarationOpen;
-    std::string DeclarationClose = " ]";
+    std::string DeclarationClose = " ]";         ///< of the files before this one
+    std::optional<TDeclaration> LastDeclaration; ///< of this one
     bool ValueQuoted = false;
     std::vector<TEntry> Entries;
     std::optional<std::size_t> InsertIndex; ///< the place of new lines; none: behind the last one

@@ -46,10 +46,10 @@ void ReplaceContent(std::string_view Path, std::string_view Bytes);
 /// Whether a file has no write permission at all, whoever asks.
 [[nodiscard]] bool IsReadOnly(std::string_view Path);
 
-/// What Enumerate looks for: own folders are those that are no symbolic links.
+/// What Enumerate looks for: files are ordinary ones; own folders are those that are no symbolic links.
 enum class TEntryKind { Files, Folders, OwnFolders };
 /// The bare names of the entries of Folder that match Mask, sorted; "." and ".." are never among them.
-/// A folder that cannot be read has none.
+/// A folder that is not there has none. Throws EFileError for one that cannot be read.
 [[nodiscard]] std::vector<std::string> Enumerate(std::string_view Folder, std::string_view Mask, TEntryKind Kind);
 /// Matches a name against a mask with `*`, `?` and character sets `[a-z]`, `[!a-z]`, ignoring case.
 /// "*.*" matches every name.

@@ -22,6 +22,12 @@ private:
     T& FObject;
 };
 
+/// Whether a byte goes on with a character of UTF-8.
+bool IsTrailByte(char Byte)
+{
+    return (static_cast<unsigned char>(Byte) & 0xC0U) == 0x80;
+}
+
 /// Whether a line begins like a declaration; most do not.
 bool CanDeclare(std::string_view Line)
 {
@@ -110,7 +116,7 @@ bool TQXAssemblyInfo::Refuse(std::string_view Reason) const
 void TQXAssemblyInfo::Leave()
 {
     if (LastDeclaration)
-        DeclarationClose = CloseOf(*LastDeclaration);
+        DeclarationClose = FileLines.Decode(CloseOf(*LastDeclaration));
     LastDeclaration.reset();
     FileLines.SetBytes({});
     Source.reset();
@@ -236,6 +242,9 @@ void TQXAssemblyInfo::ReadQuotedValue(IStringTokeniser& Scanner, TDeclaration& D
     Scanner.SkipWhiteSpace();
     Declaration.IsClosed = Scanner.Current() == ')';
     Scanner.Next();
+    // What stands there instead of a parenthesis may be more than a byte.
+    while (IsTrailByte(Scanner.Current()) && FileLines.IsUtf8())
+        Scanner.Next();
     if (Scanner.Current() == ' ')
         Declaration.CloseBlank = " ";
     Declaration.Rest = Scanner.ReadRest();
@@ -323,11 +332,11 @@ std::string TQXAssemblyInfo::NewEntryStart() const
     return DeclarationOpen + DeclarationPrefix + ' ';
 }
 
-std::string TQXAssemblyInfo::NewEntryClose() const
+std::string TQXAssemblyInfo::NewEntryClose(const std::string& EntryName) const
 {
     if (DeclarationPrefix.empty())
         return std::string(AssemblyInfoForm(Language).Close);
-    std::string Close = LastDeclaration ? CloseOf(*LastDeclaration) : DeclarationClose;
+    std::string Close = LastDeclaration ? CloseOf(*LastDeclaration) : Encoded(DeclarationClose, EntryName);
     if (!Close.empty())
         return Close;
     // The last declaration goes on in its next line.
@@ -347,7 +356,7 @@ std::string TQXAssemblyInfo::NewEntry(const TEntry& Entry) const
     std::string Line = NewEntryStart() + Encoded(Entry.Name, Entry.Name);
     if (Language == TQXAssemblyInfoLanguage::alCPP)
         Line += "Attribute";
-    return Line + '(' + Quoted(Encoded(Entry.Value, Entry.Name), Entry.IsQuoted) + ')' + NewEntryClose();
+    return Line + '(' + Quoted(Encoded(Entry.Value, Entry.Name), Entry.IsQuoted) + ')' + NewEntryClose(Entry.Name);
 }
 
 std::string TQXAssemblyInfo::Quoted(std::string_view Value, bool IsQuoted) const
@@ -359,8 +368,10 @@ std::string TQXAssemblyInfo::Quoted(std::string_view Value, bool IsQuoted) const
 /// A text of an entry as the file is to hold it.
 std::string TQXAssemblyInfo::Encoded(const std::string& Text, const std::string& EntryName) const
 {
-    if (Text.find_first_of(std::string_view("\0\r\n", 3)) != std::string::npos)
-        throw EFileError(FileName, EntryName + " is to hold a line end or a NUL character, which no declaration can");
+    constexpr std::string_view Nul("\0", 1);
+    if (Text.find_first_of("\r\n") != std::string::npos || Text.find(Nul) != std::string::npos)
+        throw EFileError(FileName, Text::Replace(EntryName, Nul, "?") +
+                                       " is to hold a line end or a NUL character, which no declaration can");
     std::optional<std::string> Bytes = FileLines.Encode(Text);
     if (!Bytes)
         throw EFileError(FileName, EntryName + " is to hold characters that Windows-1252, in which the file counts as "

@@ -10,6 +10,11 @@ namespace
 {
 constexpr const char* FileScript = "OnProcessFile";
 constexpr const char* EntryScript = "OnProcessEntry";
+
+/// The run is ended in the middle of a file.
+struct TEnded
+{
+};
 } // namespace
 
 TQXAssemblyInfoUpdaterAction::TQXAssemblyInfoUpdaterAction()
@@ -97,9 +102,31 @@ bool TQXAssemblyInfoUpdaterAction::ProcessFiles()
     for (std::size_t Index = 0; Index < FFiles.size() && Result && !FTerminated; ++Index)
     {
         SendMessage("Processing File : " + FFiles[Index]);
-        Result = AddEntriesToUpdater(*Updater) && Updater->ProcessFile(FFiles[Index], BackupFiles);
+        Result = AddEntriesToUpdater(*Updater) && ProcessFile(*Updater, FFiles[Index]);
     }
     return Result;
+}
+
+bool TQXAssemblyInfoUpdaterAction::ProcessFile(IQXAssemblyInfoUpdater& Updater, const std::string& FileName) const
+try
+{
+    return Updater.ProcessFile(FileName, BackupFiles);
+}
+catch (const TEnded&)
+{
+    return false;
+}
+
+/// Runs a script of this action; false if it failed, which has been reported.
+bool TQXAssemblyInfoUpdaterAction::RunScript(const char* Name)
+{
+    const bool Succeeded = ExecuteScript(Name);
+    if (!Succeeded && Host() != nullptr)
+        Host()->Poll();
+    // A script that was cut off by the end of the run has done part of its work: the file stays as it was.
+    if (!Succeeded && FTerminated)
+        throw TEnded();
+    return Succeeded;
 }
 
 bool TQXAssemblyInfoUpdaterAction::AddEntriesToUpdater(IQXAssemblyInfoUpdater& Updater) const
@@ -129,7 +156,7 @@ void TQXAssemblyInfoUpdaterAction::OnProcessFile(const std::string& FileName, IQ
     Script->SetValue("AssemblyInfo", Services.ObjectToVariant(Updater.GetImplementation()));
     Script->SetValue("FileName", FileName);
     // A failure has been reported; the file is updated all the same.
-    static_cast<void>(ExecuteScript(FileScript));
+    static_cast<void>(RunScript(FileScript));
 }
 
 void TQXAssemblyInfoUpdaterAction::AssemblyInfoProcessEntry(const std::string& FileName, const std::string& EntryName,
@@ -142,7 +169,7 @@ void TQXAssemblyInfoUpdaterAction::AssemblyInfoProcessEntry(const std::string& F
     Script->SetValue("FileName", FileName);
     Script->SetValue("EntryName", EntryName);
     Script->SetValue("EntryValue", EntryValue);
-    if (!ExecuteScript(EntryScript))
+    if (!RunScript(EntryScript))
         return;
     if (const auto* Value = std::get_if<std::string>(&Script->FindParam("EntryValue")->Value()))
         EntryValue = *Value;

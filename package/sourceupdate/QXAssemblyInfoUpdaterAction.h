@@ -34,6 +34,8 @@ public:
     bool UpdateOnly = false;
 
 private:
+    [[nodiscard]] bool RunScript(const char* Name);
+    [[nodiscard]] bool ProcessFile(IQXAssemblyInfoUpdater& Updater, const std::string& FileName) const;
     [[nodiscard]] bool BuildFileList();
     void ProcessWildCard(const std::string& Folder, std::string_view Mask);
     [[nodiscard]] bool ProcessFiles();

@@ -38,6 +38,8 @@ public:
     /// The bytes with all changes made, to be written one behind the other.
     [[nodiscard]] std::vector<std::string_view> Pieces() const;
 
+    /// Whether all bytes of the file are UTF-8.
+    [[nodiscard]] bool IsUtf8() const;
     /// A text from the file in UTF-8, and back. Bytes that are no UTF-8 anywhere in the file make it Windows-1252.
     [[nodiscard]] std::string Decode(std::string_view Bytes) const;
     /// Whether bytes from the file stand for this text.
@@ -54,7 +56,6 @@ private:
     };
 
     void Add(TChange Change);
-    [[nodiscard]] bool IsUtf8() const;
 
     std::string_view FBytes;
     std::string_view FLine;

@@ -73,28 +73,28 @@ std::unique_ptr<IRegistryKey> TTypeLibrarySearch::OpenKey(const std::string& Pat
 std::string TTypeLibrarySearch::FindGuid() const
 {
     FAction.SendMessage("Checking registry for CLSID...");
-    const std::string Clsid = ReadDefault(FProgID + "\\Clsid", "Unable to find ProgID : ");
-    if (Clsid.empty())
+    const auto Clsid = ReadDefault(FProgID + "\\Clsid", "Unable to find ProgID : ");
+    if (!Clsid)
         return {};
-    FAction.SendMessage("Found CLSID : " + Clsid);
+    FAction.SendMessage("Found CLSID : " + *Clsid);
     FAction.SendMessage("Checking for TypeLib Guid...");
-    std::string Guid = ReadDefault("CLSID\\" + Clsid + "\\TypeLib", "Unable to find TypeLib Entry for : ");
-    if (!Guid.empty())
-        FAction.SendMessage("Found typelib guid : " + Guid);
-    return Guid;
+    const std::string Path = "CLSID\\" + *Clsid + "\\TypeLib";
+    const auto Guid = ReadDefault(Path, "Unable to find TypeLib Entry for : ");
+    if (!Guid)
+        return {};
+    FAction.SendMessage("Found typelib guid : " + *Guid);
+    if (Guid->empty())
+        FAction.SendMessage("The registry key has no default value : " + Path);
+    return *Guid;
 }
 
-/// A key's default value. Empty if there is none, which the log has been told then, for a missing key in the words
+/// A key's default value, which may be empty. None if there is no such key, which the log has been told in the words
 /// of Missing.
-std::string TTypeLibrarySearch::ReadDefault(const std::string& Path, const std::string& Missing) const
+std::optional<std::string> TTypeLibrarySearch::ReadDefault(const std::string& Path, const std::string& Missing) const
 {
-    const auto Key = OpenKey(Path);
-    std::string Value = Key ? Key->ReadString("").value_or("") : "";
-    if (!Key)
-        FAction.SendMessage(Missing + FProgID + " in Registry.");
-    else if (Value.empty())
-        FAction.SendMessage("The registry key has no default value : " + Path);
-    return Value;
+    if (const auto Key = OpenKey(Path))
+        return Key->ReadString("").value_or("");
+    return Fail(Missing + FProgID + " in Registry.");
 }
 
 std::optional<TTypeLibraryVersion> TTypeLibrarySearch::FindVersion(const std::string& Path) const

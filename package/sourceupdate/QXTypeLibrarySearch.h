@@ -39,7 +39,7 @@ public:
 private:
     [[nodiscard]] static std::unique_ptr<IRegistryKey> OpenKey(const std::string& Path);
     [[nodiscard]] std::string FindGuid() const;
-    [[nodiscard]] std::string ReadDefault(const std::string& Path, const std::string& Missing) const;
+    [[nodiscard]] std::optional<std::string> ReadDefault(const std::string& Path, const std::string& Missing) const;
     [[nodiscard]] std::optional<TTypeLibraryVersion> FindVersion(const std::string& Path) const;
     [[nodiscard]] std::nullopt_t Fail(const std::string& Message) const;
 

@@ -8,16 +8,16 @@
 
 namespace
 {
-using TClock = std::chrono::steady_clock;
-
 /// Opens what lies at exactly this path; a symbolic link at its end becomes what it stands for. A pipe without a
 /// writer is not waited for.
-TDescriptor OpenExactly(std::string& Path)
+TDescriptor OpenExactly(TFileImage& Image)
 {
+    std::string& Path = Image.Path;
     constexpr int Flags = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
     TDescriptor File(::open(Path.c_str(), Flags | O_NOFOLLOW));
     if (File.IsOpen() || errno != ELOOP)
         return File;
+    Image.IsBehindLink = true;
     Path = FollowLinks(std::move(Path));
     return TDescriptor(::open(Path.c_str(), Flags));
 }
@@ -28,13 +28,13 @@ bool IsMissing(int Number)
     return Number == ENOENT || Number == ENOTDIR;
 }
 
-TDescriptor OpenIgnoringCase(std::string& Path)
+TDescriptor OpenIgnoringCase(TFileImage& Image)
 {
-    TDescriptor File = OpenExactly(Path);
+    TDescriptor File = OpenExactly(Image);
     if (File.IsOpen() || !IsMissing(errno))
         return File;
-    Path = SystemPath(Path);
-    return OpenExactly(Path);
+    Image.Path = SystemPath(Image.Path);
+    return OpenExactly(Image);
 }
 
 TFileRewrite::TState StateOfUnopened(TFileImage& Image, int Number)
@@ -65,10 +65,10 @@ bool IsSame(const timespec& Left, const timespec& Right)
 TFileImage LoadImage(const std::string& Path, std::size_t MaximumSize)
 {
     TFileImage Image;
-    Image.Seen = TClock::now();
+    Image.ReadSince = std::chrono::steady_clock::now();
     // A path with a NUL names no file, but the system would take the NUL as its end.
     Image.Path = Path.find('\0') == std::string::npos ? Paths::Normalise(Path) : std::string();
-    const TDescriptor File = OpenIgnoringCase(Image.Path);
+    const TDescriptor File = OpenIgnoringCase(Image);
     if (!File.IsOpen())
     {
         Image.State = StateOfUnopened(Image, errno);
@@ -87,13 +87,8 @@ TFileImage LoadImage(const std::string& Path, std::size_t MaximumSize)
 }
 
 /// Any change, also that another file has taken the path, shows in what lies there or in the time of its status.
-bool IsCurrent(TFileImage& Image)
+bool IsCurrent(const TFileImage& Image)
 {
-    // The times of files go by ticks of about this length: a change within one may not show.
-    constexpr std::chrono::milliseconds Tick{10};
-    const auto Now = TClock::now();
-    if (Now - std::exchange(Image.Seen, Now) < Tick)
-        return true;
     struct stat Found = {};
     const struct stat& Read = Image.Status;
     return ::lstat(Image.Path.c_str(), &Found) == 0 && Found.st_ino == Read.st_ino && Found.st_dev == Read.st_dev &&

@@ -16,11 +16,12 @@ struct TFileImage
     struct stat Status = {};
     std::string AccessList;
     std::string Bytes;
-    std::chrono::steady_clock::time_point Seen; ///< when this was known to be what lies there
+    bool IsBehindLink = false;                       ///< the path given is a symbolic link
+    std::chrono::steady_clock::time_point ReadSince; ///< when the reading began
 };
 
 /// Reads a file if it can be rewritten. Throws EFileError, also for one of more bytes than MaximumSize.
 [[nodiscard]] TFileImage LoadImage(const std::string& Path,
                                    std::size_t MaximumSize = std::numeric_limits<std::size_t>::max());
-/// Whether the file is still the one that was read, as far as it can have changed since it was last seen.
-[[nodiscard]] bool IsCurrent(TFileImage& Image);
+/// Whether the file is still the one that was read.
+[[nodiscard]] bool IsCurrent(const TFileImage& Image);

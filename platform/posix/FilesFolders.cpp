@@ -10,6 +10,16 @@
 
 namespace
 {
+/// The next entry of a folder; null behind the last one.
+const dirent* ReadEntry(DIR* Folder, const std::string& Path)
+{
+    errno = 0;
+    const dirent* Entry = ::readdir(Folder);
+    if (Entry == nullptr && errno != 0)
+        throw SystemError(Path);
+    return Entry;
+}
+
 /// Whether an entry is of a kind, for most kinds behind symbolic links.
 bool IsKind(DIR* Folder, const dirent& Entry, Files::TEntryKind Kind)
 {
@@ -20,7 +30,7 @@ bool IsKind(DIR* Folder, const dirent& Entry, Files::TEntryKind Kind)
     const int Flags = Kind == Files::TEntryKind::OwnFolders ? AT_SYMLINK_NOFOLLOW : 0;
     if (::fstatat(::dirfd(Folder), Entry.d_name, &Status, Flags) != 0)
         return false;
-    return S_ISDIR(Status.st_mode) == WantsFolder;
+    return WantsFolder ? S_ISDIR(Status.st_mode) : S_ISREG(Status.st_mode);
 }
 
 std::string HomeFolder()
@@ -55,8 +65,11 @@ TFolderHandle OpenFolder(const std::string& Path)
 std::vector<std::string> Files::Enumerate(std::string_view Folder, std::string_view Mask, TEntryKind Kind)
 {
     std::vector<std::string> Result;
-    const TFolderHandle Handle = OpenFolder(SystemPath(Folder.empty() ? "." : Folder));
-    while (const dirent* Entry = Handle ? ::readdir(Handle.get()) : nullptr)
+    const std::string Path = SystemPath(Folder.empty() ? "." : Folder);
+    const TFolderHandle Handle = OpenFolder(Path);
+    if (!Handle && errno != ENOENT && errno != ENOTDIR)
+        throw SystemError(Path);
+    while (const dirent* Entry = Handle ? ReadEntry(Handle.get(), Path) : nullptr)
     {
         const std::string_view Name = Entry->d_name;
         if (Name != "." && Name != ".." && MatchesMask(Name, Mask) && IsKind(Handle.get(), *Entry, Kind))

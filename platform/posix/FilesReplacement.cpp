@@ -103,7 +103,7 @@ int TTemporaryFile::Create(const std::string& Beside, mode_t Mode)
         if (File < 0 && errno == EEXIST)
             continue;
         if (File < 0)
-            throw SystemError(Beside);
+            throw EFileError(Beside, "No file could be made in its folder: " + SystemError(Beside).Reason);
         FPath = std::move(Path);
         return File;
     }
@@ -131,23 +131,36 @@ TReplacement::TReplacement(std::string Path, const TModelFile& Model)
     TakeOver(Model);
 }
 
+/// Who could use the old file can use the new one, and nobody else: a replacement for which that cannot be had is none.
 void TReplacement::TakeOver(const TModelFile& Model)
 {
     const int File = FNew.File().Value();
-    mode_t Mode = Model.Status.st_mode & PermissionBits;
     struct stat Status = {};
     if (::fstat(File, &Status) != 0)
         throw SystemError(FPath);
     FOnDisk = IsOnDisk(File, Status.st_dev);
     const bool SameOwner = Status.st_uid == Model.Status.st_uid && Status.st_gid == Model.Status.st_gid;
-    // Mostly nobody but the superuser may give a file away; rights to become its owner stay behind then.
     if (!SameOwner && ::fchown(File, Model.Status.st_uid, Model.Status.st_gid) != 0)
-        Mode &= 0777;
-    if ((!SameOwner || Mode != (Status.st_mode & PermissionBits)) && ::fchmod(File, Mode) != 0)
+        throw EFileError(FPath, "Its owner or group could not be kept: " + SystemError(FPath).Reason);
+    const bool SameList = TakeAccessList(Model.AccessList);
+    const mode_t Mode = Model.Status.st_mode & PermissionBits;
+    if ((!SameOwner || !SameList || Mode != (Status.st_mode & PermissionBits)) && ::fchmod(File, Mode) != 0)
         throw SystemError(FPath);
-    if (!Model.AccessList.empty() &&
-        ::fsetxattr(File, AccessListName, Model.AccessList.data(), Model.AccessList.size(), 0) != 0)
+}
+
+/// Gives the new file the access list, also an empty one in the place of that which the folder brought; true if it had
+/// it already.
+bool TReplacement::TakeAccessList(const std::string& List)
+{
+    const int File = FNew.File().Value();
+    const std::string Brought = AccessListOf(FNew.File(), FPath);
+    if (Brought == List)
+        return true;
+    const int Result = List.empty() ? ::fremovexattr(File, AccessListName)
+                                    : ::fsetxattr(File, AccessListName, List.data(), List.size(), 0);
+    if (Result != 0)
         throw SystemError(FPath);
+    return false;
 }
 
 /// On a disk a full one shows before anything is written, and blocks that are there before the rename save it from

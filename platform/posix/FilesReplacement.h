@@ -59,6 +59,7 @@ public:
 
 private:
     void TakeOver(const TModelFile& Model);
+    [[nodiscard]] bool TakeAccessList(const std::string& List);
     void Reserve(std::size_t Size);
 
     std::string FPath;

@@ -99,10 +99,13 @@ void TReadAhead::TImpl::Forget(const struct stat& Replaced)
     FReplaced[FReplacedCount++ % FReplaced.size()] = {Replaced.st_dev, Replaced.st_ino};
 }
 
-bool TReadAhead::TImpl::IsUsable(TFileImage& Image) const
+/// A missing file may be there by now, a link may lead elsewhere, and what was read a while ago may have changed: a
+/// change after that shows when the file is replaced.
+bool TReadAhead::TImpl::IsUsable(const TFileImage& Image) const
 {
-    // A missing file may be there by now.
+    constexpr std::chrono::milliseconds While{5};
     const TIdentity Identity(Image.Status.st_dev, Image.Status.st_ino);
-    return Image.State == TFileRewrite::TState::Loaded &&
-           std::find(FReplaced.begin(), FReplaced.end(), Identity) == FReplaced.end() && IsCurrent(Image);
+    return Image.State == TFileRewrite::TState::Loaded && !Image.IsBehindLink &&
+           std::find(FReplaced.begin(), FReplaced.end(), Identity) == FReplaced.end() &&
+           (std::chrono::steady_clock::now() - Image.ReadSince < While || IsCurrent(Image));
 }

@@ -40,7 +40,7 @@ private:
 
     void ReadFiles();
     [[nodiscard]] bool ReadNext();
-    [[nodiscard]] bool IsUsable(TFileImage& Image) const;
+    [[nodiscard]] bool IsUsable(const TFileImage& Image) const;
     [[nodiscard]] TSlot& Slot(std::size_t Index) { return FSlots[Index % Window]; }
 
     const std::vector<std::string>& FPaths;

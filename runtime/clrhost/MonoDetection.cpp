@@ -41,6 +41,19 @@ bool IsProfile(const std::string& Folder, const std::string& Name)
     const bool IsNumber = !Name.empty() && Name.find_first_not_of("0123456789.") == std::string::npos;
     return IsNumber && Files::FileExists(Paths::Join(Paths::Join(Folder, Name), "mcs.exe"));
 }
+
+/// The folders in a folder of Mono's. One that others keep to themselves holds nothing for us.
+std::vector<std::string> FoldersIn(const std::string& Folder)
+{
+    try
+    {
+        return Files::Enumerate(Folder, "*", Files::TEntryKind::Folders);
+    }
+    catch (const EFileError&)
+    {
+        return {};
+    }
+}
 } // namespace
 
 std::vector<std::string> MonoPrefixes()
@@ -64,7 +77,7 @@ TDotNetVersionList DetectMono(const std::vector<std::string>& Prefixes)
     for (const std::string& Prefix : Prefixes)
     {
         const std::string Folder = Paths::Join(Prefix, Paths::Normalise("lib/mono"));
-        for (const std::string& Name : Files::Enumerate(Folder, "*", Files::TEntryKind::Folders))
+        for (const std::string& Name : FoldersIn(Folder))
             if (IsProfile(Folder, Name))
                 Result.push_back(std::make_unique<TMonoVersion>(Paths::Join(Folder, Name)));
         if (!Result.empty())

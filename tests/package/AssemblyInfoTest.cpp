@@ -175,6 +175,17 @@ TEST(AssemblyInfo, AddsWhatAFileLacks)
     }
 }
 
+TEST(AssemblyInfo, TheFormOfAnEarlierFileIsWrittenAsThisOneIs)
+{
+    TUpdate Update({"old.cs", "new.cs", "none.vb"}, {"N=1"});
+    Update.Write("old.cs", "[assembly: A(\"x\")] // f\xFCr\n");
+    Update.Write("new.cs", "// für\n");
+    Update.Write("none.vb", "' x\n");
+    Update.Execute();
+    EXPECT_THAT(Update.Read("new.cs"), testing::HasSubstr("\n[assembly: N(1)] // für\n"));
+    EXPECT_THAT(Update.Read("none.vb"), testing::HasSubstr("\n[assembly: N(1)] // für\n"));
+}
+
 TEST(AssemblyInfo, TellsWhatItDoesAndADryRunWhatItWould)
 {
     const std::string Content =
@@ -330,19 +341,19 @@ TEST(AssemblyInfo, FilesReadAheadAreTheOnesThatAreThere)
     EXPECT_TRUE(fs::is_symlink("link.cs"));
 }
 
-TEST(AssemblyInfo, EndsBetweenTwoFiles)
+TEST(AssemblyInfo, AFileWhoseScriptIsCutOffByTheEndOfTheRunStaysAsItWas)
 {
+    const std::string Before = "[assembly: A(0)]\n[assembly: B(0)]";
     TUpdate Update({"a.cs", "b.cs"}, {"A=1"});
     for (const char* Name : {"a.cs", "b.cs"})
-        Update.Write(Name, "[assembly: A(0)]");
-    // As a signal in the middle of the first file.
+        Update.Write(Name, Before);
     QXScriptingServices().RegisterGlobal("Stop", []() -> TQXVariant {
         Termination::Request(SIGTERM);
         return true;
     });
-    Update.Action->GetScriptByName("OnProcessFile")->SetText("Action.SendMessage(String(Stop))");
-    Update.Execute();
+    Update.Action->GetScriptByName("OnProcessEntry")->SetText("if (EntryName == 'B') { Stop; while (true) ; }");
+    EXPECT_EQ(Update.Execute(false).size(), 2U);
     Termination::Reset();
-    EXPECT_EQ(Update.Read("a.cs"), "[assembly: A(1)]");
-    EXPECT_EQ(Update.Read("b.cs"), "[assembly: A(0)]");
+    EXPECT_EQ(Update.Read("a.cs"), Before);
+    EXPECT_EQ(Update.Read("b.cs"), Before);
 }

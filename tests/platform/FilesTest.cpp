@@ -283,7 +283,6 @@ TEST_F(FilesTest, ARewriteKeepsWhatTheFileIsAndNoticesOthers)
     EXPECT_TRUE(!HasList || ::getxattr("Real.cs", ListName, Kept, sizeof Kept) == sizeof List - 1);
 
     TFileRewrite Rewrite("Real.cs");
-    std::this_thread::sleep_for(std::chrono::milliseconds(20)); // a file's times go by ticks
     Make("Real.cs", "by another");
     EXPECT_THROW(Rewrite.Replace(Pieces), EFileError);
     EXPECT_EQ(Files::Read("Real.cs"), "by another");
@@ -291,7 +290,7 @@ TEST_F(FilesTest, ARewriteKeepsWhatTheFileIsAndNoticesOthers)
     EXPECT_THROW(TFileRewrite("Pipe.cs"), EFileError);
     EXPECT_EQ(TFileRewrite("Real.cs/x").State(), TFileRewrite::TState::Missing);
     EXPECT_EQ(TFileRewrite(".").State(), TFileRewrite::TState::Missing);
-    EXPECT_EQ(Names(), (std::vector<std::string>{"Link.cs", "Pipe.cs", "Real.cs"}));
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Link.cs", "Real.cs"})); // a pipe is no file
 }
 
 TEST_F(FilesTest, ABackupTakesThePlaceOfAnOldOneUnlessThatIsProtected)

@@ -68,21 +68,21 @@ TFileImage LoadImage(const std::string& Path, std::size_t MaximumSize)
     Image.ReadSince = std::chrono::steady_clock::now();
     // A path with a NUL names no file, but the system would take the NUL as its end.
     Image.Path = Path.find('\0') == std::string::npos ? Paths::Normalise(Path) : std::string();
-    const TDescriptor File = OpenIgnoringCase(Image);
-    if (!File.IsOpen())
+    Image.File = OpenIgnoringCase(Image);
+    if (!Image.File.IsOpen())
     {
         Image.State = StateOfUnopened(Image, errno);
         return Image;
     }
-    if (::fstat(File.Value(), &Image.Status) != 0)
+    if (::fstat(Image.File.Value(), &Image.Status) != 0)
         throw SystemError(Image.Path);
     Image.State = StateOfOpened(Image);
     if (Image.State != TFileRewrite::TState::Loaded)
         return Image;
     if (static_cast<std::size_t>(Image.Status.st_size) > MaximumSize)
         throw SystemError(Image.Path, EFBIG);
-    Image.Bytes = ReadAll(File, Image.Path, Image.Status);
-    Image.AccessList = AccessListOf(File, Image.Path);
+    Image.Bytes = ReadAll(Image.File, Image.Path, Image.Status);
+    Image.AccessList = AccessListOf(Image.File, Image.Path);
     return Image;
 }
 

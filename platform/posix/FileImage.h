@@ -13,6 +13,7 @@ struct TFileImage
 {
     TFileRewrite::TState State = TFileRewrite::TState::Missing;
     std::string Path; ///< as it is spelled on disk, behind symbolic links
+    TDescriptor File{-1};
     struct stat Status = {};
     std::string AccessList;
     std::string Bytes;

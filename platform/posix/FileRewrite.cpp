@@ -9,6 +9,15 @@
 
 struct TFileRewrite::TImpl
 {
+    TImpl(TFileImage AImage, TReadAhead::TImpl* AAhead) : Image(std::move(AImage)), Ahead(AAhead) {}
+    ~TImpl()
+    {
+        if (Ahead)
+            Ahead->Retire(std::move(Image.File));
+    }
+    TImpl(const TImpl&) = delete;
+    TImpl& operator=(const TImpl&) = delete;
+
     void CheckAccess() const;
 
     TFileImage Image;
@@ -27,7 +36,7 @@ TFileRewrite::TFileRewrite(const std::string& Path, TReadAhead* Ahead)
 {
     TReadAhead::TImpl* Reader = Ahead ? Ahead->FImpl.get() : nullptr;
     std::optional<TFileImage> Image = Reader ? Reader->Take(Path) : std::nullopt;
-    FImpl = std::make_unique<TImpl>(TImpl{Image ? *std::move(Image) : LoadImage(Path), Reader});
+    FImpl = std::make_unique<TImpl>(Image ? *std::move(Image) : LoadImage(Path), Reader);
 }
 
 TFileRewrite::~TFileRewrite() = default;

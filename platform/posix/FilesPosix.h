@@ -23,7 +23,11 @@ public:
             ::close(FValue);
     }
     TDescriptor(TDescriptor&& Other) noexcept : FValue(std::exchange(Other.FValue, -1)) {}
-    TDescriptor& operator=(TDescriptor&&) = delete;
+    TDescriptor& operator=(TDescriptor&& Other) noexcept
+    {
+        std::swap(FValue, Other.FValue);
+        return *this;
+    }
 
     [[nodiscard]] int Value() const { return FValue; }
     [[nodiscard]] bool IsOpen() const { return FValue >= 0; }

@@ -59,6 +59,7 @@ bool TReadAhead::TImpl::ReadNext()
             return false;
     while (!FClaimed.compare_exchange_weak(Index, Index + 1));
     TSlot& Target = Slot(Index);
+    Target.Retired.reset();
     try
     {
         Target.Image = LoadImage(FPaths[Index], MaximumSize);
@@ -92,6 +93,12 @@ std::optional<TFileImage> TReadAhead::TImpl::Take(const std::string& Path)
     if (Image && !IsUsable(*Image))
         Image.reset();
     return Image;
+}
+
+void TReadAhead::TImpl::Retire(TDescriptor File)
+{
+    if (FNext != 0)
+        Slot(FNext - 1).Retired = std::move(File);
 }
 
 void TReadAhead::TImpl::Forget(const struct stat& Replaced)

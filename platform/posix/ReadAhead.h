@@ -24,6 +24,9 @@ struct TReadAhead::TImpl
 
     /// What was read of the next file, if that is the one asked for, it was read at all and is still the same.
     [[nodiscard]] std::optional<TFileImage> Take(const std::string& Path);
+    /// Closes a file that was taken, later and in the other thread: a file that was replaced goes with that, which
+    /// takes as long as making a new one.
+    void Retire(TDescriptor File);
     /// Says that a file was replaced: what was read of it, under whichever name, is out of date.
     void Forget(const struct stat& Replaced);
 
@@ -35,6 +38,7 @@ private:
     struct TSlot
     {
         std::optional<TFileImage> Image;
+        std::optional<TDescriptor> Retired;
         std::atomic<std::size_t> Filled = 0; ///< for the file of this number, from 1
     };
 

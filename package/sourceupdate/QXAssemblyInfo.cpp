@@ -275,8 +275,8 @@ void TQXAssemblyInfo::UpdateDeclaration(const TDeclaration& Declaration)
     if (!Mode.DryRun || FileLines.Line().substr(0, Length) != Text)
         ReportSetting(Name, Declaration.Value, Value);
     if (!Declaration.IsClosed)
-        SendMessage("Warning - " + Name + " has no parenthesis behind its value in line " +
-                    std::to_string(FileLines.Number()) + ", what follows there was kept");
+        SendMessage("Warning - " + Name + " in line " + std::to_string(FileLines.Number()) +
+                    " has no parenthesis behind its value, see whether the line still is right");
     FileLines.ReplaceStart(Length, std::move(Text));
 }
 
@@ -332,14 +332,15 @@ std::string TQXAssemblyInfo::NewEntryStart() const
     return DeclarationOpen + DeclarationPrefix + ' ';
 }
 
-std::string TQXAssemblyInfo::NewEntryClose(const std::string& EntryName) const
+std::string TQXAssemblyInfo::NewEntryClose() const
 {
     if (DeclarationPrefix.empty())
         return std::string(AssemblyInfoForm(Language).Close);
-    std::string Close = LastDeclaration ? CloseOf(*LastDeclaration) : Encoded(DeclarationClose, EntryName);
-    if (!Close.empty())
-        return Close;
-    // The last declaration goes on in its next line.
+    const std::optional<std::string> Close =
+        LastDeclaration ? CloseOf(*LastDeclaration) : FileLines.Encode(DeclarationClose);
+    if (Close && !Close->empty())
+        return *Close;
+    // The last declaration goes on in its next line, or was followed by letters that this file cannot hold.
     return DeclarationOpen == "<" ? ">" : DeclarationOpen == "[" ? "]" : " */";
 }
 
@@ -356,7 +357,7 @@ std::string TQXAssemblyInfo::NewEntry(const TEntry& Entry) const
     std::string Line = NewEntryStart() + Encoded(Entry.Name, Entry.Name);
     if (Language == TQXAssemblyInfoLanguage::alCPP)
         Line += "Attribute";
-    return Line + '(' + Quoted(Encoded(Entry.Value, Entry.Name), Entry.IsQuoted) + ')' + NewEntryClose(Entry.Name);
+    return Line + '(' + Quoted(Encoded(Entry.Value, Entry.Name), Entry.IsQuoted) + ')' + NewEntryClose();
 }
 
 std::string TQXAssemblyInfo::Quoted(std::string_view Value, bool IsQuoted) const

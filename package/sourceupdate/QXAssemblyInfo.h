@@ -66,7 +66,7 @@ private:
 
     void AddNewEntries();
     [[nodiscard]] std::string NewEntryStart() const;
-    [[nodiscard]] std::string NewEntryClose(const std::string& EntryName) const;
+    [[nodiscard]] std::string NewEntryClose() const;
     [[nodiscard]] static std::string CloseOf(const TDeclaration& Declaration);
     [[nodiscard]] std::string NewEntry(const TEntry& Entry) const;
     void InsertLine(std::string_view Line);

@@ -196,7 +196,7 @@ TEST(AssemblyInfo, TellsWhatItDoesAndADryRunWhatItWould)
     Update.Set("BackupFiles", "true");
     Update.Write("s.cs", Content);
     const std::string Warning =
-        "Warning - D has no parenthesis behind its value in line 4, what follows there was kept";
+        "Warning - D in line 4 has no parenthesis behind its value, see whether the line still is right";
     const std::string Heading = "Processing File : " + Update.Host.Folder.Path() + "\\s.cs";
 
     Update.Host.Settings.DryRun = true;

@@ -156,3 +156,18 @@ TEST_F(TEndingTest, AProgramWithoutStandardStreamsRuns)
     ASSERT_EQ(std::system(Line.c_str()), 0);
     EXPECT_THAT(ReadFile("log"), HasSubstr("2 succeeded"));
 }
+
+TEST_F(TEndingTest, ASizeLimitIsAnErrorThatLeavesSourcesWhole)
+{
+    const std::string Source = "[assembly: A(\"x\")] //" + std::string(4000, 'c');
+    WriteFile("a.cs", Source);
+    WriteFile("quexley.toml", "[[action]]\ntype = \"TQXAssemblyInfoUpdaterAction\"\nSelection = [\"a.cs\"]\n"
+                              "Attributes = [\"A='y'\"]\nBackupFiles = false\n");
+    WriteTool("limited", "ulimit -f 4; exec '" QUEXLEY_BINARY_DIR "/bin/quexley' run > log 2>&1");
+    const std::filesystem::path Options = OptionsFile();
+    const std::string Home = Options.parent_path().parent_path().parent_path().string();
+    EXPECT_EQ(WEXITSTATUS(std::system(("cd '" + Folder() + "' && HOME='" + Home + "' ./limited").c_str())), 1);
+    EXPECT_THAT(ReadFile("log"), HasSubstr("The action ended with an error : a.cs: File too large\n"));
+    EXPECT_EQ(ReadFile("a.cs"), Source);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder()), {}), 5) << "something is left";
+}

@@ -56,6 +56,14 @@ TFileRewrite::TState StateOfOpened(const TFileImage& Image)
     return HasNoWriteBit(Image.Status) ? TFileRewrite::TState::ReadOnly : TFileRewrite::TState::Loaded;
 }
 
+/// Whether the path still leads to the file. It may have been moved away with its folder, which does not change it.
+bool IsAtItsPath(const TFileImage& Image)
+{
+    struct stat Found = {};
+    return ::lstat(Image.Path.c_str(), &Found) == 0 && Found.st_ino == Image.Status.st_ino &&
+           Found.st_dev == Image.Status.st_dev;
+}
+
 bool IsSame(const timespec& Left, const timespec& Right)
 {
     return Left.tv_sec == Right.tv_sec && Left.tv_nsec == Right.tv_nsec;
@@ -86,11 +94,17 @@ TFileImage LoadImage(const std::string& Path, std::size_t MaximumSize)
     return Image;
 }
 
-/// Any change, also that another file has taken the path, shows in what lies there or in the time of its status.
+bool IsOld(const TFileImage& Image)
+{
+    constexpr std::chrono::milliseconds While{5};
+    return std::chrono::steady_clock::now() - Image.ReadSince >= While;
+}
+
+/// Any change to a file, also that another one has taken its path, shows in its size or in the time of its status.
 bool IsCurrent(const TFileImage& Image)
 {
-    struct stat Found = {};
+    struct stat Now = {};
     const struct stat& Read = Image.Status;
-    return ::lstat(Image.Path.c_str(), &Found) == 0 && Found.st_ino == Read.st_ino && Found.st_dev == Read.st_dev &&
-           Found.st_size == Read.st_size && IsSame(Found.st_ctim, Read.st_ctim);
+    return ::fstat(Image.File.Value(), &Now) == 0 && Now.st_size == Read.st_size && IsSame(Now.st_ctim, Read.st_ctim) &&
+           (!IsOld(Image) || IsAtItsPath(Image));
 }

@@ -24,5 +24,7 @@ struct TFileImage
 /// Reads a file if it can be rewritten. Throws EFileError, also for one of more bytes than MaximumSize.
 [[nodiscard]] TFileImage LoadImage(const std::string& Path,
                                    std::size_t MaximumSize = std::numeric_limits<std::size_t>::max());
+/// Whether it was read a while ago.
+[[nodiscard]] bool IsOld(const TFileImage& Image);
 /// Whether the file is still the one that was read.
 [[nodiscard]] bool IsCurrent(const TFileImage& Image);

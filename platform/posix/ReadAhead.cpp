@@ -110,9 +110,8 @@ void TReadAhead::TImpl::Forget(const struct stat& Replaced)
 /// change after that shows when the file is replaced.
 bool TReadAhead::TImpl::IsUsable(const TFileImage& Image) const
 {
-    constexpr std::chrono::milliseconds While{5};
     const TIdentity Identity(Image.Status.st_dev, Image.Status.st_ino);
     return Image.State == TFileRewrite::TState::Loaded && !Image.IsBehindLink &&
            std::find(FReplaced.begin(), FReplaced.end(), Identity) == FReplaced.end() &&
-           (std::chrono::steady_clock::now() - Image.ReadSince < While || IsCurrent(Image));
+           (!IsOld(Image) || IsCurrent(Image));
 }

@@ -282,6 +282,14 @@ TEST_F(FilesTest, ARewriteKeepsWhatTheFileIsAndNoticesOthers)
     char Kept[100];
     EXPECT_TRUE(!HasList || ::getxattr("Real.cs", ListName, Kept, sizeof Kept) == sizeof List - 1);
 
+    // A list that the folder gives to new files is not to open one that had none.
+    Make("Sub/Closed.cs", "old");
+    fs::permissions(Folder / "Sub/Closed.cs", fs::perms{0640});
+    const bool HasDefault = ::setxattr("Sub", "system.posix_acl_default", List, sizeof List - 1, 0) == 0;
+    TFileRewrite("Sub/Closed.cs").Replace(Pieces);
+    EXPECT_TRUE(!HasDefault || ::getxattr("Sub/Closed.cs", ListName, Kept, sizeof Kept) < 0);
+    EXPECT_EQ(Mode("Sub/Closed.cs"), 0640U);
+
     TFileRewrite Rewrite("Real.cs");
     Make("Real.cs", "by another");
     EXPECT_THROW(Rewrite.Replace(Pieces), EFileError);

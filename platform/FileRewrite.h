@@ -30,7 +30,7 @@ public:
     void Backup(const std::string& Path) const;
     /// Makes Pieces, one behind the other, the file's content: a new file beside it is renamed over the old one,
     /// keeping owner, mode and access list and, through a symbolic link, the link. Throws EFileError, also if another
-    /// program has changed the file since it was read; the old file then is as it was.
+    /// program has changed the file since it was read or owner or group cannot be kept; the old file then is as it was.
     void Replace(std::span<const std::string_view> Pieces);
 
 private:

@@ -35,7 +35,8 @@ namespace Files
 /// Writes a file in place, making or truncating it: for generated files. Throws EFileError.
 void Write(std::string_view Path, std::string_view Bytes);
 /// Replaces a file's content whole or not at all: a new file beside it is renamed over the old one,
-/// keeping mode and, through a symbolic link, the link. Makes the file if there is none. Throws EFileError.
+/// keeping owner, mode and access list and, through a symbolic link, the link. Makes the file if there is none. Throws
+/// EFileError, also where owner or group cannot be kept.
 void ReplaceContent(std::string_view Path, std::string_view Bytes);
 /// Deletes a file; false if it is there and cannot be deleted.
 [[nodiscard]] bool Delete(std::string_view Path);

@@ -53,6 +53,7 @@ struct TAssemblyInfoMode
     TReadAhead* ReadAhead = nullptr; ///< of the files to be processed, in their order
 };
 
+/// An updater without entries, which has not met a declaration yet: one for all files of a run.
 [[nodiscard]] std::unique_ptr<IQXAssemblyInfoUpdater> NewAssemblyInfoUpdater(TAssemblyInfoMode Mode);
 
 /// Makes AddEntry and RemoveEntry known to scripts.

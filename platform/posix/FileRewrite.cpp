@@ -67,7 +67,7 @@ void TFileRewrite::Backup(const std::string& Path) const
 
 void TFileRewrite::Replace(std::span<const std::string_view> Pieces)
 {
-    TFileImage& Image = FImpl->Image;
+    const TFileImage& Image = FImpl->Image;
     FImpl->CheckAccess();
     TReplacement Replacement(Image.Path, {Image.Status, Image.AccessList});
     Replacement.Write(Pieces);

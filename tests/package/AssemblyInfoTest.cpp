@@ -1,6 +1,7 @@
 // Scripts, links and the end of a run in the AssemblyInfo updater. What it makes of sources is in
 // data/assemblyinfo*.txt.
 #include "host/QXServices.h"
+#include "package/sourceupdate/QXAssemblyInfoUpdater.h"
 #include "platform/Processes.h"
 #include "runtime/scripting/DuktapeEngine.h"
 #include "tests/package/PackageTest.h"
@@ -47,7 +48,6 @@ struct TUpdate
     TPackageHost Host;
     std::unique_ptr<TCustomQXAction> Action;
 };
-
 } // namespace
 
 TEST(AssemblyInfo, AValueThatNoDeclarationCanHoldIsRefused)
@@ -60,6 +60,27 @@ TEST(AssemblyInfo, AValueThatNoDeclarationCanHoldIsRefused)
         EXPECT_THROW(Update.Host.Execute(*Update.Action), std::exception);
         EXPECT_EQ(Update.Read("a.cs"), Before);
     }
+}
+
+TEST(AssemblyInfo, TheUpdatedTextCanBeWrittenElsewhere)
+{
+    struct TOwner final : IQXAssemblyInfoCallBack
+    {
+        void OnProcessFile(const std::string&, IQXAssemblyInfoUpdater&) override {}
+        void AssemblyInfoProcessMessage(const std::string&) override {}
+        void AssemblyInfoProcessEntry(const std::string&, const std::string&, std::string& Value) override
+        {
+            Value = "1";
+        }
+    } Owner;
+    const TWorkFolder Folder;
+    Folder.Write("a.cs", "a\n[assembly: A(0)]\r\n");
+    const auto Updater = NewAssemblyInfoUpdater({.DryRun = true});
+    Updater->SetCallBack(Owner);
+    EXPECT_TRUE(Updater->ProcessFile("a.cs", true));
+    Updater->SaveToFile("b.cs");
+    EXPECT_EQ(Folder.Read("a.cs"), "a\n[assembly: A(0)]\r\n");
+    EXPECT_EQ(Folder.Read("b.cs"), "a\n[assembly: A(1)]\r\n");
 }
 
 TEST(AssemblyInfo, FoldersAreNotLookedThroughByLinks)

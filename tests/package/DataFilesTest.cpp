@@ -254,8 +254,14 @@ private:
             const auto [Name, Text] = SplitAt(Item, " = ");
             EXPECT_EQ(FHost.Folder.Read(Name), Bytes(Text)) << Name;
         }
-        for (const std::string& Name : Expected("untouched"))
-            EXPECT_EQ(fs::hard_link_count(Name), 2U) << Name << " was written";
+        const auto Untouched = Expected("untouched");
+        for (const std::string& Name : Untouched)
+            EXPECT_EQ(fs::hard_link_count(Name), 2U) << Name << " was replaced";
+        for (const auto& [Name, Text] : FCase.Sources)
+        {
+            const bool Stays = std::find(Untouched.begin(), Untouched.end(), Name) != Untouched.end();
+            EXPECT_TRUE(!Stays || FHost.Folder.Read(Name) == Bytes(Fill(Text))) << Name << " was written";
+        }
         for (const std::string& Item : Expected("content"))
         {
             const auto [Name, Content] = SplitAt(Item, " = ");

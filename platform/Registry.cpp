@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace
@@ -66,41 +67,84 @@ const TNode* Descend(const TNode* Node, std::string_view Path)
     return Node;
 }
 
+/// The same key in one or more branches, the first of which counts first.
 class TRegistryKey final : public IRegistryKey
 {
 public:
-    explicit TRegistryKey(std::shared_ptr<const TNode> Node) : FNode(std::move(Node)) {}
+    explicit TRegistryKey(std::vector<std::shared_ptr<const TNode>> Nodes) : FNodes(std::move(Nodes)) {}
 
     [[nodiscard]] std::optional<std::string> ReadString(std::string_view Name) const override
     {
-        const auto Found = FNode->Values().find(Text::FoldCase(Name));
-        return Found == FNode->Values().end() ? std::nullopt : std::optional(Found->second);
+        for (const auto& Node : FNodes)
+            if (const auto Found = Node->Values().find(Text::FoldCase(Name)); Found != Node->Values().end())
+                return Found->second;
+        return std::nullopt;
     }
 
     [[nodiscard]] std::vector<std::string> SubKeyNames() const override
     {
         std::vector<std::string> Result;
-        for (const auto& Child : FNode->Children())
-            if (Child)
-                Result.push_back(Child->Name());
+        std::unordered_set<std::string> Known;
+        for (const auto& Node : FNodes)
+            for (const auto& Child : Node->Children())
+                if (Child && Known.insert(Text::FoldCase(Child->Name())).second)
+                    Result.push_back(Child->Name());
         return Result;
     }
 
 private:
-    std::shared_ptr<const TNode> FNode;
+    std::vector<std::shared_ptr<const TNode>> FNodes;
 };
+
+/// Where a 64-bit system keeps what its 32-bit programs see at a path, the place that counts first in front.
+std::vector<std::string> Branches(const std::string& Path)
+{
+    static constexpr std::string_view Above[] = {"\\Software\\Classes", "\\Software"};
+    std::vector<std::string> Result;
+    const std::string_view BelowRoot = std::string_view(Path).substr(std::min(Path.find('\\'), Path.size()));
+    for (const std::string_view Folder : Above)
+        if (Text::StartsWithSame(BelowRoot, Folder) &&
+            (BelowRoot.size() == Folder.size() || BelowRoot[Folder.size()] == '\\'))
+            Result.push_back(std::string(Path).insert(Path.size() - BelowRoot.size() + Folder.size(), "\\Wow6432Node"));
+    Result.push_back(Path);
+    return Result;
+}
+
+/// The text with the values of its variables in place of their names.
+std::string Expand(std::string_view Text, const TRegistryVariables& Variables)
+{
+    std::string Result;
+    for (;;)
+    {
+        const std::size_t Start = std::min(Text.find('%'), Text.size());
+        Result += Text.substr(0, Start);
+        Text.remove_prefix(Start);
+        const std::size_t End = Text.find('%', 1);
+        if (End == std::string_view::npos)
+            return Result += Text;
+        const auto Value = Variables ? Variables(Text.substr(1, End - 1)) : std::nullopt;
+        // A percent sign that closes no variable may open the next one.
+        Result += Value ? std::string_view(*Value) : Text.substr(0, End);
+        Text.remove_prefix(Value ? End + 1 : End);
+    }
+}
 
 /// A registry in memory, filled by an export.
 class TMemoryRegistry final : public IRegistry, public IRegistryExportSink
 {
 public:
+    explicit TMemoryRegistry(TRegistryVariables Variables) : FVariables(std::move(Variables)) {}
+
     [[nodiscard]] std::unique_ptr<IRegistryKey> OpenKey(TRegistryRoot Root, std::string_view Path) const override
     {
-        const TNode* Node = Descend(Descend(FTop.get(), RegistryRootPath(Root)), Path);
-        if (Node == nullptr)
-            return nullptr;
-        // The key keeps the whole tree alive.
-        return std::make_unique<TRegistryKey>(std::shared_ptr<const TNode>(FTop, Node));
+        std::string Whole(RegistryRootPath(Root));
+        for (auto Name = TakeName(Path); !Name.empty(); Name = TakeName(Path))
+            Whole.append("\\").append(Name);
+        std::vector<std::shared_ptr<const TNode>> Nodes;
+        for (const std::string& Branch : Branches(Whole))
+            if (const TNode* Node = Descend(FTop.get(), Branch))
+                Nodes.emplace_back(FTop, Node); // the key keeps the whole tree alive
+        return Nodes.empty() ? nullptr : std::make_unique<TRegistryKey>(std::move(Nodes));
     }
 
     void OnKey(const std::string& Path) override
@@ -123,30 +167,31 @@ public:
             Parent->Delete(Name);
     }
 
-    void OnValue(const std::string& Name, std::optional<std::string> Value) override
+    void OnValue(const std::string& Name, std::optional<std::string> Value, bool Expandable) override
     {
         if (FKey == nullptr)
             return;
         if (Value)
-            FKey->Values().insert_or_assign(Text::FoldCase(Name), *std::move(Value));
+            FKey->Values().insert_or_assign(Text::FoldCase(Name), Expandable ? Expand(*Value, FVariables) : *Value);
         else
             FKey->Values().erase(Text::FoldCase(Name));
     }
 
 private:
+    TRegistryVariables FVariables;
     std::shared_ptr<TNode> FTop = std::make_shared<TNode>("");
     TNode* FKey = nullptr; ///< that values go to; none behind a deleted key
 };
 } // namespace
 
-std::unique_ptr<IRegistry> ParseRegistryExport(std::string_view Bytes)
+std::unique_ptr<IRegistry> ParseRegistryExport(std::string_view Bytes, const TRegistryVariables& Variables)
 {
-    auto Registry = std::make_unique<TMemoryRegistry>();
+    auto Registry = std::make_unique<TMemoryRegistry>(Variables);
     ReadRegistryExport(Text::Decode(Bytes), *Registry);
     return Registry;
 }
 
 std::unique_ptr<IRegistry> EmptyRegistry()
 {
-    return std::make_unique<TMemoryRegistry>();
+    return std::make_unique<TMemoryRegistry>(TRegistryVariables());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -39,7 +40,12 @@ public:
     int Line;
 };
 
-/// The registry of an export's bytes (`REGEDIT4` or version 5, 8-bit, UTF-8 or UTF-16). Throws ERegistryError.
-[[nodiscard]] std::unique_ptr<IRegistry> ParseRegistryExport(std::string_view Bytes);
+/// Gives the value of a variable that an expandable string names, or none: then `%Name%` stays as it is.
+using TRegistryVariables = std::function<std::optional<std::string>(std::string_view Name)>;
+
+/// The registry of an export's bytes (`REGEDIT4` or version 5, 8-bit, UTF-8 or UTF-16) as a 32-bit program sees it: of
+/// a 64-bit system the `Wow6432Node` branch counts first. Throws ERegistryError.
+[[nodiscard]] std::unique_ptr<IRegistry> ParseRegistryExport(std::string_view Bytes,
+                                                             const TRegistryVariables& Variables = {});
 /// A registry without keys.
 [[nodiscard]] std::unique_ptr<IRegistry> EmptyRegistry();

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 namespace
 {
@@ -187,14 +188,13 @@ private:
         if (!Skip('='))
             Fail("expected \"=\" behind the value's name");
         SkipBlanks();
-        if (Current() == '"')
-            FSink.OnValue(Name, ReadText());
-        else
-            FSink.OnValue(Name, ReadOther());
+        bool Expandable = false;
+        std::optional<std::string> Value = Current() == '"' ? ReadText() : ReadOther(Expandable);
+        FSink.OnValue(Name, std::move(Value), Expandable);
     }
 
-    /// A value that is no text in quotes: its text if its type has one.
-    std::optional<std::string> ReadOther()
+    /// A value that is no text in quotes: its text if its type has one, and whether that is to be expanded.
+    std::optional<std::string> ReadOther(bool& Expandable)
     {
         if (Skip('-'))
             return std::nullopt;
@@ -208,7 +208,8 @@ private:
         if (!SkipWord("hex"))
             Fail("the value is neither a text nor \"dword:\", \"hex:\" or \"-\"");
         const unsigned Type = ReadHexType();
-        const bool IsString = Type == StringType || Type == ExpandableType;
+        Expandable = Type == ExpandableType;
+        const bool IsString = Type == StringType || Expandable;
         const std::string Bytes = ReadBytes(IsString);
         if (!IsString)
             return std::nullopt;

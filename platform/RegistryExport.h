@@ -17,7 +17,8 @@ public:
     /// A key that goes with all below it. No values follow.
     virtual void OnDeleteKey(const std::string& Path) = 0;
     /// A string, or none for a value that goes or is of another type. The name "" is the key's default value.
-    virtual void OnValue(const std::string& Name, std::optional<std::string> Value) = 0;
+    /// Expandable: the string may hold `%Variable%`.
+    virtual void OnValue(const std::string& Name, std::optional<std::string> Value, bool Expandable) = 0;
 };
 
 /// The path of a root as the sink gets it.

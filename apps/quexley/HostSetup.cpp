@@ -1,15 +1,18 @@
 #include "apps/quexley/HostSetup.h"
 
+#include "host/QXUtilities.h"
 #include "platform/Files.h"
 #include "platform/Modules.h"
 #include "platform/Paths.h"
 #include "platform/Registry.h"
+#include "platform/Text.h"
 #include "runtime/HostErrors.h"
 #include "runtime/scripting/DuktapeEngine.h"
 
 #include <fmt/format.h>
 
 #include <memory>
+#include <optional>
 
 namespace
 {
@@ -32,10 +35,20 @@ catch (const EModuleError& Error)
     throw EHostFileError(Error.what());
 }
 
+/// What the variables of Windows stand for in an expandable string: its folder as the options tell, else the
+/// environment.
+std::optional<std::string> WindowsVariable(std::string_view Name)
+{
+    std::string Value;
+    if (Text::Same(Name, "windir") || Text::Same(Name, "SystemRoot"))
+        Value = GetWinDirectory();
+    return !Value.empty() || Environment::GetSame(Name, Value) ? std::optional(Value) : std::nullopt;
+}
+
 std::unique_ptr<IRegistry> LoadRegistry(const std::string& File)
 try
 {
-    return File.empty() ? EmptyRegistry() : ParseRegistryExport(Files::Read(File));
+    return File.empty() ? EmptyRegistry() : ParseRegistryExport(Files::Read(File), WindowsVariable);
 }
 catch (const ERegistryError& Error)
 {

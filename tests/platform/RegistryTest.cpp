@@ -98,6 +98,45 @@ TEST(Registry, ClassesRootIsPartOfLocalMachine)
     }
 }
 
+TEST(Registry, OfA64BitSystemTheBranchOf32BitProgramsCountsFirst)
+{
+    const auto Registry =
+        ParseRegistryExport(Version5 + "[HKLM\\Software\\Tool]\r\n@=\"64\"\r\n\"only\"=\"64\"\r\n"
+                                       "[HKLM\\Software\\Tool\\b]\r\n[HKLM\\Software\\Toolbox]\r\n"
+                                       "[HKLM\\SOFTWARE\\WOW6432Node\\Tool]\r\n@=\"32\"\r\n"
+                                       "[HKLM\\SOFTWARE\\WOW6432Node\\Tool\\a]\r\n"
+                                       "[HKCR\\CLSID\\{1}]\r\n@=\"64\"\r\n"
+                                       "[HKCR\\Wow6432Node\\CLSID\\{1}]\r\n@=\"32\"\r\n"
+                                       "[HKLM\\Software\\Wow6432Node\\Classes\\CLSID\\{2}]\r\n@=\"32\"\r\n");
+    const struct
+    {
+        TRegistryRoot Root;
+        const char *Path, *Name, *Expected;
+    } Cases[] = {{TRegistryRoot::LocalMachine, "software\\tool", "", "32"},
+                 {TRegistryRoot::LocalMachine, "Software\\Tool", "only", "64"},
+                 {TRegistryRoot::LocalMachine, "Software\\Toolbox", "", "(none)"},
+                 {TRegistryRoot::LocalMachine, "Software\\Wow6432Node\\Tool", "", "32"},
+                 {TRegistryRoot::ClassesRoot, "CLSID\\{1}", "", "32"},
+                 {TRegistryRoot::ClassesRoot, "CLSID\\{2}", "", "32"}};
+    for (const auto& Case : Cases)
+        EXPECT_EQ(Value(*Registry, Case.Root, Case.Path, Case.Name), Case.Expected) << Case.Path << ' ' << Case.Name;
+    EXPECT_EQ(Registry->OpenKey(TRegistryRoot::LocalMachine, "Software\\Tool")->SubKeyNames(),
+              (std::vector<std::string>{"a", "b"}));
+}
+
+TEST(Registry, ExpandableStringsTakeTheVariablesOfWindows)
+{
+    const auto Variables = [](std::string_view Name) {
+        return Name == "A" ? std::optional<std::string>("%B%") : std::nullopt;
+    };
+    // %A%\\%x%A%, %A
+    const auto Registry = ParseRegistryExport("REGEDIT4\n[HKLM\\K]\n\"e\"=hex(2):25,41,25,5c,25,78,25,41,25,2c,25,41\n"
+                                              "\"s\"=\"%A%\"\n",
+                                              Variables);
+    EXPECT_EQ(Value(*Registry, TRegistryRoot::LocalMachine, "K", "e"), "%B%\\%x%B%,%A");
+    EXPECT_EQ(Value(*Registry, TRegistryRoot::LocalMachine, "K", "s"), "%A%");
+}
+
 TEST(Registry, MalformedExportsNameLineAndReason)
 {
     const std::string Key = Version5 + "[HKLM\\Software\\Acme]\n";

@@ -28,6 +28,20 @@ bool IsTrailByte(char Byte)
     return (static_cast<unsigned char>(Byte) & 0xC0U) == 0x80;
 }
 
+/// Whether a declaration without quotes ends where its last parenthesis stands: Rest closes it or goes on in the next
+/// line, and no parenthesis before it closes more than was opened.
+bool IsClosedBehind(std::string_view Value, std::string_view Rest)
+{
+    int Depth = 0;
+    for (const char Character : Value)
+        if (Character == '(')
+            ++Depth;
+        else if (Character == ')' && --Depth < 0)
+            return false;
+    Rest = Text::Trim(Rest);
+    return Rest.empty() || Rest.starts_with(']') || Rest.starts_with('>') || Rest.starts_with("*/");
+}
+
 /// Whether a line begins like a declaration; most do not.
 bool CanDeclare(std::string_view Line)
 {
@@ -253,11 +267,12 @@ void TQXAssemblyInfo::ReadQuotedValue(IStringTokeniser& Scanner, TDeclaration& D
 /// The last parenthesis of the line closes a declaration without quotes.
 void TQXAssemblyInfo::ReadPlainValue(IStringTokeniser& Scanner, TDeclaration& Declaration)
 {
-    const std::string_view Text = Scanner.ReadRest();
-    const std::size_t Close = Text.rfind(')');
-    Declaration.IsClosed = Close != std::string_view::npos;
-    Declaration.Value = Declaration.IsClosed ? Text.substr(0, Close) : std::string_view();
-    Declaration.Rest = Declaration.IsClosed ? Text.substr(Close + 1) : Text;
+    const std::string_view Line = Scanner.ReadRest();
+    const std::size_t Close = Line.rfind(')');
+    const bool HasClose = Close != std::string_view::npos;
+    Declaration.Value = HasClose ? Line.substr(0, Close) : std::string_view();
+    Declaration.Rest = HasClose ? Line.substr(Close + 1) : Line;
+    Declaration.IsClosed = HasClose && IsClosedBehind(Declaration.Value, Declaration.Rest);
 }
 
 void TQXAssemblyInfo::UpdateDeclaration(const TDeclaration& Declaration)

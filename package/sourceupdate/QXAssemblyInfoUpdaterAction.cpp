@@ -110,7 +110,11 @@ bool TQXAssemblyInfoUpdaterAction::ProcessFiles()
 bool TQXAssemblyInfoUpdaterAction::ProcessFile(IQXAssemblyInfoUpdater& Updater, const std::string& FileName) const
 try
 {
-    return Updater.ProcessFile(FileName, BackupFiles);
+    const bool Result = Updater.ProcessFile(FileName, BackupFiles);
+    if (!Result && Recurse && !Files::FileExists(FileName))
+        SendMessage("Only masks search subfolders, as in " + Paths::Join(Paths::Folder(FileName), "*") +
+                    Paths::FileName(FileName));
+    return Result;
 }
 catch (const TEnded&)
 {

@@ -15,14 +15,14 @@ constexpr std::array<std::string_view, 3> HostKeys{"registry", "windows_dir", "s
 constexpr std::array<std::string_view, 1> DotNetKeys{"detect"};
 constexpr std::array<std::string_view, 2> VersionKeys{"framework", "sdk"};
 
-/// "v" and a decimal number; further parts as in "v2.0.50727" do no harm.
+/// "v" and a decimal number.
 bool IsVersionName(std::string_view Name)
 {
     const auto IsDigit = [](char Character) { return Character >= '0' && Character <= '9'; };
     return Name.size() > 1 && Name[0] == 'v' && IsDigit(Name[1]) && IsDigit(Name.back()) &&
-           Name.find("..") == std::string_view::npos && std::all_of(Name.begin() + 1, Name.end(), [&](char Character) {
-               return IsDigit(Character) || Character == '.';
-           });
+           std::count(Name.begin(), Name.end(), '.') <= 1 &&
+           std::all_of(Name.begin() + 1, Name.end(),
+                       [&](char Character) { return IsDigit(Character) || Character == '.'; });
 }
 
 class TReader
@@ -89,10 +89,9 @@ void TReader::ReadDotNet(const TTomlNode& Table)
 void TReader::ReadVersion(const TTomlEntry& Entry)
 {
     if (!IsVersionName(Entry.Key))
-        FFindings.Add(
-            Entry.Position,
-            fmt::format("\"{}\" is not the name of a .NET version, which is \"v\" and a number, as in \"v1.1\"",
-                        Entry.Key));
+        FFindings.Add(Entry.Position, fmt::format("\"{}\" is not the name of a .NET version, which is \"v\" and a "
+                                                  "number with one full stop at most, as in \"v1.1\"",
+                                                  Entry.Key));
     TConfiguredDotNet Version;
     Version.Name = Entry.Key;
     for (const TTomlEntry& Inner : Entry.Value.Entries)

@@ -70,10 +70,12 @@ TEST(OptionsFile, ReportsEveryMistakeAtItsPlace)
          "o.toml:2:1: [host] has no key \"registri\"; did you mean \"registry\"?\n"
          "o.toml:3:18: 0 is out of range for \"script_timeout\" (1 to 2147483647)\n"
          "o.toml:4:15: \"windows_dir\" expects a string, not an integer"},
-        {"[dotnet]\ndetct = true\n[dotnet.v1.1]\n[dotnet.'1.1']\n[dotnet.'v1.0']\nframwork = ''",
+        {"[dotnet]\ndetct = true\n[dotnet.v1.1]\n[dotnet.'v2.0.50727']\n[dotnet.'v1.0']\nframwork = ''",
          "o.toml:2:1: [dotnet] has no key \"detct\"; did you mean \"detect\"?\n"
          "o.toml:3:12: the name of a .NET version stands in quotes: [dotnet.\"v1.1\"]\n"
-         "o.toml:4:9: \"1.1\" is not the name of a .NET version, which is \"v\" and a number, as in \"v1.1\"\n"
+         "o.toml:4:9: \"v2.0.50727\" is not the name of a .NET version, which is \"v\" and a number with one full stop "
+         "at "
+         "most, as in \"v1.1\"\n"
          "o.toml:6:1: [dotnet.\"v1.0\"] has no key \"framwork\"; did you mean \"framework\"?"},
         {"[Microsoft.NET]\n[NUnit]\nA = true\nB = 3000000000\nC = []",
          "o.toml:1:12: \"NET\" is a table inside \"Microsoft\"; a name with a dot stands in quotes: "

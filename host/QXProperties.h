@@ -59,20 +59,51 @@ private:
     std::bitset<QXElements(T{}).size()> FBits;
 };
 
-/// One published property of one object.
+/// What a property's text is to its user.
+enum class TQXTextKind {
+    Text,       ///< taken as it stands
+    Expression, ///< host variables in it are replaced when the action runs; so they are in the kinds below
+    File,       ///< path of a file, or a mask
+    Folder,     ///< path of a folder
+    List        ///< several texts in one, parted by the property's separator
+};
+
+/// One published property of one object. Texts are literals: rows only refer to them.
 struct TQXProperty
 {
     std::string_view Name;
+    std::string_view Meaning; ///< one line in plain words, without a full stop
     TQXPropertyType Type = TQXPropertyType::String;
     std::span<const std::string_view> Elements{}; ///< of an enumeration or a set
+    const void* Member = nullptr;                 ///< the published member; null for accessors
     std::function<TQXPropertyValue()> Read;
-    std::function<void(const TQXPropertyValue&)> Write; ///< empty: read-only, not persisted
-    bool IsSecret = false;                              ///< its value never reaches a log
+    std::function<void(const TQXPropertyValue&)> Write{}; ///< empty: read-only, not persisted
+    std::string_view AliasText{};                         ///< what pages call it, where its name does not say enough
+    std::string_view HelpText{};                          ///< the long form of Meaning, where there is one
+    std::string_view Example{};                           ///< of what validation asks for on a new object, else empty
+    TQXTextKind Kind = TQXTextKind::Text;
+    char Separator = '\0'; ///< of a list
+    bool IsSecret = false; ///< its value never reaches a log
 
     [[nodiscard]] bool IsPersisted() const { return static_cast<bool>(Write); }
-    TQXProperty& Secret()
+    /// Whether validation asks for it on an object that has its defaults.
+    [[nodiscard]] bool IsRequired() const { return !Example.empty(); }
+
+    // What rows say beside name, member and meaning.
+    TQXProperty& Secret() { return Set(IsSecret, true); }
+    TQXProperty& Expression() { return Set(Kind, TQXTextKind::Expression); }
+    TQXProperty& File() { return Set(Kind, TQXTextKind::File); }
+    TQXProperty& Folder() { return Set(Kind, TQXTextKind::Folder); }
+    TQXProperty& List(char ASeparator) { return Set(Kind, TQXTextKind::List).Set(Separator, ASeparator); }
+    TQXProperty& Alias(std::string_view AAlias) { return Set(AliasText, AAlias); }
+    TQXProperty& Help(std::string_view AHelp) { return Set(HelpText, AHelp); }
+    /// Validation asks for it on a new object; this value will do.
+    TQXProperty& Required(std::string_view AExample) { return Set(Example, AExample); }
+
+private:
+    template <typename T> TQXProperty& Set(T& Field, T Value)
     {
-        IsSecret = true;
+        Field = Value;
         return *this;
     }
 };
@@ -185,33 +216,52 @@ public:
     [[nodiscard]] const std::vector<TQXProperty>& Properties() const { return FProperties; }
     /// The property of exactly this name, or null.
     [[nodiscard]] const TQXProperty* FindProperty(std::string_view Name) const;
+    /// The property that publishes this member, or null.
+    [[nodiscard]] const TQXProperty* FindMember(const void* Member) const;
 
 protected:
-    /// Adds a row for a member. Constructors call it, bases first; Name is a literal.
-    template <typename T> TQXProperty& Publish(std::string_view Name, T& Member)
+    /// Adds a row for a member. Constructors call it, bases first; Name and Meaning are literals.
+    template <typename T> TQXProperty& Publish(std::string_view Name, T& Member, std::string_view Meaning)
     {
         using TTraits = QXPropertyDetail::TTraits<T>;
-        return FProperties.emplace_back(TQXProperty{
-            Name, TTraits::Type, QXPropertyDetail::Elements<T>(), [&Member] { return TTraits::Get(Member); },
-            [&Member](const TQXPropertyValue& Value) { TTraits::Set(Member, Value); }});
+        TQXProperty& Row = AddRow<T>(Name, Meaning, [&Member] { return TTraits::Get(Member); });
+        Row.Member = &Member;
+        Row.Write = [&Member](const TQXPropertyValue& Value) { TTraits::Set(Member, Value); };
+        return Row;
     }
 
     /// Adds a row for a pair of accessors; without Setter the property is read-only and not persisted.
     template <typename T, typename TGetter>
-    TQXProperty& PublishAccessors(std::string_view Name, TGetter Getter, std::function<void(const T&)> Setter = {})
+    TQXProperty& PublishAccessors(std::string_view Name, std::string_view Meaning, TGetter Getter,
+                                  std::function<void(const T&)> Setter = {})
     {
         using TTraits = QXPropertyDetail::TTraits<T>;
-        std::function<void(const TQXPropertyValue&)> Write;
+        TQXProperty& Row = AddRow<T>(Name, Meaning, [Getter] { return TTraits::Get(Getter()); });
         if (Setter)
-            Write = [Setter](const TQXPropertyValue& Value) {
+            Row.Write = [Setter](const TQXPropertyValue& Value) {
                 T Result{};
                 TTraits::Set(Result, Value);
                 Setter(Result);
             };
-        return FProperties.emplace_back(TQXProperty{Name, TTraits::Type, QXPropertyDetail::Elements<T>(),
-                                                    [Getter] { return TTraits::Get(Getter()); }, std::move(Write)});
+        return Row;
     }
 
+    /// The row of a member that a base has published, to say more about it. Throws std::logic_error if there is none.
+    template <typename T> TQXProperty& Published(const T& Member) { return RowOf(&Member); }
+
 private:
+    [[nodiscard]] TQXProperty& RowOf(const void* Member);
+    template <typename T>
+    TQXProperty& AddRow(std::string_view Name, std::string_view Meaning, std::function<TQXPropertyValue()> Read)
+    {
+        TQXProperty& Row = FProperties.emplace_back();
+        Row.Name = Name;
+        Row.Meaning = Meaning;
+        Row.Type = QXPropertyDetail::TTraits<T>::Type;
+        Row.Elements = QXPropertyDetail::Elements<T>();
+        Row.Read = std::move(Read);
+        return Row;
+    }
+
     std::vector<TQXProperty> FProperties;
 };

@@ -13,9 +13,9 @@ constexpr TNamedValue<TDotNetTarget> Targets[] = {{"Assembly", TDotNetTarget::Li
 
 TQXBorlandCSBuilderProjCompilerAction::TQXBorlandCSBuilderProjCompilerAction()
 {
-    Publish("ProjectFile", ProjectFile);
-    Publish("ConfigName", ConfigName);
-    Publish("KeepResponseFile", KeepResponseFile);
+    Publish("ProjectFile", ProjectFile, "The project file to compile").File().Required("src/Acme.Core.bdsproj");
+    Publish("ConfigName", ConfigName, "The configuration to build").Expression().Required("Release");
+    Publish("KeepResponseFile", KeepResponseFile, "Leave the response file on disk after the run");
 }
 
 bool TQXBorlandCSBuilderProjCompilerAction::GetCommandLine(ICommandLineBuilder& Builder)

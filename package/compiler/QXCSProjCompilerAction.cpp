@@ -21,13 +21,13 @@ bool IsCompactProject(const std::string& FileName)
 
 TQXCSProjCompilerAction::TQXCSProjCompilerAction()
 {
-    Publish("ProjectFile", ProjectFile);
-    Publish("ConfigName", ConfigName);
-    Publish("LibLocations", LibLocations);
-    Publish("CFResGen", CFResGen);
-    Publish("CopyConfigFiles", CopyConfigFiles);
-    Publish("SDKPath", SDKPath);
-    Publish("KeepResponseFile", KeepResponseFile);
+    Publish("ProjectFile", ProjectFile, "The project file to compile").File().Required("src/Acme.Core.csproj");
+    Publish("ConfigName", ConfigName, "The configuration to build").Expression().Required("Release");
+    Publish("LibLocations", LibLocations, "Folders in which references are looked for").List(',');
+    Publish("CFResGen", CFResGen, "Resource compiler of the compact framework").File();
+    Publish("CopyConfigFiles", CopyConfigFiles, "Copy the *.config files of the project folder to the output folder");
+    Publish("SDKPath", SDKPath, "Folder of the compact framework").Folder();
+    Publish("KeepResponseFile", KeepResponseFile, "Leave the response file on disk after the run");
     AddScripts();
 }
 

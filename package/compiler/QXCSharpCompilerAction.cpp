@@ -54,13 +54,14 @@ bool TQXCustomCSharpCompilerAction::AddLibraryPath(TStringList& Lines) const
 TQXCSharpCompilerAction::TQXCSharpCompilerAction()
 {
     PublishListSettings({.Icon = true, .CodePage = true});
-    Publish("FileAlign", FileAlign);
-    Publish("DocFile", DocFile);
-    Publish("NoSTDLib", NoSTDLib);
-    Publish("Checked", Checked);
-    Publish("FullPaths", FullPaths);
-    Publish("Incremental", Incremental);
-    Publish("NoConfig", NoConfig);
-    Publish("CompileUnsafe", CompileUnsafe);
-    Publish("WarningLevel", WarningLevel);
+    Published(Files).Required("*.cs");
+    Publish("FileAlign", FileAlign, "Alignment of the sections of the file in bytes");
+    Publish("DocFile", DocFile, "File for the XML documentation; none is made by an incremental build").File();
+    Publish("NoSTDLib", NoSTDLib, "Do not refer to the standard library");
+    Publish("Checked", Checked, "Check arithmetic for overflow");
+    Publish("FullPaths", FullPaths, "Name files in messages with their full paths");
+    Publish("Incremental", Incremental, "Compile only what has changed");
+    Publish("NoConfig", NoConfig, "Do not read the compiler's own response file");
+    Publish("CompileUnsafe", CompileUnsafe, "Allow unsafe code");
+    Publish("WarningLevel", WarningLevel, "Level of the warnings that are shown");
 }

@@ -22,36 +22,42 @@ TQXManagedCompilerAction::TQXManagedCompilerAction()
 
 void TQXManagedCompilerAction::PublishListSettings(const TQXListCompilerSettings& Own)
 {
-    Publish("NoLogo", NoLogo);
-    Publish("OutputInUTF8", OutputInUTF8);
-    Publish("Optimize", Optimize);
-    Publish("OutputFile", OutputFile);
-    Publish("Target", Target);
-    Publish("Modules", Modules);
-    Publish("LibLocations", LibLocations);
-    Publish("References", References);
-    Publish("Debug", Debug);
-    Publish("SupressWarnings", SupressWarnings);
-    Publish("WarnAsError", WarnAsError);
-    Publish("Defines", Defines);
-    Publish("LinkResources", LinkResources);
-    Publish("Resources", Resources);
+    Publish("NoLogo", NoLogo, "Suppress the compiler's banner");
+    Publish("OutputInUTF8", OutputInUTF8, "Ask the compiler for output in UTF-8");
+    Publish("Optimize", Optimize, "Optimise the code");
+    Publish("OutputFile", OutputFile, "File to make").File();
+    Publish("Target", Target, "Kind of file to make");
+    Publish("Modules", Modules, "Modules to add to the assembly").List(',');
+    Publish("LibLocations", LibLocations, "Folders in which references are looked for").List(',');
+    Publish("References", References, "Assemblies to refer to").List(',');
+    Publish("Debug", Debug, "Debug information to make");
+    Publish("SupressWarnings", SupressWarnings, "Numbers of warnings that are not shown").Expression();
+    Publish("WarnAsError", WarnAsError, "Treat warnings as errors");
+    Publish("Defines", Defines, "Symbols to define, as the compiler takes them").Expression();
+    Publish("LinkResources", LinkResources, "Resources to link to the assembly, each a file or file=identifier")
+        .List(',');
+    Publish("Resources", Resources, "Resources to embed into the assembly, each a file or file=identifier").List(',');
     if (Own.Icon)
-        Publish("Icon", Icon);
-    Publish("Win32Resources", Win32Resources);
-    Publish("BaseAddress", BaseAddress);
+        Publish("Icon", Icon, "Icon files of the program").List(';');
+    Publish("Win32Resources", Win32Resources, "Win32 resource files").List(';');
+    Publish("BaseAddress", BaseAddress, "Address at which a library is loaded").Expression();
     if (Own.CodePage)
-        Publish("CodePage", CodePage);
-    Publish("MainClass", MainClass);
-    Publish("RecurseDir", RecurseDir);
-    Publish("RecurseFiles", RecurseFiles);
-    Publish("Files", Files);
-    Publish("ProjectDir", ProjectDir);
+        Publish("CodePage", CodePage, "Number of the code page of the sources").Expression();
+    Publish("MainClass", MainClass, "Class whose Main starts the program").Expression();
+    Publish("RecurseDir", RecurseDir,
+            "Folder whose subfolders are searched for sources, with a delimiter at its end; empty: all")
+        .Folder();
+    Publish("RecurseFiles", RecurseFiles, "Mask of the sources that are searched for in subfolders").File();
+    Publish("Files", Files, "Sources to compile").List(';');
+    Publish("ProjectDir", ProjectDir, "Folder in which the compiler runs and its response file is written")
+        .Folder()
+        .Required("src");
     if (Own.RootNameSpace)
-        Publish("RootNameSpace", RootNameSpace);
+        Publish("RootNameSpace", RootNameSpace, "Namespace that encloses all others; prefix of resource names")
+            .Expression();
     if (Own.SDKPath)
-        Publish("SDKPath", SDKPath);
-    Publish("KeepResponseFile", KeepResponseFile);
+        Publish("SDKPath", SDKPath, "Folder of the compact framework").Folder();
+    Publish("KeepResponseFile", KeepResponseFile, "Leave the response file on disk after the run");
 }
 
 void TQXManagedCompilerAction::ResetOptions()

@@ -38,8 +38,9 @@ bool TQXCustomJSharpCompilerAction::AddPackages(TStringList& Lines) const
 TQXJSharpCompilerAction::TQXJSharpCompilerAction()
 {
     PublishListSettings({.CodePage = true});
-    Publish("WarningLevel", WarningLevel);
-    Publish("SecureScoping", SecureScoping);
-    Publish("DisableLangExt", DisableLangExt);
-    Publish("JCPA", JCPA);
+    Published(Files).Required("*.jsl");
+    Publish("WarningLevel", WarningLevel, "Level of the warnings that are shown");
+    Publish("SecureScoping", SecureScoping, "Limit who sees members to what they declare");
+    Publish("DisableLangExt", DisableLangExt, "Switch the extensions of the language off");
+    Publish("JCPA", JCPA, "Names of packages in assemblies, one Package=Namespace a line");
 }

@@ -5,12 +5,12 @@
 
 TQXJSProjCompilerAction::TQXJSProjCompilerAction()
 {
-    Publish("ProjectFile", ProjectFile);
-    Publish("ConfigName", ConfigName);
-    Publish("CFResGen", CFResGen);
-    Publish("LibLocations", LibLocations);
-    Publish("CopyConfigFiles", CopyConfigFiles);
-    Publish("KeepResponseFile", KeepResponseFile);
+    Publish("ProjectFile", ProjectFile, "The project file to compile").File().Required("src/Acme.Core.vjsproj");
+    Publish("ConfigName", ConfigName, "The configuration to build").Expression().Required("Release");
+    Publish("CFResGen", CFResGen, "Resource compiler of the compact framework").File();
+    Publish("LibLocations", LibLocations, "Folders in which references are looked for").List(',');
+    Publish("CopyConfigFiles", CopyConfigFiles, "Copy the *.config files of the project folder to the output folder");
+    Publish("KeepResponseFile", KeepResponseFile, "Leave the response file on disk after the run");
 }
 
 bool TQXJSProjCompilerAction::GetCommandLine(ICommandLineBuilder& Builder)

@@ -50,15 +50,16 @@ void TQXCustomVBDotNetCompilerAction::AddLanguageSwitches(TStringList& Lines) co
 TQXVBDotNetCompilerAction::TQXVBDotNetCompilerAction()
 {
     PublishListSettings({.Icon = true, .RootNameSpace = true, .SDKPath = true});
-    Publish("Verbose", Verbose);
-    Publish("TargetCF", TargetCF);
-    Publish("Imports", Imports);
-    Publish("RemoveIntChecks", RemoveIntChecks);
-    Publish("Quiet", Quiet);
-    Publish("OptionExplicit", OptionExplicit);
-    Publish("OptionStrict", OptionStrict);
-    Publish("OptionCompare", OptionCompare);
-    Publish("DelaySign", DelaySign);
-    Publish("KeyContainer", KeyContainer);
-    Publish("KeyFile", KeyFile);
+    Published(Files).Required("*.vb");
+    Publish("Verbose", Verbose, "Show all that the compiler says");
+    Publish("TargetCF", TargetCF, "Compile for the compact framework");
+    Publish("Imports", Imports, "Namespaces to import into every source").List(',');
+    Publish("RemoveIntChecks", RemoveIntChecks, "Do not check integers for overflow");
+    Publish("Quiet", Quiet, "Do not show the source line of an error");
+    Publish("OptionExplicit", OptionExplicit, "Require that variables are declared");
+    Publish("OptionStrict", OptionStrict, "Refuse conversions that may lose something");
+    Publish("OptionCompare", OptionCompare, "How texts are compared");
+    Publish("DelaySign", DelaySign, "Leave room for a signature that is made later");
+    Publish("KeyContainer", KeyContainer, "Key container to sign with").Expression();
+    Publish("KeyFile", KeyFile, "Key file to sign with").File();
 }

@@ -16,13 +16,13 @@ bool IsCompactProject(const std::string& FileName)
 
 TQXVBProjCompilerAction::TQXVBProjCompilerAction()
 {
-    Publish("ProjectFile", ProjectFile);
-    Publish("ConfigName", ConfigName);
-    Publish("CFResGen", CFResGen);
-    Publish("LibLocations", LibLocations);
-    Publish("SDKPath", SDKPath);
-    Publish("CopyConfigFiles", CopyConfigFiles);
-    Publish("KeepResponseFile", KeepResponseFile);
+    Publish("ProjectFile", ProjectFile, "The project file to compile").File().Required("src/Acme.Core.vbproj");
+    Publish("ConfigName", ConfigName, "The configuration to build").Expression().Required("Release");
+    Publish("CFResGen", CFResGen, "Resource compiler of the compact framework").File();
+    Publish("LibLocations", LibLocations, "Folders in which references are looked for").List(',');
+    Publish("SDKPath", SDKPath, "Folder of the compact framework").Folder();
+    Publish("CopyConfigFiles", CopyConfigFiles, "Copy the *.config files of the project folder to the output folder");
+    Publish("KeepResponseFile", KeepResponseFile, "Leave the response file on disk after the run");
     AddScripts();
 }
 

@@ -30,12 +30,14 @@ TQXDotNetAction::TQXDotNetAction()
 {
     LogOutput = true;
     HideWindow = true;
-    Publish("OverrideSDKDefault", OverrideSDKDefault);
+    Publish("OverrideSDKDefault", OverrideSDKDefault,
+            "Use a .NET version of its own and not the default of the options");
     PublishAccessors<std::string>(
-        "SDKVersion", [this] { return GetDefaultSDKVersion(); },
+        "SDKVersion", "The .NET version whose tool runs", [this] { return GetDefaultSDKVersion(); },
         [this](const std::string& Version) { SetDefaultSDKVersion(Version); });
-    Publish("MinimumSDKVersion", MinimumSDKVersion);
-    PublishAccessors<TQXDotNetToolType>("DotNetToolType", [this] { return GetDotNetToolType(); });
+    Publish("MinimumSDKVersion", MinimumSDKVersion, "Lowest .NET version with which the action works");
+    PublishAccessors<TQXDotNetToolType>("DotNetToolType", "Folder of the .NET version in which the tool lies",
+                                        [this] { return GetDotNetToolType(); });
 }
 
 std::string TQXDotNetAction::GetDefaultSDKVersion() const

@@ -8,7 +8,8 @@
 TQXDotNetOptions::TQXDotNetOptions()
 {
     PublishAccessors<std::string>(
-        "DefaultSDKVersion", [this] { return GetDefaultSDKVersion(); },
+        "DefaultSDKVersion", "The .NET version of actions that name none of their own",
+        [this] { return GetDefaultSDKVersion(); },
         [this](const std::string& Version) { SetDefaultSDKVersion(Version); });
 
     const IQXDotNetInfo& Info = QXDotNetInfo();

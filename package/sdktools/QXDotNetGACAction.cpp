@@ -25,15 +25,16 @@ bool RequirePath(IQXActionValidationError& Errors, const TQXGACAction& Action)
 TQXGACAction::TQXGACAction()
 {
     MinimumSDKVersion = "1.0";
-    Publish("AssemblyName", AssemblyName);
-    Publish("AssemblyPath", AssemblyPath);
-    Publish("AssemblyListFile", AssemblyListFile);
-    Publish("UseListFile", UseListFile);
-    Publish("Force", Force);
-    Publish("ReferenceCount", ReferenceCount);
-    Publish("RefScheme", RefScheme);
-    Publish("RefID", RefID);
-    Publish("RefDescription", RefDescription);
+    Publish("AssemblyName", AssemblyName, "Display name of the assembly to uninstall").Expression();
+    Publish("AssemblyPath", AssemblyPath, "File of the assembly").File();
+    Publish("AssemblyListFile", AssemblyListFile, "Text file that lists assemblies").File();
+    Publish("UseListFile", UseListFile, "Work on the list file and not on a single assembly");
+    Publish("Force", Force, "Overwrite an installed assembly, or remove one in spite of its references");
+    Publish("ReferenceCount", ReferenceCount,
+            "Trace a reference to the assembly, which the next three settings describe");
+    Publish("RefScheme", RefScheme, "Scheme of the traced reference").Expression();
+    Publish("RefID", RefID, "Identifier of the traced reference").Expression();
+    Publish("RefDescription", RefDescription, "Description of the traced reference").Expression();
 }
 
 bool TQXGACAction::GetCommandLine(ICommandLineBuilder& Builder)
@@ -59,6 +60,7 @@ bool TQXGACAction::AddReference(ICommandLineBuilder& Builder) const
 TGACInstallAction::TGACInstallAction()
 {
     SetDescription("GAC Install");
+    Published(AssemblyPath).Required("bin/Acme.Core.dll");
 }
 
 bool TGACInstallAction::GetCommandLine(ICommandLineBuilder& Builder)
@@ -77,7 +79,8 @@ bool TGACInstallAction::Validate(IQXActionValidationError& Errors)
 TGACUninstallAction::TGACUninstallAction()
 {
     SetDescription("GAC Uninstall");
-    Publish("UseAssemblyPath", UseAssemblyPath);
+    Published(AssemblyName).Required("Acme.Core");
+    Publish("UseAssemblyPath", UseAssemblyPath, "Name the assembly by its file and not by its display name");
 }
 
 bool TGACUninstallAction::GetCommandLine(ICommandLineBuilder& Builder)
@@ -101,7 +104,7 @@ bool TGACUninstallAction::Validate(IQXActionValidationError& Errors)
 
 TGACListAction::TGACListAction()
 {
-    Publish("DeleteDownloadCache", DeleteDownloadCache);
+    Publish("DeleteDownloadCache", DeleteDownloadCache, "Clear the download cache instead of listing it");
 }
 
 bool TGACListAction::GetCommandLine(ICommandLineBuilder& Builder)

@@ -19,11 +19,12 @@ struct TEnded
 
 TQXAssemblyInfoUpdaterAction::TQXAssemblyInfoUpdaterAction()
 {
-    Publish("Selection", Selection);
-    Publish("BackupFiles", BackupFiles);
-    Publish("Recurse", Recurse);
-    Publish("Attributes", Attributes);
-    Publish("UpdateOnly", UpdateOnly);
+    Publish("Selection", Selection, "Files to update, one file or mask a line").File().Required("src/AssemblyInfo.cs");
+    Publish("BackupFiles", BackupFiles, "Write a .bak file beside each file that is processed");
+    Publish("Recurse", Recurse, "Look for masks in the folders below as well");
+    Publish("Attributes", Attributes, "Attributes to set, one Name=Value a line; a value in quotes is a string")
+        .Expression();
+    Publish("UpdateOnly", UpdateOnly, "Only update declarations that are there, add none");
     for (const char* Name : {FileScript, EntryScript})
         TQXAssemblyInfoUpdaterAction::InitialiseScriptParams(AddScript(Name));
 }

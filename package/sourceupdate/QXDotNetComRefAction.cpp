@@ -160,9 +160,9 @@ std::string ProjectTypeFromFileExt(std::string_view FileName)
 
 TQXDotNetComReferenceFixAction::TQXDotNetComReferenceFixAction()
 {
-    Publish("ProgID", ProgID);
-    Publish("ReferenceName", ReferenceName);
-    Publish("ProjectFile", ProjectFile);
+    Publish("ProgID", ProgID, "The COM class whose type library the project refers to").Expression();
+    Publish("ReferenceName", ReferenceName, "Name of the reference in the project file").Expression();
+    Publish("ProjectFile", ProjectFile, "The project file to update").File();
 }
 
 bool TQXDotNetComReferenceFixAction::Execute()

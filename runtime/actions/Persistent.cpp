@@ -1,6 +1,8 @@
 #include "host/QXOptions.h"
 #include "host/QXProperties.h"
 
+#include <stdexcept>
+
 TQXPersistent::~TQXPersistent() = default;
 TQXOptionsObject::~TQXOptionsObject() = default;
 
@@ -10,4 +12,20 @@ const TQXProperty* TQXPersistent::FindProperty(std::string_view Name) const
         if (Property.Name == Name)
             return &Property;
     return nullptr;
+}
+
+const TQXProperty* TQXPersistent::FindMember(const void* Member) const
+{
+    for (const TQXProperty& Property : FProperties)
+        if (Member && Property.Member == Member)
+            return &Property;
+    return nullptr;
+}
+
+TQXProperty& TQXPersistent::RowOf(const void* Member)
+{
+    for (TQXProperty& Property : FProperties)
+        if (Property.Member == Member)
+            return Property;
+    throw std::logic_error("The member is not published");
 }

@@ -22,7 +22,7 @@ class TTestAction final : public TQXAction
 public:
     explicit TTestAction(std::function<bool(TTestAction&)> Work) : FWork(std::move(Work))
     {
-        Publish("PassPhrase", PassPhrase).Secret();
+        Publish("PassPhrase", PassPhrase, "Opens the key").Secret();
     }
     bool Validate(IQXActionValidationError& Errors) override
     {

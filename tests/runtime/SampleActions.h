@@ -18,16 +18,16 @@ class TSampleAction final : public TQXAction
 public:
     TSampleAction()
     {
-        Publish("Text", Text);
-        Publish("Flag", Flag);
-        Publish("Count", Count);
-        Publish("Colour", Colour);
-        Publish("Colours", Colours);
-        Publish("Lines", Lines);
-        PublishAccessors<int>("Length", [this] { return static_cast<int>(Text.size()); });
-        Publish("Override", Override);
+        Publish("Text", Text, "Any text");
+        Publish("Flag", Flag, "Whether it waves");
+        Publish("Count", Count, "How often");
+        Publish("Colour", Colour, "The colour");
+        Publish("Colours", Colours, "More colours");
+        Publish("Lines", Lines, "Any lines");
+        PublishAccessors<int>("Length", "Length of the text", [this] { return static_cast<int>(Text.size()); });
+        Publish("Override", Override, "Use a version of its own");
         PublishAccessors<std::string>(
-            "Version", [this] { return Override ? Version : DefaultVersion; },
+            "Version", "The version in use", [this] { return Override ? Version : DefaultVersion; },
             [this](const std::string& Value) { Version = Override ? Value : DefaultVersion; });
         AddScript("OnStart");
         AddScript("OnEnd");
@@ -53,7 +53,7 @@ public:
 class TPlainAction final : public TQXAction
 {
 public:
-    TPlainAction() { Publish("Text", Text); }
+    TPlainAction() { Publish("Text", Text, "Any text"); }
 
     static std::string GetActionName() { return "Plain"; }
     static int GetHelpTopicID() { return 2; }

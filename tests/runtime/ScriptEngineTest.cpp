@@ -22,7 +22,7 @@ constexpr std::string_view ShadeNames[] = {"Dark", "Light", "Date"};
 class TSampleOptions final : public TQXPersistent
 {
 public:
-    TSampleOptions() { Publish("Location", Location); }
+    TSampleOptions() { Publish("Location", Location, "Where it lies"); }
     std::string Location = "/opt/tool";
 };
 

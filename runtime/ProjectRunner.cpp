@@ -59,24 +59,19 @@ private:
 class TFindings final : public IQXActionValidationError
 {
 public:
-    TFindings(IRunEvents& Events, TActionIdentity Action) : FEvents(Events), FAction(std::move(Action)) {}
+    TFindings(IRunEvents& Events, const TProjectAction& Action) : FEvents(Events), FAction(Action) {}
     void AddError(std::string_view Label, std::string_view Message) override
     {
-        FEvents.ValidationError(FAction, Label, Message);
+        FEvents.Handle(TValidationErrorEvent{FAction.Index, FAction.Type, FAction.Name, Label, Message});
         ++FCount;
     }
     [[nodiscard]] int Count() const { return FCount; }
 
 private:
     IRunEvents& FEvents;
-    TActionIdentity FAction;
+    const TProjectAction& FAction;
     int FCount = 0;
 };
-
-TActionIdentity Identity(const TProjectAction& Action)
-{
-    return {Action.Index, Action.Type, Action.Name};
-}
 } // namespace
 
 struct TProjectRunner::TImpl
@@ -88,6 +83,8 @@ struct TProjectRunner::TImpl
     [[nodiscard]] std::size_t Begin();
     [[nodiscard]] std::size_t PlaceToResume();
 
+    /// Says a line of the host's own, about the run or about an action.
+    void Tell(std::string_view Text, int Index = 0) { Events.Handle(TMessageEvent{Index, Text}); }
     [[nodiscard]] bool ValidateAll();
     [[nodiscard]] bool ValidateAction(TProjectAction& Action);
     [[nodiscard]] TRunResult ValidateAndRun();
@@ -111,7 +108,7 @@ struct TProjectRunner::TImpl
     std::string ResumeProblem; ///< told when the run has started
     bool CanNote = true;
     bool Stopped = false;
-    TRunTotals Totals;
+    TRunEndedEvent Totals;
     std::exception_ptr HostError; ///< a file of the host's turned out to be wrong during an action
 };
 
@@ -186,7 +183,7 @@ bool TProjectRunner::TImpl::ValidateAll()
 
 bool TProjectRunner::TImpl::ValidateAction(TProjectAction& Action)
 {
-    TFindings Findings(Events, Identity(Action));
+    TFindings Findings(Events, Action);
     bool Valid = false;
     try
     {
@@ -228,9 +225,9 @@ TRunResult TProjectRunner::TImpl::ValidateAndRun()
 void TProjectRunner::TImpl::RunAll()
 {
     if (!ResumeProblem.empty())
-        Events.Message(0, ResumeProblem);
+        Tell(ResumeProblem);
     if (Selected.empty() && !Options.Only.empty())
-        Events.Message(0, "Nothing to run : the actions asked for are disabled or stand before the place to begin");
+        Tell("Nothing to run : the actions asked for are disabled or stand before the place to begin");
     for (TProjectAction* Action : Selected)
         RunOrSkip(*Action);
     if (Result() == TRunResult::Success)
@@ -248,9 +245,9 @@ void TProjectRunner::TImpl::RunOrSkip(TProjectAction& Action)
 void TProjectRunner::TImpl::RunAction(TProjectAction& Action)
 {
     Note(Action);
-    Events.ActionStarted(Identity(Action));
+    Events.Handle(TActionStartedEvent{Action.Index, Action.Type, Action.Name});
     const TStopwatch Stopwatch;
-    const TActionRun Run{Identity(Action), std::chrono::seconds(Action.TimeoutSeconds), Options.DryRun};
+    const TActionRun Run{Action.Index, std::chrono::seconds(Action.TimeoutSeconds), Options.DryRun};
     TRunContext Context(*Action.Object, Run, Variables, Events);
     const bool Succeeded = Execute(Action);
     if (!Succeeded)
@@ -259,7 +256,7 @@ void TProjectRunner::TImpl::RunAction(TProjectAction& Action)
                                        : Succeeded             ? TActionResult::Success
                                                                : TActionResult::Failure;
     Count(Action, ActionResult);
-    Events.ActionEnded(Identity(Action), ActionResult, Stopwatch.Seconds(), {});
+    Events.Handle(TActionEndedEvent{Action.Index, Action.Name, ActionResult, Stopwatch.Seconds(), {}});
 }
 
 bool TProjectRunner::TImpl::Execute(TProjectAction& Action)
@@ -274,15 +271,15 @@ catch (const EHostFileError&)
 }
 catch (const std::exception& Error)
 {
-    Events.Message(Action.Index, fmt::format("The action ended with an error : {}", Error.what()));
+    Tell(fmt::format("The action ended with an error : {}", Error.what()), Action.Index);
     return false;
 }
 
 void TProjectRunner::TImpl::Skip(const TProjectAction& Action)
 {
     ++Totals.Skipped;
-    Events.ActionEnded(Identity(Action), TActionResult::Skipped, 0,
-                       Termination::Requested() != 0 ? "the run was ended" : "an earlier action failed");
+    Events.Handle(TActionEndedEvent{Action.Index, Action.Name, TActionResult::Skipped, 0,
+                                    Termination::Requested() != 0 ? "the run was ended" : "an earlier action failed"});
 }
 
 void TProjectRunner::TImpl::Count(const TProjectAction& Action, TActionResult ActionResult)
@@ -325,8 +322,7 @@ try
 catch (const EFileError& Error)
 {
     CanNote = false;
-    Events.Message(0,
-                   fmt::format("The place of this run cannot be noted, --resume will not find it : {}", Error.what()));
+    Tell(fmt::format("The place of this run cannot be noted, --resume will not find it : {}", Error.what()));
 }
 
 TProjectRunner::TProjectRunner(TProject& Project, TRunOptions Options, IRunEvents& Events)
@@ -345,10 +341,11 @@ TRunResult TProjectRunner::Run()
 {
     const TFolderScope Scope(FImpl->Project.Folder);
     const TStopwatch Stopwatch;
-    FImpl->Events.RunStarted(FImpl->Project.Name, static_cast<int>(FImpl->Selected.size()));
+    FImpl->Events.Handle(TRunStartedEvent{FImpl->Project.Name, static_cast<int>(FImpl->Selected.size())});
     const TRunResult Result = FImpl->ValidateAndRun();
+    FImpl->Totals.Result = Result;
     FImpl->Totals.Seconds = Stopwatch.Seconds();
-    FImpl->Events.RunEnded(Result, FImpl->Totals);
+    FImpl->Events.Handle(FImpl->Totals);
     if (FImpl->HostError)
         std::rethrow_exception(FImpl->HostError);
     return Result;

@@ -1,68 +1,151 @@
-// What happens in a run, as events. Writers turn them into text, JSON or annotations.
+// What happens in a run, as values. Writers turn them into text, JSON or annotations.
 #pragma once
 
 #include "host/QXAction.h"
 
+#include <array>
 #include <optional>
-#include <string>
 #include <string_view>
+#include <variant>
 
 enum class TActionResult { Success, Failure, Skipped, Terminated };
 enum class TRunResult { Success, Failure, Invalid, Terminated };
 
-/// Which action an event is about. Index counts from 1, the position in the project file.
-struct TActionIdentity
+// An event is an aggregate of numbers, texts and enumerations. Name is what programs know it by. Members names all
+// of its members in their order: it is the one place from which filters find the texts to be cleaned and JSON its
+// members; a count that differs does not compile. A member without a name is for the writers of this program alone.
+// Texts live as long as the event is handled. Index is the position of an action in the project file, from 1, and 0
+// for no action.
+
+template <std::size_t Count> using TEventMembers = std::array<std::string_view, Count>;
+
+struct TRunStartedEvent
 {
+    static constexpr std::string_view Name = "run-started";
+    static constexpr TEventMembers<2> Members = {"project", "actions"};
+    std::string_view Project;
+    int Actions = 0;
+};
+
+struct TValidationErrorEvent
+{
+    static constexpr std::string_view Name = "validation-error";
+    static constexpr TEventMembers<5> Members = {"index", "type", "name", "label", "message"};
     int Index = 0;
-    std::string Type;
-    std::string Name;
+    std::string_view Type;
+    std::string_view Action;
+    std::string_view Label;
+    std::string_view Message;
+};
+
+struct TActionStartedEvent
+{
+    static constexpr std::string_view Name = "action-started";
+    static constexpr TEventMembers<3> Members = {"index", "type", "name"};
+    int Index = 0;
+    std::string_view Type;
+    std::string_view Action;
+};
+
+struct TMessageEvent
+{
+    static constexpr std::string_view Name = "message";
+    static constexpr TEventMembers<2> Members = {"index", "text"};
+    int Index = 0;
+    std::string_view Text;
+};
+
+struct TExpansionErrorEvent
+{
+    static constexpr std::string_view Name = "expansion-error";
+    static constexpr TEventMembers<4> Members = {"index", "label", "text", "reason"};
+    int Index = 0;
+    std::string_view Label;
+    std::string_view Text;
+    std::string_view Reason;
+};
+
+struct TScriptErrorEvent
+{
+    static constexpr std::string_view Name = "script-error";
+    static constexpr TEventMembers<4> Members = {"index", "script", "line", "reason"};
+    int Index = 0;
+    std::string_view Script;
+    int Line = 0;
+    std::string_view Reason;
 };
 
 /// A process that starts, or under a dry run would.
-struct TProcessStartEvent
+struct TProcessStartedEvent
 {
-    std::string Executable;
-    std::string Folder;
-    std::string Arguments;
+    static constexpr std::string_view Name = "process-started";
+    static constexpr TEventMembers<6> Members = {"index",     "executable", "folder",
+                                                 "arguments", "dry_run",    "response_file"};
+    int Index = 0;
+    std::string_view Executable;
+    std::string_view Folder;
+    std::string_view Arguments;
     bool DryRun = false;
-    std::optional<std::string> ResponseFile; ///< under a dry run: the text of the file that an argument names
+    std::optional<std::string_view> ResponseFile; ///< under a dry run: the text of the file that an argument names
 };
 
-/// How it ended: by itself, by a signal, or for its time limit.
-struct TProcessEndEvent
+struct TOutputEvent
 {
-    int ExitCode = 0;
-    std::string Signal;
+    static constexpr std::string_view Name = "output";
+    static constexpr TEventMembers<3> Members = {"index", "stream", "text"};
+    int Index = 0;
+    TQXOutputStream Stream = TQXOutputStream::StdOut;
+    std::string_view Text;
+};
+
+/// How a process ended: by itself, by a signal, or for its time limit.
+struct TProcessEndedEvent
+{
+    static constexpr std::string_view Name = "process-ended";
+    static constexpr TEventMembers<4> Members = {"index", "exit_code", "signal", "timed_out"};
+    int Index = 0;
+    std::optional<int> ExitCode;
+    std::optional<std::string_view> Signal;
     bool TimedOut = false;
 };
 
-struct TRunTotals
+struct TActionEndedEvent
 {
+    static constexpr std::string_view Name = "action-ended";
+    static constexpr TEventMembers<5> Members = {"index", "", "result", "seconds", "reason"};
+    int Index = 0;
+    std::string_view Action;
+    TActionResult Result = TActionResult::Success;
+    double Seconds = 0;
+    std::optional<std::string_view> Reason; ///< why it was skipped
+};
+
+struct TRunEndedEvent
+{
+    static constexpr std::string_view Name = "run-ended";
+    static constexpr TEventMembers<5> Members = {"result", "succeeded", "failed", "skipped", "seconds"};
+    TRunResult Result = TRunResult::Success;
     int Succeeded = 0;
     int Failed = 0;
     int Skipped = 0;
     double Seconds = 0;
 };
 
-/// Receives the events of one run in their order. Index 0 stands for no action. Texts are valid UTF-8 and
-/// hold no secret.
+/// Comes about once a second while a process runs. Programs do not see it.
+struct TTickEvent
+{
+    static constexpr std::string_view Name = "";
+    static constexpr TEventMembers<0> Members = {};
+};
+
+using TRunEvent = std::variant<TRunStartedEvent, TValidationErrorEvent, TActionStartedEvent, TMessageEvent,
+                               TExpansionErrorEvent, TScriptErrorEvent, TProcessStartedEvent, TOutputEvent,
+                               TProcessEndedEvent, TActionEndedEvent, TRunEndedEvent, TTickEvent>;
+
+/// Receives the events of one run in their order. Behind TCleanEvents texts are valid UTF-8 and hold no secret.
 class IRunEvents
 {
 public:
     virtual ~IRunEvents() = default;
-    virtual void RunStarted(std::string_view Project, int Actions) = 0;
-    virtual void ValidationError(const TActionIdentity& Action, std::string_view Label, std::string_view Message) = 0;
-    virtual void ActionStarted(const TActionIdentity& Action) = 0;
-    virtual void Message(int Index, std::string_view Text) = 0;
-    virtual void ExpansionError(int Index, std::string_view Label, std::string_view Text, std::string_view Reason) = 0;
-    virtual void ScriptError(int Index, std::string_view Script, int Line, std::string_view Reason) = 0;
-    virtual void ProcessStarted(int Index, const TProcessStartEvent& Process) = 0;
-    virtual void Output(int Index, TQXOutputStream Stream, std::string_view Line) = 0;
-    virtual void ProcessEnded(int Index, const TProcessEndEvent& End) = 0;
-    /// Reason says why an action was skipped.
-    virtual void ActionEnded(const TActionIdentity& Action, TActionResult Result, double Seconds,
-                             std::string_view Reason) = 0;
-    virtual void RunEnded(TRunResult Result, const TRunTotals& Totals) = 0;
-    /// Called about once a second while a process runs.
-    virtual void Tick() {}
+    virtual void Handle(const TRunEvent& Event) = 0;
 };

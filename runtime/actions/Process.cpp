@@ -74,6 +74,26 @@ std::optional<std::string> ResponseFileText(const TProcessStart& Start)
     }
     return std::nullopt;
 }
+
+TProcessStartedEvent StartEvent(const TProcessStart& Start)
+{
+    TProcessStartedEvent Event;
+    Event.Executable = Start.Executable;
+    Event.Folder = Start.Folder;
+    Event.Arguments = Start.Arguments;
+    return Event;
+}
+
+TProcessEndedEvent EndEvent(const TProcessEnd& End)
+{
+    TProcessEndedEvent Event;
+    Event.TimedOut = End.TimedOut;
+    if (!End.TimedOut && !End.Signal.empty())
+        Event.Signal = End.Signal;
+    else if (!End.TimedOut)
+        Event.ExitCode = End.ExitCode;
+    return Event;
+}
 } // namespace
 
 std::unique_ptr<IQXProcess> CreateQXProcess()
@@ -108,7 +128,7 @@ try
     if (Context && Context->IsDryRun())
         return Show(Start);
     if (Context)
-        Context->ProcessStarted({Start.Executable, Start.Folder, Start.Arguments, false, {}});
+        Context->ProcessStarted(StartEvent(Start));
     FEnd = RunProcess(ThroughRuntime(Start), Listener);
     ReportEnd(Start);
     return ExitCode();
@@ -135,8 +155,11 @@ TProcessStart TQXProcess::Prepare() const
 
 int TQXProcess::Show(const TProcessStart& Start)
 {
-    TRunContext::Current()->ProcessStarted(
-        {Start.Executable, Start.Folder, Start.Arguments, true, ResponseFileText(Start)});
+    TProcessStartedEvent Event = StartEvent(Start);
+    const std::optional<std::string> ResponseFile = ResponseFileText(Start);
+    Event.DryRun = true;
+    Event.ResponseFile = ResponseFile;
+    TRunContext::Current()->ProcessStarted(Event);
     return 0;
 }
 
@@ -145,7 +168,7 @@ void TQXProcess::ReportEnd(const TProcessStart& Start)
     TRunContext* Context = TRunContext::Current();
     if (!Context)
         return;
-    Context->ProcessEnded({FEnd.ExitCode, FEnd.Signal, FEnd.TimedOut});
+    Context->ProcessEnded(EndEvent(FEnd));
     if (FEnd.TimedOut)
         Context->SendMessage(
             fmt::format("The tool was ended after its time limit of {} seconds", Start.TimeLimit.count() / 1000));

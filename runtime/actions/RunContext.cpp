@@ -32,13 +32,13 @@ TRunContext* TRunContext::Current()
 
 void TRunContext::SendMessage(std::string_view Text)
 {
-    FEvents.Message(FRun.Identity.Index, Text);
+    FEvents.Handle(TMessageEvent{FRun.Index, Text});
     PassTermination();
 }
 
 void TRunContext::SendOutput(TQXOutputStream Stream, std::string_view Line)
 {
-    FEvents.Output(FRun.Identity.Index, Stream, Line);
+    FEvents.Handle(TOutputEvent{FRun.Index, Stream, Line});
 }
 
 bool TRunContext::TryExpandExpression(std::string_view Label, std::string_view Expression, std::string& Value,
@@ -51,7 +51,7 @@ bool TRunContext::TryExpandExpression(std::string_view Label, std::string_view E
     if (Expansion.Succeeded)
         Value = std::move(Expansion.Text);
     else
-        FEvents.ExpansionError(FRun.Identity.Index, Label, Expression, Expansion.Reason);
+        FEvents.Handle(TExpansionErrorEvent{FRun.Index, Label, Expression, Expansion.Reason});
     return Expansion.Succeeded;
 }
 
@@ -76,24 +76,26 @@ bool TRunContext::ExecuteScript(TQXScript& Script)
     const auto Failure = Engine ? Engine->Run(Script, Runtime.ScriptingServices())
                                 : TScriptFailure{0, "this build of the host has no script engine"};
     if (Failure)
-        FEvents.ScriptError(FRun.Identity.Index, Script.Name(), Failure->Line, Failure->Reason);
+        FEvents.Handle(TScriptErrorEvent{FRun.Index, Script.Name(), Failure->Line, Failure->Reason});
     return !Failure;
 }
 
-void TRunContext::ProcessStarted(const TProcessStartEvent& Start)
+void TRunContext::ProcessStarted(TProcessStartedEvent Start)
 {
-    FEvents.ProcessStarted(FRun.Identity.Index, Start);
+    Start.Index = FRun.Index;
+    FEvents.Handle(Start);
 }
 
-void TRunContext::ProcessEnded(const TProcessEndEvent& End)
+void TRunContext::ProcessEnded(TProcessEndedEvent End)
 {
-    FEvents.ProcessEnded(FRun.Identity.Index, End);
+    End.Index = FRun.Index;
+    FEvents.Handle(End);
     PassTermination();
 }
 
 void TRunContext::Tick()
 {
-    FEvents.Tick();
+    FEvents.Handle(TTickEvent{});
     PassTermination();
 }
 

@@ -9,7 +9,7 @@
 /// How an action is to run.
 struct TActionRun
 {
-    TActionIdentity Identity;
+    int Index = 0;                     ///< position in the project file, from 1
     std::chrono::seconds TimeLimit{0}; ///< of each of its processes; 0: none
     bool DryRun = false;
 };
@@ -40,8 +40,9 @@ public:
     [[nodiscard]] TExpansion Expand(std::string_view Expression) const { return FVariables.Expand(Expression); }
 
     [[nodiscard]] const TActionRun& Run() const { return FRun; }
-    void ProcessStarted(const TProcessStartEvent& Start);
-    void ProcessEnded(const TProcessEndEvent& End);
+    /// Index is filled in.
+    void ProcessStarted(TProcessStartedEvent Start);
+    void ProcessEnded(TProcessEndedEvent End);
     /// Called about once a second while a process runs.
     void Tick();
 

@@ -1,68 +1,56 @@
 #include "runtime/log/CleanEvents.h"
 
 #include "platform/Text.h"
+#include "runtime/log/EventMembers.h"
 
-TCleanEvents::TCleanText::TCleanText(const TSecretMask& Mask, std::string_view Text) : FText(Text)
-{
-    if (!Mask.IsEmpty())
-        FText = Mask.Apply(Text, FBuffer);
-    if (Text::IsAscii(FText) || Text::IsValidUtf8(FText))
-        return;
-    FBuffer = Text::MakeValidUtf8(FText);
-    FText = FBuffer;
-}
+#include <array>
+#include <string>
 
-TActionIdentity TCleanEvents::Clean(const TActionIdentity& Action) const
+namespace
 {
-    return {Action.Index, Action.Type, Copy(Action.Name)};
-}
+/// Cleans the texts of one event; holds those that had to be changed.
+template <std::size_t Count> class TCleaner
+{
+public:
+    explicit TCleaner(const TSecretMask& Mask) : FMask(Mask) {}
 
-void TCleanEvents::RunStarted(std::string_view Project, int Actions)
-{
-    FTarget.RunStarted(Clean(Project), Actions);
-}
+    void operator()(std::string_view& Text)
+    {
+        std::string& Buffer = FBuffers[FUsed++];
+        if (!FMask.IsEmpty())
+            Text = FMask.Apply(Text, Buffer);
+        if (Text::IsAscii(Text) || Text::IsValidUtf8(Text))
+            return;
+        Buffer = Text::MakeValidUtf8(Text);
+        Text = Buffer;
+    }
+    void operator()(std::optional<std::string_view>& Text)
+    {
+        if (Text)
+            (*this)(*Text);
+    }
+    /// Numbers and enumerations hold no text.
+    template <typename TValue> void operator()(TValue&)
+    {
+        static_assert(std::is_arithmetic_v<TValue> || std::is_enum_v<TValue> ||
+                          std::is_same_v<TValue, std::optional<int>>,
+                      "a member of a type whose texts nobody would clean");
+    }
 
-void TCleanEvents::ValidationError(const TActionIdentity& Action, std::string_view Label, std::string_view Message)
-{
-    FTarget.ValidationError(Clean(Action), Clean(Label), Clean(Message));
-}
+private:
+    const TSecretMask& FMask;
+    std::array<std::string, Count> FBuffers;
+    std::size_t FUsed = 0;
+};
+} // namespace
 
-void TCleanEvents::ActionStarted(const TActionIdentity& Action)
+void TCleanEvents::Handle(const TRunEvent& Event)
 {
-    FTarget.ActionStarted(Clean(Action));
-}
-
-void TCleanEvents::Message(int Index, std::string_view Text)
-{
-    FTarget.Message(Index, Clean(Text));
-}
-
-void TCleanEvents::ExpansionError(int Index, std::string_view Label, std::string_view Text, std::string_view Reason)
-{
-    FTarget.ExpansionError(Index, Clean(Label), Clean(Text), Clean(Reason));
-}
-
-void TCleanEvents::ScriptError(int Index, std::string_view Script, int Line, std::string_view Reason)
-{
-    FTarget.ScriptError(Index, Clean(Script), Line, Clean(Reason));
-}
-
-void TCleanEvents::ProcessStarted(int Index, const TProcessStartEvent& Process)
-{
-    TProcessStartEvent Event{
-        Copy(Process.Executable), Copy(Process.Folder), Copy(Process.Arguments), Process.DryRun, {}};
-    if (Process.ResponseFile)
-        Event.ResponseFile = Copy(*Process.ResponseFile);
-    FTarget.ProcessStarted(Index, Event);
-}
-
-void TCleanEvents::Output(int Index, TQXOutputStream Stream, std::string_view Line)
-{
-    FTarget.Output(Index, Stream, Clean(Line));
-}
-
-void TCleanEvents::ActionEnded(const TActionIdentity& Action, TActionResult Result, double Seconds,
-                               std::string_view Reason)
-{
-    FTarget.ActionEnded(Clean(Action), Result, Seconds, Clean(Reason));
+    std::visit(
+        [this](auto Copy) {
+            TCleaner<decltype(Copy)::Members.size()> Clean(FMask);
+            ForEachMember(Copy, [&](std::string_view, auto& Value) { Clean(Value); });
+            FTarget.Handle(Copy);
+        },
+        Event);
 }

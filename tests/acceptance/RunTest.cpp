@@ -95,7 +95,7 @@ TEST_F(TRunTest, JsonIsOneObjectForEachEvent)
 {"event":"output","index":2,"stream":"stderr","text":"bad.cs(3,7): error CS0103: 100%: no"}
 {"event":"process-ended","index":2,"exit_code":3}
 {"event":"action-ended","index":2,"result":"failure","seconds":#}
-{"event":"action-ended","index":3,"result":"skipped","seconds":#}
+{"event":"action-ended","index":3,"result":"skipped","seconds":#,"reason":"an earlier action failed"}
 {"event":"run-ended","result":"failure","succeeded":1,"failed":1,"skipped":1,"seconds":#}
 )");
 }

@@ -7,6 +7,7 @@
 #include "runtime/actions/RunContext.h"
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -41,6 +42,19 @@ public:
         std::string Reason;
     };
 
+    struct TProcessStart
+    {
+        std::string Executable, Folder, Arguments;
+        bool DryRun;
+        std::optional<std::string> ResponseFile;
+    };
+    struct TProcessEnd
+    {
+        int ExitCode;
+        std::string Signal;
+        bool TimedOut;
+    };
+
     std::vector<std::string> Events; ///< "run-started 2", "action-started 1", "message TEXT", "output TEXT"
     std::vector<std::string> Messages;
     std::vector<std::string> OutputLines; ///< of both streams
@@ -48,68 +62,72 @@ public:
     std::vector<TFinding> Findings;
     std::vector<TExpansionError> ExpansionErrors;
     std::vector<TScriptError> ScriptErrors;
-    std::vector<TProcessStartEvent> ProcessStarts;
-    std::vector<TProcessEndEvent> ProcessEnds;
+    std::vector<TProcessStart> ProcessStarts;
+    std::vector<TProcessEnd> ProcessEnds;
     std::vector<TEndedAction> EndedActions;
-    TRunTotals Totals;
+    TRunEndedEvent Totals;
 
-    void RunStarted(std::string_view, int Actions) override { Note("run-started", std::to_string(Actions)); }
-    void ValidationError(const TActionIdentity& Action, std::string_view Label, std::string_view Message) override
+    void Handle(const TRunEvent& Event) override
     {
-        Findings.push_back({Action.Index, std::string(Label), std::string(Message)});
-        Note("validation-error", Label);
-    }
-    void ActionStarted(const TActionIdentity& Action) override { Note("action-started", std::to_string(Action.Index)); }
-    void Message(int, std::string_view Text) override
-    {
-        Messages.emplace_back(Text);
-        Note("message", Text);
-    }
-    void ExpansionError(int Index, std::string_view Label, std::string_view Text, std::string_view Reason) override
-    {
-        ExpansionErrors.push_back({Index, std::string(Label), std::string(Text), std::string(Reason)});
-        Note("expansion-error", Label);
-    }
-    void ScriptError(int, std::string_view Script, int Line, std::string_view Reason) override
-    {
-        ScriptErrors.push_back({std::string(Script), Line, std::string(Reason)});
-        Note("script-error", Script);
-    }
-    void ProcessStarted(int, const TProcessStartEvent& Process) override
-    {
-        ProcessStarts.push_back(Process);
-        Note("process-started", Process.Executable);
-    }
-    void Output(int, TQXOutputStream Stream, std::string_view Line) override
-    {
-        OutputLines.emplace_back(Line);
-        if (Stream == TQXOutputStream::StdErr)
-            ErrorLines.emplace_back(Line);
-        Note("output", Line);
-    }
-    void ProcessEnded(int, const TProcessEndEvent& End) override
-    {
-        ProcessEnds.push_back(End);
-        Note("process-ended", std::to_string(End.ExitCode));
-    }
-    void ActionEnded(const TActionIdentity& Action, TActionResult Result, double, std::string_view Reason) override
-    {
-        static constexpr std::string_view Names[] = {"success", "failure", "skipped", "terminated"};
-        EndedActions.push_back({Action.Index, Result, std::string(Reason)});
-        Note("action-ended", std::to_string(Action.Index) + " " + std::string(Names[static_cast<std::size_t>(Result)]));
-    }
-    void RunEnded(TRunResult Result, const TRunTotals& ATotals) override
-    {
-        static constexpr std::string_view Names[] = {"success", "failure", "invalid", "terminated"};
-        Totals = ATotals;
-        Note("run-ended", Names[static_cast<std::size_t>(Result)]);
+        std::visit(
+            [this](const auto& Known) {
+                const std::string Text = Remember(Known);
+                if (!Known.Name.empty())
+                    Events.push_back(std::string(Known.Name) + " " + Text);
+            },
+            Event);
     }
 
 private:
-    void Note(std::string_view Event, std::string_view Text)
+    std::string Remember(const TRunStartedEvent& Event) { return std::to_string(Event.Actions); }
+    std::string Remember(const TValidationErrorEvent& Event)
     {
-        Events.push_back(std::string(Event) + " " + std::string(Text));
+        Findings.push_back({Event.Index, std::string(Event.Label), std::string(Event.Message)});
+        return std::string(Event.Label);
     }
+    std::string Remember(const TActionStartedEvent& Event) { return std::to_string(Event.Index); }
+    std::string Remember(const TMessageEvent& Event) { return Messages.emplace_back(Event.Text); }
+    std::string Remember(const TExpansionErrorEvent& Event)
+    {
+        ExpansionErrors.push_back(
+            {Event.Index, std::string(Event.Label), std::string(Event.Text), std::string(Event.Reason)});
+        return std::string(Event.Label);
+    }
+    std::string Remember(const TScriptErrorEvent& Event)
+    {
+        ScriptErrors.push_back({std::string(Event.Script), Event.Line, std::string(Event.Reason)});
+        return std::string(Event.Script);
+    }
+    std::string Remember(const TProcessStartedEvent& Event)
+    {
+        ProcessStarts.push_back({std::string(Event.Executable), std::string(Event.Folder), std::string(Event.Arguments),
+                                 Event.DryRun, std::optional<std::string>(Event.ResponseFile)});
+        return std::string(Event.Executable);
+    }
+    std::string Remember(const TOutputEvent& Event)
+    {
+        if (Event.Stream == TQXOutputStream::StdErr)
+            ErrorLines.emplace_back(Event.Text);
+        return OutputLines.emplace_back(Event.Text);
+    }
+    std::string Remember(const TProcessEndedEvent& Event)
+    {
+        ProcessEnds.push_back({Event.ExitCode.value_or(0), std::string(Event.Signal.value_or("")), Event.TimedOut});
+        return std::to_string(ProcessEnds.back().ExitCode);
+    }
+    std::string Remember(const TActionEndedEvent& Event)
+    {
+        static constexpr std::string_view Names[] = {"success", "failure", "skipped", "terminated"};
+        EndedActions.push_back({Event.Index, Event.Result, std::string(Event.Reason.value_or(""))});
+        return std::to_string(Event.Index) + " " + std::string(Names[static_cast<std::size_t>(Event.Result)]);
+    }
+    std::string Remember(const TRunEndedEvent& Event)
+    {
+        static constexpr std::string_view Names[] = {"success", "failure", "invalid", "terminated"};
+        Totals = Event;
+        return std::string(Names[static_cast<std::size_t>(Event.Result)]);
+    }
+    std::string Remember(const TTickEvent&) { return {}; }
 };
 
 /// .NET versions as a test lists them.
@@ -216,5 +234,5 @@ public:
     TQXRuntime Runtime;
     TRecordedLog Log;
     TVariables Variables;
-    TActionRun Settings{{1, "TTestAction", "Test"}, {}, false};
+    TActionRun Settings{1, {}, false};
 };

@@ -151,7 +151,7 @@ int ValidateCommand(const TArguments& Arguments, TQXRuntime&)
     return ExitCode(WithLog(Arguments, [&](TProjectRunner& Runner, IRunEvents& Events) {
         const TRunResult Result = Runner.Validate();
         if (Result == TRunResult::Success && Arguments.Format != TLogFormat::Json)
-            Events.Message(0, "The project is valid.");
+            Events.Handle(TMessageEvent{0, "The project is valid."});
         return Result;
     }));
 }

@@ -28,21 +28,15 @@ std::string RootFolder()
 TGitHubWriter::TGitHubWriter(TOutput& Output, const TTextStyle& Style) : TTextWriter(Output, Style), FRoot(RootFolder())
 {}
 
-void TGitHubWriter::ValidationError(const TActionIdentity& Action, std::string_view Label, std::string_view Message)
+void TGitHubWriter::Handle(const TRunEvent& Event)
 {
-    TTextWriter::ValidationError(Action, Label, Message);
-    WriteError(Action.Name, fmt::format("{}: {}", Label, Message));
+    TTextWriter::Handle(Event);
+    std::visit([this](const auto& Known) { Annotate(Known); }, Event);
 }
 
-void TGitHubWriter::ActionStarted(const TActionIdentity& Action)
+void TGitHubWriter::WriteHeading(std::string_view Position, std::string_view Action, std::string_view Type)
 {
-    FAction = Action.Name;
-    TTextWriter::ActionStarted(Action);
-}
-
-void TGitHubWriter::WriteHeading(const std::string& Position, const TActionIdentity& Action)
-{
-    WriteLine(fmt::format("::group::{} {} ({})", Position, EscapeText(Action.Name), Action.Type));
+    WriteLine(fmt::format("::group::{} {} ({})", Position, EscapeText(Action), Type));
 }
 
 void TGitHubWriter::WriteEndOfLines()
@@ -50,38 +44,47 @@ void TGitHubWriter::WriteEndOfLines()
     WriteLine("::endgroup::");
 }
 
-void TGitHubWriter::ExpansionError(int Index, std::string_view Label, std::string_view Text, std::string_view Reason)
+void TGitHubWriter::Annotate(const TValidationErrorEvent& Event)
 {
-    TTextWriter::ExpansionError(Index, Label, Text, Reason);
-    WriteError(FAction, fmt::format("{}: \"{}\": {}", Label, Text, Reason));
+    WriteError(Event.Action, fmt::format("{}: {}", Event.Label, Event.Message));
 }
 
-void TGitHubWriter::ScriptError(int Index, std::string_view Script, int Line, std::string_view Reason)
+void TGitHubWriter::Annotate(const TActionStartedEvent& Event)
 {
-    TTextWriter::ScriptError(Index, Script, Line, Reason);
-    WriteError(FAction, fmt::format("{}, line {}: {}", Script, Line, Reason));
+    FAction = Event.Action;
 }
 
-void TGitHubWriter::ProcessStarted(int Index, const TProcessStartEvent& Process)
+void TGitHubWriter::Annotate(const TExpansionErrorEvent& Event)
 {
-    FProcessFolder = Paths::Expand(Process.Folder, Files::CurrentFolder());
-    TTextWriter::ProcessStarted(Index, Process);
+    WriteError(FAction, fmt::format("{}: \"{}\": {}", Event.Label, Event.Text, Event.Reason));
 }
 
-void TGitHubWriter::WriteToolMessage(const TToolMessage& Message, std::string_view Line)
+void TGitHubWriter::Annotate(const TScriptErrorEvent& Event)
 {
-    TTextWriter::WriteToolMessage(Message, Line);
+    WriteError(FAction, fmt::format("{}, line {}: {}", Event.Script, Event.Line, Event.Reason));
+}
+
+void TGitHubWriter::Annotate(const TProcessStartedEvent& Event)
+{
+    FProcessFolder = Paths::Expand(std::string(Event.Folder), Files::CurrentFolder());
+}
+
+void TGitHubWriter::Annotate(const TOutputEvent& Event)
+{
+    const std::optional<TToolMessage> Message = ParseToolMessage(Event.Text);
+    if (!Message)
+        return;
     std::string Properties;
     const auto AddProperty = [&](std::string_view Name, std::string_view Value) {
         if (!Value.empty())
             Properties += fmt::format("{}{}={}", Properties.empty() ? " " : ",", Name, EscapeProperty(Value));
     };
-    AddProperty("file", FileOf(Message));
-    AddProperty("line", Message.Line);
-    AddProperty("col", Message.Column);
-    AddProperty("title", Message.Code);
-    const std::string_view Command = Message.IsError ? "error" : "warning";
-    WriteActionLine(fmt::format("::{}{}::{}", Command, Properties, EscapeText(Message.Text)), {}, {});
+    AddProperty("file", FileOf(*Message));
+    AddProperty("line", Message->Line);
+    AddProperty("col", Message->Column);
+    AddProperty("title", Message->Code);
+    const std::string_view Command = Message->IsError ? "error" : "warning";
+    WriteActionLine(fmt::format("::{}{}::{}", Command, Properties, EscapeText(Message->Text)), {}, {});
 }
 
 std::string TGitHubWriter::FileOf(const TToolMessage& Message) const
@@ -96,12 +99,10 @@ std::string TGitHubWriter::FileOf(const TToolMessage& Message) const
     return Relative.starts_with("..") ? File : Relative;
 }
 
-void TGitHubWriter::ActionEnded(const TActionIdentity& Action, TActionResult Result, double Seconds,
-                                std::string_view Reason)
+void TGitHubWriter::Annotate(const TActionEndedEvent& Event)
 {
-    TTextWriter::ActionEnded(Action, Result, Seconds, Reason);
-    if (Result == TActionResult::Failure)
-        WriteError(Action.Name, "The action failed.");
+    if (Event.Result == TActionResult::Failure)
+        WriteError(Event.Action, "The action failed.");
 }
 
 void TGitHubWriter::WriteError(std::string_view Title, std::string_view Text)

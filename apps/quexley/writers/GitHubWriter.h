@@ -1,6 +1,7 @@
 #pragma once
 
 #include "apps/quexley/writers/TextWriter.h"
+#include "apps/quexley/writers/ToolMessage.h"
 
 #include <string>
 #include <string_view>
@@ -11,19 +12,21 @@ class TGitHubWriter final : public TTextWriter
 public:
     TGitHubWriter(TOutput& Output, const TTextStyle& Style);
 
-    void ValidationError(const TActionIdentity& Action, std::string_view Label, std::string_view Message) override;
-    void ActionStarted(const TActionIdentity& Action) override;
-    void ExpansionError(int Index, std::string_view Label, std::string_view Text, std::string_view Reason) override;
-    void ScriptError(int Index, std::string_view Script, int Line, std::string_view Reason) override;
-    void ProcessStarted(int Index, const TProcessStartEvent& Process) override;
-    void ActionEnded(const TActionIdentity& Action, TActionResult Result, double Seconds,
-                     std::string_view Reason) override;
+    void Handle(const TRunEvent& Event) override;
 
 private:
-    void WriteHeading(const std::string& Position, const TActionIdentity& Action) override;
+    void WriteHeading(std::string_view Position, std::string_view Action, std::string_view Type) override;
     void WriteEndOfLines() override;
-    void WriteToolMessage(const TToolMessage& Message, std::string_view Line) override;
-    [[nodiscard]] bool WantsToolMessages() const override { return true; }
+
+    void Annotate(const TValidationErrorEvent& Event);
+    void Annotate(const TActionStartedEvent& Event);
+    void Annotate(const TExpansionErrorEvent& Event);
+    void Annotate(const TScriptErrorEvent& Event);
+    void Annotate(const TProcessStartedEvent& Event);
+    void Annotate(const TOutputEvent& Event);
+    void Annotate(const TActionEndedEvent& Event);
+    /// What needs no annotation.
+    template <typename TEvent> void Annotate(const TEvent&) {}
     void WriteError(std::string_view Title, std::string_view Text);
     [[nodiscard]] std::string FileOf(const TToolMessage& Message) const;
 

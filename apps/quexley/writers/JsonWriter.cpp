@@ -1,5 +1,7 @@
 #include "apps/quexley/writers/JsonWriter.h"
 
+#include "runtime/log/EventMembers.h"
+
 #include <fmt/format.h>
 
 #include <array>
@@ -49,19 +51,6 @@ void AppendEscaped(TOutput& Output, std::string_view Text)
 }
 } // namespace
 
-void TJsonWriter::Begin(std::string_view Event)
-{
-    FOutput.Append("{\"event\":\"");
-    FOutput.Append(Event);
-    FOutput.Append("\"");
-}
-
-void TJsonWriter::Begin(std::string_view Event, int Index)
-{
-    Begin(Event);
-    Add("index", Index);
-}
-
 void TJsonWriter::AddName(std::string_view Member)
 {
     FOutput.Append(",\"");
@@ -84,128 +73,55 @@ void TJsonWriter::Add(std::string_view Member, int Number)
     FOutput.Append({Digits.data(), Digits.size()});
 }
 
-void TJsonWriter::AddTrue(std::string_view Member)
+void TJsonWriter::Add(std::string_view Member, double Number)
 {
+    AddName(Member);
+    FOutput.Append(fmt::format("{:.3f}", Number));
+}
+
+void TJsonWriter::Add(std::string_view Member, bool Value)
+{
+    if (!Value)
+        return;
     AddName(Member);
     FOutput.Append("true");
 }
 
-void TJsonWriter::AddSeconds(double Seconds)
+void TJsonWriter::Add(std::string_view Member, TQXOutputStream Stream)
 {
-    AddName("seconds");
-    FOutput.Append(fmt::format("{:.3f}", Seconds));
+    Add(Member, Stream == TQXOutputStream::StdOut ? std::string_view("stdout") : std::string_view("stderr"));
 }
 
-void TJsonWriter::End()
+void TJsonWriter::Add(std::string_view Member, TActionResult Result)
 {
+    Add(Member, ActionResults[static_cast<std::size_t>(Result)]);
+}
+
+void TJsonWriter::Add(std::string_view Member, TRunResult Result)
+{
+    Add(Member, RunResults[static_cast<std::size_t>(Result)]);
+}
+
+template <typename TEvent> void TJsonWriter::Write(const TEvent& Event)
+{
+    FOutput.Append("{\"event\":\"");
+    FOutput.Append(TEvent::Name);
+    FOutput.Append("\"");
+    ForEachMember(Event, [this](std::string_view Member, const auto& Value) {
+        if (!Member.empty())
+            Add(Member, Value);
+    });
     FOutput.Append("}");
     FOutput.EndLine();
+    // What comes line by line is flushed by the clock.
+    constexpr bool IsLine = std::is_same_v<TEvent, TOutputEvent> || std::is_same_v<TEvent, TMessageEvent>;
+    if constexpr (!IsLine)
+        FOutput.Flush();
 }
 
-void TJsonWriter::RunStarted(std::string_view Project, int Actions)
+void TJsonWriter::Handle(const TRunEvent& Event)
 {
-    Begin("run-started");
-    Add("project", Project);
-    Add("actions", Actions);
-    End();
-}
-
-void TJsonWriter::ValidationError(const TActionIdentity& Action, std::string_view Label, std::string_view Message)
-{
-    Begin("validation-error", Action.Index);
-    Add("type", Action.Type);
-    Add("name", Action.Name);
-    Add("label", Label);
-    Add("message", Message);
-    End();
-}
-
-void TJsonWriter::ActionStarted(const TActionIdentity& Action)
-{
-    Begin("action-started", Action.Index);
-    Add("type", Action.Type);
-    Add("name", Action.Name);
-    End();
-    FOutput.Flush();
-}
-
-void TJsonWriter::Message(int Index, std::string_view Text)
-{
-    Begin("message", Index);
-    Add("text", Text);
-    End();
-}
-
-void TJsonWriter::ExpansionError(int Index, std::string_view Label, std::string_view Text, std::string_view Reason)
-{
-    Begin("expansion-error", Index);
-    Add("label", Label);
-    Add("text", Text);
-    Add("reason", Reason);
-    End();
-}
-
-void TJsonWriter::ScriptError(int Index, std::string_view Script, int Line, std::string_view Reason)
-{
-    Begin("script-error", Index);
-    Add("script", Script);
-    Add("line", Line);
-    Add("reason", Reason);
-    End();
-}
-
-void TJsonWriter::ProcessStarted(int Index, const TProcessStartEvent& Process)
-{
-    Begin("process-started", Index);
-    Add("executable", Process.Executable);
-    Add("folder", Process.Folder);
-    Add("arguments", Process.Arguments);
-    if (Process.DryRun)
-        AddTrue("dry_run");
-    if (Process.ResponseFile)
-        Add("response_file", *Process.ResponseFile);
-    End();
-    FOutput.Flush();
-}
-
-void TJsonWriter::Output(int Index, TQXOutputStream Stream, std::string_view Line)
-{
-    Begin("output", Index);
-    Add("stream", Stream == TQXOutputStream::StdOut ? "stdout" : "stderr");
-    Add("text", Line);
-    End();
-}
-
-void TJsonWriter::ProcessEnded(int Index, const TProcessEndEvent& Process)
-{
-    Begin("process-ended", Index);
-    if (Process.TimedOut)
-        AddTrue("timed_out");
-    else if (!Process.Signal.empty())
-        Add("signal", Process.Signal);
-    else
-        Add("exit_code", Process.ExitCode);
-    End();
-    FOutput.Flush();
-}
-
-void TJsonWriter::ActionEnded(const TActionIdentity& Action, TActionResult Result, double Seconds, std::string_view)
-{
-    Begin("action-ended", Action.Index);
-    Add("result", ActionResults[static_cast<std::size_t>(Result)]);
-    AddSeconds(Seconds);
-    End();
-    FOutput.Flush();
-}
-
-void TJsonWriter::RunEnded(TRunResult Result, const TRunTotals& Totals)
-{
-    Begin("run-ended");
-    Add("result", RunResults[static_cast<std::size_t>(Result)]);
-    Add("succeeded", Totals.Succeeded);
-    Add("failed", Totals.Failed);
-    Add("skipped", Totals.Skipped);
-    AddSeconds(Totals.Seconds);
-    End();
-    FOutput.Flush();
+    if (std::holds_alternative<TTickEvent>(Event))
+        return FOutput.Flush();
+    std::visit([this](const auto& Known) { Write(Known); }, Event);
 }

@@ -3,40 +3,35 @@
 #include "apps/quexley/writers/Output.h"
 #include "runtime/RunEvents.h"
 
-#include <string>
+#include <optional>
 #include <string_view>
 
-/// Writes a run for programs: one JSON object per event and line.
+/// Writes a run for programs: one JSON object per event and line, with the members that the event names. Left out
+/// are texts and numbers that an event does not have, and what is not true.
 class TJsonWriter final : public IRunEvents
 {
 public:
     explicit TJsonWriter(TOutput& Output) : FOutput(Output) {}
 
-    void RunStarted(std::string_view Project, int Actions) override;
-    void ValidationError(const TActionIdentity& Action, std::string_view Label, std::string_view Message) override;
-    void ActionStarted(const TActionIdentity& Action) override;
-    void Message(int Index, std::string_view Text) override;
-    void ExpansionError(int Index, std::string_view Label, std::string_view Text, std::string_view Reason) override;
-    void ScriptError(int Index, std::string_view Script, int Line, std::string_view Reason) override;
-    void ProcessStarted(int Index, const TProcessStartEvent& Process) override;
-    void Output(int Index, TQXOutputStream Stream, std::string_view Line) override;
-    void ProcessEnded(int Index, const TProcessEndEvent& End) override;
-    void ActionEnded(const TActionIdentity& Action, TActionResult Result, double Seconds,
-                     std::string_view Reason) override;
-    void RunEnded(TRunResult Result, const TRunTotals& Totals) override;
-    void Tick() override { FOutput.Flush(); }
+    void Handle(const TRunEvent& Event) override;
 
 private:
-    // The members of an object, from its first to its end, are appended one by one: making a document of each line of
-    // a tool would take longer than the tool.
-    void Begin(std::string_view Event);
-    void Begin(std::string_view Event, int Index);
+    // The members of an object are appended one by one: making a document of each line of a tool would take longer
+    // than the tool.
+    template <typename TEvent> void Write(const TEvent& Event);
     void Add(std::string_view Member, std::string_view Text);
     void Add(std::string_view Member, int Number);
-    void AddTrue(std::string_view Member);
-    void AddSeconds(double Seconds);
+    void Add(std::string_view Member, double Number);
+    void Add(std::string_view Member, bool Value);
+    void Add(std::string_view Member, TQXOutputStream Stream);
+    void Add(std::string_view Member, TActionResult Result);
+    void Add(std::string_view Member, TRunResult Result);
+    template <typename T> void Add(std::string_view Member, const std::optional<T>& Value)
+    {
+        if (Value)
+            Add(Member, *Value);
+    }
     void AddName(std::string_view Member);
-    void End();
 
     TOutput& FOutput;
 };

@@ -82,102 +82,101 @@ template <typename TUse> void ForEachLine(std::string_view Text, TUse Use)
 }
 } // namespace
 
-void TTextWriter::RunStarted(std::string_view, int Actions)
+void TTextWriter::Handle(const TRunEvent& Event)
 {
-    FActions = Actions;
+    std::visit([this](const auto& Known) { Write(Known); }, Event);
 }
 
-void TTextWriter::ValidationError(const TActionIdentity& Action, std::string_view Label, std::string_view Message)
+void TTextWriter::Write(const TRunStartedEvent& Event)
+{
+    FActions = Event.Actions;
+}
+
+void TTextWriter::Write(const TValidationErrorEvent& Event)
 {
     ++FFindings;
-    WriteLine(fmt::format("{}: {}: {}", OneLine(Action.Name), Label, Message), Red);
+    WriteLine(fmt::format("{}: {}: {}", OneLine(Event.Action), Event.Label, Event.Message), Red);
 }
 
-void TTextWriter::ActionStarted(const TActionIdentity& Action)
+void TTextWriter::Write(const TActionStartedEvent& Event)
 {
-    WriteHeading(fmt::format("[{}/{}]", ++FStarted, FActions), {Action.Index, Action.Type, OneLine(Action.Name)});
+    FRunning = OneLine(Event.Action);
+    WriteHeading(fmt::format("[{}/{}]", ++FStarted, FActions), FRunning, Event.Type);
     FInAction = true;
-    FRunning = OneLine(Action.Name);
     FRunningSince = std::chrono::steady_clock::now();
     FOutput.Flush();
 }
 
-void TTextWriter::WriteHeading(const std::string& Position, const TActionIdentity& Action)
+void TTextWriter::WriteHeading(std::string_view Position, std::string_view Action, std::string_view Type)
 {
     if (FStyle.Colour)
-        WriteLine(fmt::format("{}{} {}{} {}({}){}", Bold, Position, Action.Name, Plain, Dim, Action.Type, Plain));
+        WriteLine(fmt::format("{}{} {}{} {}({}){}", Bold, Position, Action, Plain, Dim, Type, Plain));
     else
-        WriteLine(fmt::format("{} {} ({})", Position, Action.Name, Action.Type));
+        WriteLine(fmt::format("{} {} ({})", Position, Action, Type));
 }
 
-void TTextWriter::Message(int, std::string_view Text)
+void TTextWriter::Write(const TMessageEvent& Event)
 {
-    WriteActionLines(Text);
+    WriteActionLines(Event.Text);
 }
 
-void TTextWriter::ExpansionError(int, std::string_view Label, std::string_view Text, std::string_view Reason)
+void TTextWriter::Write(const TExpansionErrorEvent& Event)
 {
-    WriteActionLines(fmt::format("{}: \"{}\": {}", Label, Text, Reason), Red);
+    WriteActionLines(fmt::format("{}: \"{}\": {}", Event.Label, Event.Text, Event.Reason), Red);
 }
 
-void TTextWriter::ScriptError(int, std::string_view Script, int Line, std::string_view Reason)
+void TTextWriter::Write(const TScriptErrorEvent& Event)
 {
-    WriteActionLines(fmt::format("{}, line {}: {}", Script, Line, Reason), Red);
+    WriteActionLines(fmt::format("{}, line {}: {}", Event.Script, Event.Line, Event.Reason), Red);
 }
 
-void TTextWriter::ProcessStarted(int, const TProcessStartEvent& Process)
+void TTextWriter::Write(const TProcessStartedEvent& Event)
 {
-    if (FStyle.Verbose || Process.DryRun)
+    if (FStyle.Verbose || Event.DryRun)
     {
-        WriteActionLines(fmt::format("{}: {}{}{}", Process.DryRun ? "would start" : "starting", Process.Executable,
-                                     Process.Arguments.empty() ? "" : " ", Process.Arguments),
+        WriteActionLines(fmt::format("{}: {}{}{}", Event.DryRun ? "would start" : "starting", Event.Executable,
+                                     Event.Arguments.empty() ? "" : " ", Event.Arguments),
                          Dim);
-        WriteActionLines("in folder: " + Process.Folder, Dim);
+        WriteActionLines(fmt::format("in folder: {}", Event.Folder), Dim);
     }
-    if (Process.ResponseFile)
+    if (Event.ResponseFile)
     {
         WriteActionLine("with response file:", Dim);
-        WriteActionLines(*Process.ResponseFile, Dim, "    ");
+        WriteActionLines(*Event.ResponseFile, Dim, "    ");
     }
     FOutput.Flush();
 }
 
-void TTextWriter::Output(int, TQXOutputStream, std::string_view Line)
+void TTextWriter::Write(const TOutputEvent& Event)
 {
-    if (WantsToolMessages())
-        if (const std::optional<TToolMessage> Message = ParseToolMessage(Line))
-            return WriteToolMessage(*Message, Line);
-    WriteActionLine(Line);
+    std::string_view Escape;
+    if (FStyle.Colour)
+        if (const std::optional<TToolMessage> Message = ParseToolMessage(Event.Text))
+            Escape = Message->IsError ? Red : Yellow;
+    WriteActionLine(Event.Text, Escape);
 }
 
-void TTextWriter::WriteToolMessage(const TToolMessage& Message, std::string_view Line)
-{
-    WriteActionLine(Line, Message.IsError ? Red : Yellow);
-}
-
-void TTextWriter::ProcessEnded(int, const TProcessEndEvent& End)
+void TTextWriter::Write(const TProcessEndedEvent& Event)
 {
     // The host says in a message why a tool was cut off.
-    const bool Exited = !End.TimedOut && End.Signal.empty();
-    if (Exited && (End.ExitCode != 0 || FStyle.Verbose))
-        WriteActionLine(fmt::format("exit code {}", End.ExitCode), Dim);
+    if (Event.ExitCode && (*Event.ExitCode != 0 || FStyle.Verbose))
+        WriteActionLine(fmt::format("exit code {}", *Event.ExitCode), Dim);
     FOutput.Flush();
 }
 
-void TTextWriter::ActionEnded(const TActionIdentity& Action, TActionResult Result, double Seconds,
-                              std::string_view Reason)
+void TTextWriter::Write(const TActionEndedEvent& Event)
 {
     if (FInAction)
     {
         RemoveLiveLine();
-        if (Result == TActionResult::Success)
+        if (Event.Result == TActionResult::Success)
             FHeldBack.Clear();
         else
             FHeldBack.MoveTo(FOutput);
         WriteEndOfLines();
     }
     FInAction = false;
-    FRows.push_back({Result, OneLine(Action.Name), Seconds, OneLine(Reason)});
+    FRows.push_back({Event.Result, OneLine(Event.Action), Event.Seconds, OneLine(Event.Reason.value_or(""))});
     WriteRow(FRows.back(), "", 0);
     FOutput.Flush();
 }
@@ -197,11 +196,11 @@ void TTextWriter::WriteRow(const TRow& Row, std::string_view Indent, std::size_t
     WriteLine(Line);
 }
 
-void TTextWriter::RunEnded(TRunResult Result, const TRunTotals& Totals)
+void TTextWriter::Write(const TRunEndedEvent& Event)
 {
     if (!FRows.empty())
         WriteSummary();
-    WriteLine(LastLine(Result, Totals), Result == TRunResult::Success ? Green : Red);
+    WriteLine(LastLine(Event), Event.Result == TRunResult::Success ? Green : Red);
     FOutput.Flush();
 }
 
@@ -216,15 +215,15 @@ void TTextWriter::WriteSummary()
         WriteRow(Row, "  ", Width);
 }
 
-std::string TTextWriter::LastLine(TRunResult Result, const TRunTotals& Totals) const
+std::string TTextWriter::LastLine(const TRunEndedEvent& Event) const
 {
-    if (Result == TRunResult::Invalid)
+    if (Event.Result == TRunResult::Invalid)
         return fmt::format("{} finding{}; nothing was run", FFindings, FFindings == 1 ? "" : "s");
-    if (FActions == 0 && Result == TRunResult::Success)
+    if (FActions == 0 && Event.Result == TRunResult::Success)
         return "no action to run";
     return fmt::format("{}{} succeeded, {} failed, {} skipped in {}",
-                       Result == TRunResult::Terminated ? "ended early: " : "", Totals.Succeeded, Totals.Failed,
-                       Totals.Skipped, FormatSeconds(Totals.Seconds));
+                       Event.Result == TRunResult::Terminated ? "ended early: " : "", Event.Succeeded, Event.Failed,
+                       Event.Skipped, FormatSeconds(Event.Seconds));
 }
 
 void TTextWriter::WriteLine(std::string_view Line, std::string_view Escape)
@@ -260,7 +259,7 @@ void TTextWriter::WriteActionLines(std::string_view Text, std::string_view Escap
     ForEachLine(Text, [&](std::string_view Line) { WriteActionLine(Line, Escape, Indent); });
 }
 
-void TTextWriter::Tick()
+void TTextWriter::Write(const TTickEvent&)
 {
     if (FStyle.LiveLine && FInAction)
     {

@@ -25,28 +25,12 @@ class TTextWriter : public IRunEvents
 public:
     TTextWriter(TOutput& Output, const TTextStyle& Style) : FOutput(Output), FStyle(Style) {}
 
-    void RunStarted(std::string_view Project, int Actions) override;
-    void ValidationError(const TActionIdentity& Action, std::string_view Label, std::string_view Message) override;
-    void ActionStarted(const TActionIdentity& Action) override;
-    void Message(int Index, std::string_view Text) override;
-    void ExpansionError(int Index, std::string_view Label, std::string_view Text, std::string_view Reason) override;
-    void ScriptError(int Index, std::string_view Script, int Line, std::string_view Reason) override;
-    void ProcessStarted(int Index, const TProcessStartEvent& Process) override;
-    void Output(int Index, TQXOutputStream Stream, std::string_view Line) override;
-    void ProcessEnded(int Index, const TProcessEndEvent& End) override;
-    void ActionEnded(const TActionIdentity& Action, TActionResult Result, double Seconds,
-                     std::string_view Reason) override;
-    void RunEnded(TRunResult Result, const TRunTotals& Totals) override;
-    void Tick() override;
+    void Handle(const TRunEvent& Event) override;
 
 protected:
     /// What stands before and behind the lines of an action.
-    virtual void WriteHeading(const std::string& Position, const TActionIdentity& Action);
+    virtual void WriteHeading(std::string_view Position, std::string_view Action, std::string_view Type);
     virtual void WriteEndOfLines() {}
-    /// The line in which a tool reports an error or a warning.
-    virtual void WriteToolMessage(const TToolMessage& Message, std::string_view Line);
-    /// Without it lines are not looked into.
-    [[nodiscard]] virtual bool WantsToolMessages() const { return FStyle.Colour; }
 
     /// Writes a line; Escape is its colour on terminals that have some.
     void WriteLine(std::string_view Line, std::string_view Escape = {});
@@ -62,10 +46,23 @@ private:
         std::string Reason;
     };
 
+    void Write(const TRunStartedEvent& Event);
+    void Write(const TValidationErrorEvent& Event);
+    void Write(const TActionStartedEvent& Event);
+    void Write(const TMessageEvent& Event);
+    void Write(const TExpansionErrorEvent& Event);
+    void Write(const TScriptErrorEvent& Event);
+    void Write(const TProcessStartedEvent& Event);
+    void Write(const TOutputEvent& Event);
+    void Write(const TProcessEndedEvent& Event);
+    void Write(const TActionEndedEvent& Event);
+    void Write(const TRunEndedEvent& Event);
+    void Write(const TTickEvent& Event);
+
     void WriteActionLines(std::string_view Text, std::string_view Escape = {}, std::string_view Indent = "  ");
     void WriteRow(const TRow& Row, std::string_view Indent, std::size_t NameWidth);
     void WriteSummary();
-    [[nodiscard]] std::string LastLine(TRunResult Result, const TRunTotals& Totals) const;
+    [[nodiscard]] std::string LastLine(const TRunEndedEvent& Event) const;
     void RemoveLiveLine();
 
     TOutput& FOutput;

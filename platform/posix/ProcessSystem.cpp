@@ -22,7 +22,8 @@ std::string FromCurrentFolder(const std::string& Name)
     return getcwd(Folder.data(), Folder.size()) == nullptr ? Name : std::string(Folder.data()) + "/" + Name;
 }
 
-/// The first file of this name in the folders of PATH that may be run, else the name itself.
+/// The first file of this name in the folders of PATH that may be run, else the name itself. Empty and relative folders
+/// are passed over: a tool must not come from whatever folder is the current one.
 std::string FindInPath(const std::string& Name)
 {
     const char* Variable = std::getenv("PATH");
@@ -31,7 +32,9 @@ std::string FindInPath(const std::string& Name)
     {
         const std::string_view Folder = Folders.substr(0, Folders.find(':'));
         Folders.remove_prefix(std::min(Folders.size(), Folder.size() + 1));
-        std::string Path = FromCurrentFolder(std::string(Folder.empty() ? "." : Folder) + "/" + Name);
+        if (!Folder.starts_with('/'))
+            continue;
+        std::string Path = std::string(Folder) + "/" + Name;
         struct stat Status
         {
         };

@@ -215,6 +215,7 @@ TEST_F(ProcessesTest, WhyAProcessDoesNotStart)
         {Missing, "", Missing + ": no such file or directory"},
         {"no-such-tool-in-path", "", "no-such-tool-in-path: no such file or directory"},
         {"", "", ": no such file or directory"},
+        {"data", "", "data: no such file or directory"}, // PATH leads to it from the current folder
         {Plain, "", Plain + ": permission denied"},
         {Folder.string(), "", Folder.string() + ": is a directory"},
         {Data, "", Data + ": exec format error"},
@@ -222,6 +223,8 @@ TEST_F(ProcessesTest, WhyAProcessDoesNotStart)
         {"/bin/true", Missing, Missing + ": no such file or directory"},
         {"/bin/true", Data, Data + ": not a directory"},
     };
+    const std::string Path = std::getenv("PATH");
+    ::setenv("PATH", (Path + "::" + fs::relative(Folder).string()).c_str(), 1);
     for (const auto& [Executable, StartFolder, Message] : Cases)
     {
         TProcessStart Start;
@@ -237,6 +240,7 @@ TEST_F(ProcessesTest, WhyAProcessDoesNotStart)
             EXPECT_EQ(Error.what(), Message);
         }
     }
+    ::setenv("PATH", Path.c_str(), 1);
 }
 
 // Scripts that print the processes that they start and then do not end by themselves.

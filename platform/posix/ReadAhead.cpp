@@ -4,6 +4,7 @@
 #include <csignal>
 #include <exception>
 #include <limits>
+#include <system_error>
 #include <utility>
 
 namespace
@@ -12,6 +13,17 @@ constexpr std::size_t MinimumFiles = 16;
 /// A larger file would not be alone in memory while it is worked on.
 constexpr std::size_t MaximumSize = 256U << 10U;
 
+/// A thread that works, or none where the system has no room for one: it is not needed.
+template <typename TWork> std::thread TryStart(TWork Work)
+try
+{
+    return std::thread(std::move(Work));
+}
+catch (const std::system_error&)
+{
+    return {};
+}
+
 /// Starts a thread that no signal is delivered to.
 template <typename TWork> std::thread StartQuietly(TWork Work)
 {
@@ -19,7 +31,7 @@ template <typename TWork> std::thread StartQuietly(TWork Work)
     sigset_t Old;
     ::sigfillset(&All);
     ::pthread_sigmask(SIG_SETMASK, &All, &Old);
-    std::thread Thread(std::move(Work));
+    std::thread Thread = TryStart(std::move(Work));
     ::pthread_sigmask(SIG_SETMASK, &Old, nullptr);
     return Thread;
 }
@@ -40,7 +52,8 @@ TReadAhead::TImpl::~TImpl()
     FClaimed = FPaths.size();
     FLimit = std::numeric_limits<std::size_t>::max();
     FLimit.notify_one();
-    FReader.join();
+    if (FReader.joinable())
+        FReader.join();
 }
 
 void TReadAhead::TImpl::ReadFiles()

@@ -54,5 +54,5 @@ private:
     std::size_t FReplacedCount = 0;
     std::atomic<std::size_t> FClaimed = 0;
     std::atomic<std::size_t> FLimit = Window; ///< the reader stays below it
-    std::thread FReader;
+    std::thread FReader; ///< none where it could not be started: then whoever takes the files reads them all
 };

@@ -1,6 +1,7 @@
 #include "platform/FileRewrite.h"
 
 #include "platform/Paths.h"
+#include "platform/ReadAhead.h"
 #include "tests/runtime/TempFolder.h"
 
 #include "gtest/gtest.h"
@@ -12,6 +13,7 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <pthread.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -299,6 +301,27 @@ TEST_F(FilesTest, ARewriteKeepsWhatTheFileIsAndNoticesOthers)
     EXPECT_EQ(TFileRewrite("Real.cs/x").State(), TFileRewrite::TState::Missing);
     EXPECT_EQ(TFileRewrite(".").State(), TFileRewrite::TState::Missing);
     EXPECT_EQ(Names(), (std::vector<std::string>{"Link.cs", "Real.cs"})); // a pipe is no file
+}
+
+TEST_F(FilesTest, FilesAreReadAlsoWhereNoThreadCanBeStarted)
+{
+    pthread_attr_t Normal;
+    pthread_attr_t Huge;
+    ::pthread_getattr_default_np(&Normal);
+    ::pthread_getattr_default_np(&Huge);
+    ::pthread_attr_setstacksize(&Huge, std::size_t{1} << 46U);
+    ::pthread_setattr_default_np(&Huge);
+    const std::vector<std::string> Paths(16, "a.cs");
+    Make("a.cs", "text");
+    {
+        TReadAhead Ahead(Paths);
+        sigset_t Blocked;
+        ::pthread_sigmask(SIG_SETMASK, nullptr, &Blocked);
+        EXPECT_EQ(::sigismember(&Blocked, SIGTERM), 0);
+        for (const std::string& Path : Paths)
+            EXPECT_EQ(TFileRewrite(Path, &Ahead).Bytes(), "text");
+    }
+    ::pthread_setattr_default_np(&Normal);
 }
 
 TEST_F(FilesTest, ABackupTakesThePlaceOfAnOldOneUnlessThatIsProtected)

@@ -20,12 +20,16 @@ using namespace std::chrono_literals;
 constexpr std::size_t BlockSize = 256 * 1024;
 /// How long a child that the tool left behind may keep the pipes open.
 constexpr std::chrono::milliseconds PipeGrace = 1s;
-/// How long processes that were asked to end may take, and how long those that were made to.
-constexpr std::chrono::milliseconds AskGrace = 2s;
-constexpr std::chrono::milliseconds KillGrace = 5s;
-constexpr std::chrono::milliseconds TreePoll = 10ms;
+/// How often what tools left behind and has ended is taken note of.
+constexpr std::chrono::milliseconds OrphanPoll = 500ms;
+using ProcessSystem::AskGrace;
+using ProcessSystem::KillGrace;
+using ProcessSystem::TreePoll;
 
 std::atomic<uv_async_t*> WakeHandle = nullptr;
+
+class TProcessRun;
+TProcessRun* Running = nullptr;
 
 /// The loop on which all processes run. It is made for the first one and kept, since making one costs more than
 /// many a tool.
@@ -59,6 +63,7 @@ public:
 
     /// One process runs at a time: taken while one does.
     std::atomic_flag Taken;
+    ProcessSystem::TWatcher Watcher;
     /// Left uninitialised, so that pages that no tool fills cost nothing.
     std::array<std::unique_ptr<char[]>, 2> Blocks{std::make_unique_for_overwrite<char[]>(BlockSize),
                                                   std::make_unique_for_overwrite<char[]>(BlockSize)};
@@ -181,6 +186,16 @@ private:
     std::vector<char*> FPointers;
 };
 
+/// Has the tree ended with our program, should that be killed, as long as it lives.
+class TWatchedTree
+{
+public:
+    explicit TWatchedTree(const ProcessSystem::TProcessTree& Tree) { ProcessSystem::TWatcher::Watch(&Tree); }
+    ~TWatchedTree() { ProcessSystem::TWatcher::Watch(nullptr); }
+    TWatchedTree(const TWatchedTree&) = delete;
+    TWatchedTree& operator=(const TWatchedTree&) = delete;
+};
+
 /// Why a process cannot start in the folder; empty if it can.
 std::string FolderProblem(const std::string& Folder)
 {
@@ -220,23 +235,34 @@ public:
     {
         if (const int Signal = Termination::Requested(); Signal != 0)
             return {.ExitCode = 128 + Signal, .Signal = {}, .SignalNumber = 0, .TimedOut = false, .Terminated = true};
+        const TWatchedTree Watched(FTree);
         Spawn();
+        ProcessSystem::TWatcher::Watch(&FTree);
         StartReading();
         StartTimer(FLimitTimer, FStart.TimeLimit, 0ms, &TProcessRun::TimeLimitPassed);
         StartTimer(FTickTimer, FStart.TickInterval, FStart.TickInterval, &TProcessRun::Tick);
+        StartTimer(FOrphanTimer, OrphanPoll, OrphanPoll, &TProcessRun::ReapOrphans);
         while (!IsDone())
         {
             uv_run(FLoop.Get(), UV_RUN_ONCE);
-            if (Termination::Requested() != 0 && !FEnd.Terminated)
-            {
-                FEnd.Terminated = true;
-                EndTree();
-            }
+            LookAtRequests();
         }
-        FTree.ReapGroup();
+        ProcessSystem::ReapOrphans(0);
         if (FFailure)
             std::rethrow_exception(FFailure);
         return FEnd;
+    }
+
+    /// What the loop would do besides reading, were it not kept waiting by the listener.
+    bool Attend()
+    {
+        FChild.Look();
+        LookAtRequests();
+        if (!FExited && FStart.TimeLimit > 0ms && uv_hrtime() > FDeadline)
+            TimeLimitPassed();
+        if (FEnding)
+            PollTree();
+        return FEnding;
     }
 
 private:
@@ -260,6 +286,8 @@ private:
     void Tick();
     void EndTree();
     void PollTree();
+    void LookAtRequests();
+    void ReapOrphans() { ProcessSystem::ReapOrphans(FChild.Process()); }
     template <typename TFunction> void Guarded(const TFunction& Function);
 
     [[nodiscard]] bool IsDone() const { return FExited && !FEnding && !FStdOut.IsOpen && !FStdErr.IsOpen; }
@@ -278,10 +306,13 @@ private:
     TTimer FTickTimer;
     TTimer FPipeTimer;
     TTimer FTreeTimer;
+    TTimer FOrphanTimer;
     std::vector<uv_handle_t*> FHandles; ///< open, besides the pipes
     bool FExited = false;
     bool FEnding = false; ///< from EndTree until the whole tree is gone
     std::uint64_t FEndingSince = 0;
+    std::uint64_t FDeadline =
+        uv_hrtime() + static_cast<std::uint64_t>(std::chrono::nanoseconds(FStart.TimeLimit).count());
 };
 
 void TProcessRun::Spawn()
@@ -442,8 +473,16 @@ void TProcessRun::PollTree()
         if (GivesUp && !FExited)
             Exited(0, SIGKILL);
     }
-    else if (Waited > AskGrace)
+    else if (Waited > AskGrace || Termination::IsUrgent())
         FTree.Kill();
+}
+
+void TProcessRun::LookAtRequests()
+{
+    if (Termination::Requested() == 0 || FEnd.Terminated)
+        return;
+    FEnd.Terminated = true;
+    EndTree();
 }
 
 template <typename TFunction> void TProcessRun::Guarded(const TFunction& Function)
@@ -458,6 +497,16 @@ template <typename TFunction> void TProcessRun::Guarded(const TFunction& Functio
         EndTree();
     }
 }
+
+/// Makes a run known to those who attend.
+class TRunningScope
+{
+public:
+    explicit TRunningScope(TProcessRun& Run) { Running = &Run; }
+    ~TRunningScope() { Running = nullptr; }
+    TRunningScope(const TRunningScope&) = delete;
+    TRunningScope& operator=(const TRunningScope&) = delete;
+};
 } // namespace
 
 void ProcessLoop::Wake()
@@ -466,9 +515,16 @@ void ProcessLoop::Wake()
         uv_async_send(Handle);
 }
 
+bool ProcessLoop::Attend()
+{
+    return Running != nullptr && Running->Attend();
+}
+
 TProcessEnd RunProcess(const TProcessStart& Start, IProcessListener& Listener)
 {
     TLoop& Loop = TLoop::Instance();
     const TLoopLease Lease(Loop);
-    return TProcessRun(Loop, Start, Listener).Run();
+    TProcessRun Run(Loop, Start, Listener);
+    const TRunningScope Scope(Run);
+    return Run.Run();
 }

@@ -63,13 +63,19 @@ public:
 /// Requests from outside to end the run.
 namespace Termination
 {
-/// Turns SIGINT and SIGTERM (Ctrl+C and Ctrl+Break) into requests from now on, and lets writes to a closed pipe
-/// fail instead of ending the program.
+/// From now on SIGINT, SIGQUIT, SIGTERM and SIGHUP end the program at once, with 128 and the signal's number as exit
+/// code; SIGHUP counts as SIGTERM. Writes to a closed pipe fail instead of ending the program.
+void EndOnSignals();
+/// The same, but turns these signals (Ctrl+C and Ctrl+Break) into requests from now on. A second signal makes the
+/// request urgent. Who takes no notice of a request for some seconds, or of an urgent one for a second, is ended as a
+/// killed program is, and the processes that it runs as well.
 void CatchSignals();
 /// Requests the end as that signal would; a running RunProcess returns soon. May be called from anywhere.
 void Request(int Signal);
 /// The signal of the first request, 0 while there was none.
 [[nodiscard]] int Requested();
+/// Whether nothing is to be waited for any longer, neither processes that were asked to end nor readers.
+[[nodiscard]] bool IsUrgent();
 /// Forgets a request, for tests.
 void Reset();
 } // namespace Termination

@@ -4,6 +4,7 @@
 #include "apps/quexley/commands/Commands.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
+#include "platform/Processes.h"
 #include "runtime/HostErrors.h"
 
 #include <array>
@@ -67,6 +68,7 @@ int main(int Count, char** Words)
 try
 {
     Console::OpenMissingStreams();
+    Termination::EndOnSignals();
     return RunProgram(Count, Words);
 }
 catch (const EClosedPipe&)

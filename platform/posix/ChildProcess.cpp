@@ -23,6 +23,8 @@ public:
         posix_spawn_file_actions_adddup2(&Actions, Start.StdErr, STDERR_FILENO);
         if (Start.Folder != nullptr)
             posix_spawn_file_actions_addchdir_np(&Actions, Start.Folder);
+        // Also what our program was given and knows nothing of.
+        posix_spawn_file_actions_addclosefrom_np(&Actions, STDERR_FILENO + 1);
 
         posix_spawnattr_init(&Attributes);
         posix_spawnattr_setflags(&Attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
@@ -55,14 +57,16 @@ struct TChildProcess::TImpl
     uv_poll_t Watch{};
     pid_t Process = 0;
     int Descriptor = -1;
+    bool HasEnded = false;
     void* Owner = nullptr;
     TExited Exited = nullptr;
 
     void Reap()
     {
         int Status = 0;
-        if (waitpid(Process, &Status, WNOHANG) != Process)
+        if (HasEnded || waitpid(Process, &Status, WNOHANG) != Process)
             return;
+        HasEnded = true;
         uv_poll_stop(&Watch);
         if (WIFSIGNALED(Status))
             Exited(Owner, 0, WTERMSIG(Status));
@@ -105,6 +109,11 @@ std::string TChildProcess::Start(uv_loop_t* Loop, const TChildStart& Start, void
 int TChildProcess::Process() const
 {
     return FImpl->Process;
+}
+
+void TChildProcess::Look()
+{
+    FImpl->Reap();
 }
 
 void TChildProcess::Close()

@@ -9,6 +9,7 @@
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <unordered_set>
 #if defined(__linux__)
 #include <sys/prctl.h>
 #endif
@@ -21,20 +22,26 @@ struct TProcessStatus
     int Process = 0;
     char State = 0;
     int Parent = 0;
+    int Group = 0;
     int Session = 0;
     std::uint64_t Begin = 0; ///< in clock ticks since the system's start
 };
 
-/// The text of a small file below /proc; empty if it is gone.
+/// The text of a file below /proc; empty if it is gone.
 std::string ReadStatus(const std::string& FileName)
 {
     std::array<char, 1024> Buffer{};
+    std::string Result;
     const int Descriptor = open(FileName.c_str(), O_RDONLY | O_CLOEXEC);
     if (Descriptor < 0)
-        return {};
-    const ssize_t Count = read(Descriptor, Buffer.data(), Buffer.size());
+        return Result;
+    for (ssize_t Count = 1; Count > 0;)
+    {
+        Count = read(Descriptor, Buffer.data(), Buffer.size());
+        Result.append(Buffer.data(), Count > 0 ? static_cast<std::size_t>(Count) : 0);
+    }
     close(Descriptor);
-    return {Buffer.data(), Count > 0 ? static_cast<std::size_t>(Count) : 0};
+    return Result;
 }
 
 /// The number at the front of Text, which loses it and the blank behind it.
@@ -59,7 +66,7 @@ bool ReadProcess(const char* Entry, TProcessStatus& Status)
     Status.State = Rest.front();
     Rest.remove_prefix(2);
     Status.Parent = static_cast<int>(TakeNumber(Rest));
-    TakeNumber(Rest); // process group
+    Status.Group = static_cast<int>(TakeNumber(Rest));
     Status.Session = static_cast<int>(TakeNumber(Rest));
     constexpr int FieldsBeforeBegin = 15;
     for (int Field = 0; Field < FieldsBeforeBegin; ++Field)
@@ -68,21 +75,30 @@ bool ReadProcess(const char* Entry, TProcessStatus& Status)
     return true;
 }
 
+/// The processes that began since and have not ended.
 std::vector<TProcessStatus> ReadProcesses(std::uint64_t Since)
 {
     std::vector<TProcessStatus> Result;
     DIR* Folder = opendir("/proc");
     if (Folder == nullptr)
         return Result;
+    const int Self = getpid();
     while (const dirent* Entry = readdir(Folder)) // NOLINT(concurrency-mt-unsafe): the folder is ours
     {
         TProcessStatus Status;
         const bool IsProcess = Entry->d_name[0] >= '1' && Entry->d_name[0] <= '9';
-        if (IsProcess && ReadProcess(Entry->d_name, Status) && Status.Begin >= Since)
+        if (IsProcess && ReadProcess(Entry->d_name, Status) && Status.Begin >= Since && Status.Process != Self &&
+            Status.State != 'Z' && Status.State != 'X')
             Result.push_back(Status);
     }
     closedir(Folder);
     return Result;
+}
+
+bool HasMark(int Process, const std::string& Mark)
+{
+    const std::string Environment = ReadStatus("/proc/" + std::to_string(Process) + "/environ");
+    return Environment.starts_with(Mark) || Environment.find('\0' + Mark) != std::string::npos;
 }
 } // namespace
 
@@ -95,7 +111,19 @@ void AdoptOrphans()
 #endif
 }
 
-TProcessTree::TProcessTree()
+void ReapOrphans(int Root)
+{
+    constexpr int MostAtOnce = 10'000; // others may come for ever
+    for (int Count = 0; Count < MostAtOnce; ++Count)
+    {
+        siginfo_t Ended{};
+        if (waitid(P_ALL, 0, &Ended, WEXITED | WNOHANG | WNOWAIT) != 0 || Ended.si_pid == 0 || Ended.si_pid == Root)
+            return;
+        waitpid(Ended.si_pid, nullptr, WNOHANG);
+    }
+}
+
+TProcessTree::TProcessTree() : FOwner(getpid())
 {
     timespec Now{};
 #if defined(__linux__)
@@ -107,25 +135,28 @@ TProcessTree::TProcessTree()
              static_cast<std::uint64_t>(Now.tv_nsec) * Ticks / NanosecondsPerSecond;
 }
 
-/// What began since and belongs to the root's session or descends from it. Orphans have become our children, so
-/// those that left the session are found as well.
+/// What began since and belongs to the root's session, descends from it, or bears the mark. Orphans have become the
+/// owner's children, so those that left the session are found as well.
 std::vector<TProcessTree::TMember> TProcessTree::Members() const
 {
     std::vector<TMember> Result;
+    std::unordered_set<int> Known = {FOwner};
     std::vector<TProcessStatus> Others = ReadProcesses(FBegin);
-    auto End = Others.end();
-    const int Self = getpid();
+    std::erase_if(Others, [](const TProcessStatus& Status) { return Status.Process == TWatcher::Process(); });
     const auto Belongs = [&](const TProcessStatus& Status) {
-        return Status.Parent == Self || Status.Session == FRoot ||
-               std::ranges::any_of(Result, [&](const TMember& Member) { return Member.Process == Status.Parent; });
+        return Known.contains(Status.Parent) || (FRoot != 0 && Status.Session == FRoot) ||
+               (!FMark.empty() && HasMark(Status.Process, FMark));
     };
     for (bool Grows = true; Grows;)
     {
-        const auto Found = std::partition(Others.begin(), End, [&](const auto& Status) { return !Belongs(Status); });
-        Grows = Found != End;
-        for (auto Status = Found; Status != End; ++Status)
-            Result.push_back({Status->Process, Status->Parent, Status->State == 'Z' || Status->State == 'X'});
-        End = Found;
+        const auto End = std::partition(Others.begin(), Others.end(), [&](const auto& One) { return !Belongs(One); });
+        Grows = End != Others.end();
+        for (auto Status = End; Status != Others.end(); ++Status)
+        {
+            Known.insert(Status->Process);
+            Result.push_back({Status->Process, Status->Group});
+        }
+        Others.erase(End, Others.end());
     }
     return Result;
 }
@@ -144,35 +175,30 @@ void TProcessTree::Ask() const
 
 void TProcessTree::Kill() const
 {
-    std::size_t Known = 0;
-    for (std::vector<TMember> Found = Members(); Found.size() > Known; Found = Members())
+    constexpr int MostLooks = 20;
+    const int OwnGroup = getpgrp();
+    std::unordered_set<int> Stopped;
+    for (int Look = 0; Look < MostLooks; ++Look)
     {
-        Known = Found.size();
-        for (const TMember& Member : Found)
-            kill(Member.Process, SIGKILL);
+        const std::size_t Before = Stopped.size();
+        for (const TMember& Member : Members())
+            if (Stopped.insert(Member.Process).second)
+            {
+                kill(Member.Process, SIGSTOP);
+                // A whole group ends before any of it can start another: what looking again and again may miss.
+                if (Look > 0 && Member.Group != OwnGroup)
+                    kill(-Member.Group, SIGKILL);
+            }
+        if (Stopped.size() == Before)
+            break;
     }
+    for (const int Process : Stopped)
+        kill(Process, SIGKILL);
 }
 
 bool TProcessTree::IsAlive() const
 {
-    const std::vector<TMember> Found = Members();
-    const int Self = getpid();
-    for (const TMember& Member : Found)
-        if (Member.IsZombie && Member.Parent == Self && Member.Process != FRoot)
-            waitpid(Member.Process, nullptr, WNOHANG);
-    return std::ranges::any_of(Found, [](const TMember& Member) { return !Member.IsZombie; });
-}
-
-void TProcessTree::ReapGroup() const
-{
-    static std::vector<int> Groups; // those of earlier processes too, whose left-behind children may end at any time
-    Groups.push_back(FRoot);
-    std::erase_if(Groups, [](int Group) {
-        pid_t Ended = 0;
-        do
-            Ended = waitpid(-Group, nullptr, WNOHANG);
-        while (Ended > 0);
-        return Ended < 0;
-    });
+    ReapOrphans(FRoot);
+    return !Members().empty();
 }
 } // namespace ProcessSystem

@@ -59,7 +59,8 @@ private:
 
 TEST_F(TEndingTest, ASignalEndsTheToolAndItsChildren)
 {
-    for (const auto& [Signal, ExitCode] : {std::pair(SIGINT, 130), std::pair(SIGTERM, 143)})
+    for (const auto& [Signal, ExitCode] :
+         {std::pair(SIGINT, 130), std::pair(SIGQUIT, 131), std::pair(SIGTERM, 143), std::pair(SIGHUP, 143)})
     {
         WriteProject("cd ..; rm -f tool; " + std::string(Hang));
         WriteFile("tool", "");
@@ -107,19 +108,81 @@ TEST_F(TEndingTest, AChildThatKeepsThePipesIsNotWaitedFor)
     ::kill(std::stoi(ReadFile("child")), SIGKILL);
 }
 
-TEST_F(TEndingTest, AClosedPipeEndsTheProgramQuietly)
+TEST_F(TEndingTest, AKilledProgramTakesTheToolAndItsChildrenAlong)
+{
+    WriteProject("cd ..; (setsid sleep 1000 & echo $! > daemon); " + std::string(Hang));
+    TRunningProgram Program = Start({"run"});
+    ASSERT_TRUE(Program.WaitForFile(Path("tool")));
+    Program.Send(SIGKILL);
+    EXPECT_EQ(Program.Wait().ExitCode, 128 + SIGKILL);
+    for (const char* File : {"tool", "child", "daemon"})
+        EXPECT_TRUE(IsGone(File)) << File;
+}
+
+TEST_F(TEndingTest, ASecondSignalWaitsForNobody)
+{
+    WriteProject("trap '' INT TERM; cd ..; echo $$ > tool; while :; do sleep 0.1; done");
+    TRunningProgram Program = Start({"run"});
+    ASSERT_TRUE(Program.WaitForFile(Path("tool")));
+    const auto Begin = std::chrono::steady_clock::now();
+    Program.Send(SIGINT);
+    std::this_thread::sleep_for(std::chrono::milliseconds(200)); // closer ones are the same request
+    Program.Send(SIGTERM);
+    EXPECT_EQ(Program.Wait().ExitCode, 130);
+    EXPECT_LT(std::chrono::steady_clock::now() - Begin, std::chrono::milliseconds(1500));
+    EXPECT_TRUE(IsGone("tool"));
+}
+
+TEST_F(TEndingTest, AToolSeesItsStandardStreamsOnly)
+{
+    WriteProject("exec ls /proc/self/fd");
+    const std::string Descriptors = "  0\n  1\n  2\n  3\n"; // the last one is the folder that it lists
+    EXPECT_THAT(Run({"run", "--log", "log", "--only", "first"}).Out, HasSubstr(")\n" + Descriptors + "ok "));
+}
+
+TEST_F(TEndingTest, AReaderThatStopsMakesNobodyDeaf)
+{
+    WriteProject("cd ..; sleep 1000 & echo $! > child; while :; do echo flood; done", "timeout = 1\n");
+    ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
+    const int Reader = ::open(Path("pipe").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    TRunningProgram Program = Start({"run"}, {}, Path("pipe"));
+    ASSERT_TRUE(Program.WaitForFile(Path("child")));
+    EXPECT_TRUE(IsGone("child")) << "the time limit";
+    Program.Send(SIGTERM);
+    EXPECT_EQ(Program.Wait().ExitCode, 143);
+    ::close(Reader);
+}
+
+TEST_F(TEndingTest, AFileThatNeverComesMakesNobodyDeaf)
+{
+    ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
+    for (const char* Command : {"run", "validate"})
+    {
+        TRunningProgram Program = Start({Command, "pipe"});
+        Program.Send(SIGTERM);
+        EXPECT_EQ(Program.Wait().ExitCode, 143) << Command;
+    }
+}
+
+TEST_F(TEndingTest, AClosedPipeOrTerminalEndsTheProgramQuietly)
 {
     WriteProject("cd ..; sleep 1000 & echo $! > child; while :; do echo flood; done");
-    const std::string Pipe = Path("pipe");
-    ASSERT_EQ(::mkfifo(Pipe.c_str(), 0600), 0);
-    const int Reader = ::open(Pipe.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    TRunningProgram Program = Start({"run"}, {}, Pipe);
-    ASSERT_TRUE(Program.WaitForFile(Path("child")));
-    ::close(Reader);
-    const TProgramResult Result = Program.Wait();
-    EXPECT_EQ(Result.ExitCode, 128 + SIGPIPE);
-    EXPECT_THAT(Result.Err, IsEmpty());
-    EXPECT_TRUE(IsGone("child"));
+    ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
+    const int Terminal = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    ASSERT_EQ(::grantpt(Terminal) + ::unlockpt(Terminal), 0);
+    const int Reader = ::open(Path("pipe").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    for (const auto& [Descriptor, Name, ExitCode] :
+         {std::tuple(Reader, Path("pipe"), 128 + SIGPIPE), std::tuple(Terminal, std::string(::ptsname(Terminal)), 143)})
+    {
+        WriteFile("child", "");
+        TRunningProgram Program = Start({"run"}, {}, Name);
+        ASSERT_TRUE(Program.WaitForFile(Path("child")));
+        ::close(Descriptor);
+        const TProgramResult Result = Program.Wait();
+        EXPECT_EQ(Result.ExitCode, ExitCode);
+        EXPECT_THAT(Result.Err, IsEmpty());
+        EXPECT_TRUE(IsGone("child"));
+    }
 }
 
 TEST_F(TEndingTest, AFullDiskIsToldAndEndsWithTwo)

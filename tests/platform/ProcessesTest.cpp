@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -262,9 +263,13 @@ TEST_F(ProcessesTest, TimeLimitEndsTheWholeTree)
         EXPECT_TRUE(End.TimedOut && !End.Terminated) << Script;
         EXPECT_EQ(End.Signal, "SIGTERM");
     }
-    TProcessStart Deaf = Shell("trap '' TERM; echo $$; while :; do sleep 1; done");
-    Deaf.TimeLimit = 100ms;
-    EXPECT_EQ(RunToItsForcedEnd(Deaf, 3500ms).Signal, "SIGKILL");
+    for (const char* Script : {"trap '' TERM; echo $$; while :; do sleep 1; done",
+                               "trap '' TERM; f() { sleep 0.001; f & }; f & echo $$; while :; do sleep 1; done"})
+    {
+        TProcessStart Deaf = Shell(Script);
+        Deaf.TimeLimit = 100ms;
+        EXPECT_EQ(RunToItsForcedEnd(Deaf, 3500ms).Signal, "SIGKILL");
+    }
     TProcessStart InTime = Shell("exit 7");
     InTime.TimeLimit = 10s;
     EXPECT_EQ(Run(InTime).ExitCode, 7);
@@ -321,6 +326,13 @@ TEST_F(ProcessesTest, WaitsShortlyForAChildThatKeepsThePipes)
     ASSERT_EQ(Collector.Out.size(), 2U);
     EXPECT_EQ(Collector.Out[1], "late");
     EXPECT_EQ(::kill(std::stoi(Collector.Out[0]), SIGKILL), 0); // it was left alone
+}
+
+TEST_F(ProcessesTest, WhatToolsLeaveIsReaped)
+{
+    Run(Shell("(setsid true &) ; (setsid sleep 0.2 &) ; sleep 0.1"));
+    Run(Shell("sleep 0.3"));
+    EXPECT_LE(::waitpid(-1, nullptr, WNOHANG), 0);
 }
 
 TEST_F(ProcessesTest, TicksWhileTheProcessRuns)

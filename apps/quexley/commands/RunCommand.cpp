@@ -95,11 +95,12 @@ std::unique_ptr<IRunEvents> TLog::MakeWriter(const TArguments& Arguments)
 void TLog::Finish()
 {
     FStandardOutput.Flush();
-    CheckWritten(FStandardOutput.Failure());
-    if (!FCopy)
-        return;
-    FCopy->Flush();
-    if (FCopy->Failure())
+    if (FCopy)
+        FCopy->Flush();
+    // Whoever ended the run does not ask any more what became of its log.
+    if (FStandardOutput.Failure() == std::errc::broken_pipe || Termination::Requested() == 0)
+        CheckWritten(FStandardOutput.Failure());
+    if (FCopy && FCopy->Failure() && Termination::Requested() == 0)
         throw EFileError(FLogFile, FCopy->Failure().message());
 }
 
@@ -123,7 +124,6 @@ int ExitCode(TRunResult Result)
 /// then comes before the reason that the program gives.
 template <typename TWork> TRunResult WithLog(const TArguments& Arguments, TWork Work)
 {
-    Termination::CatchSignals();
     TProject Project = TProject::Load(Arguments.Project);
     TLog Log(Arguments);
     try
@@ -131,7 +131,7 @@ template <typename TWork> TRunResult WithLog(const TArguments& Arguments, TWork 
         TProjectRunner Runner(Project, Arguments.Run, Log.Events());
         const TRunResult Result = Work(Runner, Log.Events());
         Log.Finish();
-        return Result;
+        return Termination::Requested() != 0 ? TRunResult::Terminated : Result;
     }
     catch (const std::exception&)
     {
@@ -143,7 +143,10 @@ template <typename TWork> TRunResult WithLog(const TArguments& Arguments, TWork 
 
 int RunCommand(const TArguments& Arguments, TQXRuntime&)
 {
-    return ExitCode(WithLog(Arguments, [](TProjectRunner& Runner, IRunEvents&) { return Runner.Run(); }));
+    return ExitCode(WithLog(Arguments, [](TProjectRunner& Runner, IRunEvents&) {
+        Termination::CatchSignals(); // from here on there is something to be put in order before the end
+        return Runner.Run();
+    }));
 }
 
 int ValidateCommand(const TArguments& Arguments, TQXRuntime&)

@@ -1,11 +1,8 @@
 #include "apps/quexley/writers/Output.h"
 
-#include "platform/Console.h"
-#include "platform/Files.h"
 #include "platform/Processes.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <csignal>
 
 namespace
@@ -13,11 +10,6 @@ namespace
 constexpr std::size_t BufferSize = 128 * 1024;
 constexpr auto FlushInterval = std::chrono::milliseconds(50);
 constexpr int MostLinesBetween = 1024;
-
-std::error_code LastError()
-{
-    return {errno, std::generic_category()};
-}
 } // namespace
 
 TOutput::TOutput()
@@ -66,20 +58,8 @@ void TOutput::Flush()
 
 std::error_code TStandardOutput::Write(std::string_view Bytes)
 {
-    const std::error_code Error = Console::Write(Bytes);
-    if (Error == std::errc::broken_pipe)
+    const std::error_code Error = FStream.Write(Bytes);
+    if (Error == std::errc::broken_pipe || Error == std::errc::not_connected)
         Termination::Request(SIGTERM);
     return Error;
-}
-
-TFileOutput::TFileOutput(const std::string& FileName) : FFile(std::fopen(FileName.c_str(), "wb"), &std::fclose)
-{
-    if (!FFile)
-        throw EFileError(FileName, LastError().message());
-    std::setvbuf(FFile.get(), nullptr, _IONBF, 0);
-}
-
-std::error_code TFileOutput::Write(std::string_view Bytes)
-{
-    return std::fwrite(Bytes.data(), 1, Bytes.size(), FFile.get()) == Bytes.size() ? std::error_code() : LastError();
 }

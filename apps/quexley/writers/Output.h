@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/Console.h"
+
 #include <chrono>
-#include <cstdio>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -40,6 +40,7 @@ private:
 class TStandardOutput final : public TOutput
 {
     std::error_code Write(std::string_view Bytes) override;
+    TByteOutput FStream = TByteOutput::StandardOutput();
 };
 
 /// A file that is replaced.
@@ -47,9 +48,9 @@ class TFileOutput final : public TOutput
 {
 public:
     /// Throws EFileError.
-    explicit TFileOutput(const std::string& FileName);
+    explicit TFileOutput(const std::string& FileName) : FStream(TByteOutput::File(FileName)) {}
 
 private:
-    std::error_code Write(std::string_view Bytes) override;
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> FFile;
+    std::error_code Write(std::string_view Bytes) override { return FStream.Write(Bytes); }
+    TByteOutput FStream;
 };

@@ -89,19 +89,8 @@ TProgramResult TRunningProgram::Wait()
 
 TProgramTest::TProgramTest()
 {
-    std::string Pattern = (fs::canonical(fs::temp_directory_path()) / "quexley-test-XXXXXX").string();
-    if (::mkdtemp(Pattern.data()) == nullptr)
-        throw std::runtime_error("no temporary folder");
-    FBase = Pattern;
-    FFolder = FBase + "/work";
     fs::create_directories(FFolder);
     fs::create_directories(FBase + "/home/.config");
-}
-
-TProgramTest::~TProgramTest()
-{
-    std::error_code Ignored;
-    fs::remove_all(FBase, Ignored);
 }
 
 void TProgramTest::WriteFile(const std::string& Name, const std::string& Text) const

@@ -1,7 +1,7 @@
 // Runs the built program in a fresh folder, away from the user's own settings.
 #pragma once
 
-#include "gtest/gtest.h"
+#include "tests/TempFolder.h"
 
 #include <string>
 #include <utility>
@@ -44,9 +44,6 @@ private:
 /// Fixture with a folder of its own (`work`, in which the program starts) and a home beside it.
 class TProgramTest : public testing::Test
 {
-public:
-    ~TProgramTest() override;
-
 protected:
     using TPairs = std::vector<std::pair<std::string, std::string>>;
 
@@ -78,6 +75,7 @@ protected:
                                         const std::string& OutFile = "") const;
 
 private:
-    std::string FBase;
-    std::string FFolder;
+    TTempFolder FTemp;
+    std::string FBase = FTemp.Path();
+    std::string FFolder = FBase + "/work";
 };

@@ -1,122 +1,20 @@
-// Runs the cases under data/: blocks of properties with the command line, response file, messages and findings that
-// they must give. Lines before the first block count for all of them. A block begins with "case NAME", then come
-//     action CLASS              the action; each case has its own
-//     Name = value              a property; a string list grows by one line
-//     var Name = value          a host variable
-//     script NAME = text        a script, which gives its text with %Parameter% and the action's %Property% filled in
-//     registry KEY = text       a key's default value; KEY@NAME for a value of that name
-//     file PATH                 a file in the work folder, its lines following as "| text"
-//     source PATH = text        a file of just these bytes, with \n, \r, \t, \\ and \xFF for what cannot be typed
-//     protect PATH              that file is read-only
-//     dry-run                   nothing may be written
-// and what is expected: result false, args TEXT, rsp LINE, message LINE, last LINE (of the messages), output LINE (of
-// tools), finding LABEL: MESSAGE, expansion LABEL, exists PATH, absent PATH, content PATH = text, updated PATH = text
-// as with source, untouched PATH, which may not even be written again. Kinds that a case does not name are not looked
-// at, but for result, which is true; one without text stands for none of the kind. In all texts $DIR is the work
-// folder, in which each action runs, and $BLANK a blank.
+// Runs the cases of every file in data/, whose README.md tells what can stand there.
 #include "package/compiler/QXDotNetManagedCompilerAction.h"
+#include "platform/CommandLines.h"
 #include "platform/Text.h"
-#include "runtime/scripting/ScriptEngine.h"
+#include "runtime/scripting/DuktapeEngine.h"
+#include "tests/DataFile.h"
 #include "tests/package/PackageTest.h"
 
 #include <algorithm>
-#include <fstream>
 #include <map>
+#include <set>
 
 namespace fs = std::filesystem;
 
 namespace
 {
-struct TCase
-{
-    std::string Name;
-    int Line = 0;
-    std::string Action;
-    std::vector<std::pair<std::string, std::string>> Properties;
-    TVariables::TPairs Variables, Scripts, Registry, Files, Sources;
-    std::vector<std::string> Protected;
-    bool DryRun = false;
-    std::map<std::string, std::vector<std::string>> Expected; ///< by kind
-};
-
-std::pair<std::string, std::string> SplitAt(const std::string& Text, const std::string& Separator)
-{
-    const auto Place = Text.find(Separator);
-    if (Place == std::string::npos && Text.ends_with(" ="))
-        return {Text.substr(0, Text.size() - 2), ""};
-    if (Place == std::string::npos)
-        return {Text, ""};
-    return {Text.substr(0, Place), Text.substr(Place + Separator.size())};
-}
-
-void ReadLine(TCase& Case, const std::string& Line)
-{
-    static const std::vector<std::string> Kinds = {"result",  "args",      "rsp",    "message", "output",
-                                                   "finding", "expansion", "exists", "absent",  "content",
-                                                   "updated", "untouched", "last"};
-    const auto [Word, Rest] = SplitAt(Line, " ");
-    if (Word == "|")
-        Case.Files.back().second += Rest + "\r\n";
-    else if (Word == "action")
-        Case.Action = Rest;
-    else if (Word == "var")
-        Case.Variables.push_back(SplitAt(Rest, " = "));
-    else if (Word == "script")
-        Case.Scripts.push_back(SplitAt(Rest, " = "));
-    else if (Word == "registry")
-        Case.Registry.push_back(SplitAt(Rest, " = "));
-    else if (Word == "file")
-        Case.Files.emplace_back(Rest, "");
-    else if (Word == "source")
-        Case.Sources.push_back(SplitAt(Rest, " = "));
-    else if (Word == "protect")
-        Case.Protected.push_back(Rest);
-    else if (Word == "dry-run")
-        Case.DryRun = true;
-    else if (std::find(Kinds.begin(), Kinds.end(), Word) != Kinds.end())
-        Case.Expected[Word].push_back(Rest);
-    else
-        Case.Properties.push_back(SplitAt(Line, " = "));
-}
-
-std::vector<TCase> ReadCases(const std::string& FileName)
-{
-    std::ifstream Stream(std::string(QUEXLEY_SOURCE_DIR "/tests/package/data/") + FileName);
-    EXPECT_TRUE(Stream) << FileName << " cannot be read";
-    std::vector<TCase> Cases;
-    TCase Common;
-    int Number = 0;
-    for (std::string Line; std::getline(Stream, Line);)
-    {
-        ++Number;
-        if (Line.starts_with("case "))
-        {
-            Cases.emplace_back(Common).Name = Line.substr(5);
-            Cases.back().Line = Number;
-        }
-        else if (!Line.empty() && !Line.starts_with("#"))
-            ReadLine(Cases.empty() ? Common : Cases.back(), Line);
-    }
-    return Cases;
-}
-
-/// The bytes that a text of a case stands for.
-std::string Bytes(std::string_view Text)
-{
-    static const std::map<char, char> Escapes = {{'n', '\n'}, {'r', '\r'}, {'t', '\t'}, {'\\', '\\'}};
-    std::string Result;
-    for (std::size_t Index = 0; Index < Text.size(); ++Index)
-        if (Text[Index] != '\\')
-            Result += Text[Index];
-        else if (Text.at(++Index) == 'x')
-        {
-            Result += static_cast<char>(std::stoi(std::string(Text.substr(Index + 1, 2)), nullptr, 16));
-            Index += 2;
-        }
-        else
-            Result += Escapes.at(Text[Index]);
-    return Result;
-}
+using TLines = std::vector<std::string>;
 
 /// Gives a script's last parameter the script's text.
 class TFillingEngine final : public IScriptEngine
@@ -143,157 +41,317 @@ public:
 class TCaseRun
 {
 public:
-    explicit TCaseRun(const TCase& Case) : FCase(Case) {}
+    explicit TCaseRun(const TDataCase& Case) : FCase(Case) {}
 
     void Run()
     {
-        Prepare();
-        const auto Action = FHost.Create(FCase.Action);
-        for (const auto& [Name, Value] : FCase.Properties)
-            EXPECT_TRUE(SetProperty(*Action, Name, Fill(Value))) << Name << " = " << Value;
-        for (const auto& [Name, Text] : FCase.Scripts)
-            Action->GetScriptByName(Name)->SetText(Text);
+        FHost.UseStandInTools();
+        FHost.Runtime.SetScriptEngineSource([] { return std::make_unique<TFillingEngine>(); });
+        for (const TDataLine& Line : FCase.Lines)
+            Prepare(Line);
+        FHost.SetRegistry("REGEDIT4\r\n" + FRegistry);
+        FHost.Variables.SetProjectVariables(FVariables);
+        if (!FStored.empty())
+            FHost.Runtime.SetOptionsSource([this] { return StoredOptions(); });
+        if (FHasVersions)
+            FHost.SetDotNetVersions(FVersions);
+        for (const TDataLine& Line : Expected("untouched"))
+            fs::create_hard_link(Line.Rest, FHost.Folder.Write("kept/folder") + std::to_string(Line.Line));
 
-        Compare("finding", TPackageHost::Validate(*Action));
-        const auto Connection = FHost.Connect(*Action);
-        auto* Tool = dynamic_cast<TQXExecuteAbstractAction*>(Action.get());
-        EXPECT_EQ(Tool ? MakeCommandLine(*Tool) : Execute(*Action), !FCase.Expected.contains("result"));
-        Compare("message", FHost.Log.Messages);
-        const std::size_t Last = std::min(Expected("last").size(), FHost.Log.Messages.size());
-        Compare("last", {FHost.Log.Messages.end() - static_cast<std::ptrdiff_t>(Last), FHost.Log.Messages.end()});
-        std::vector<std::string> Labels;
+        const auto Action = FHost.Create(FClass);
+        for (const TDataLine& Line : FProperties)
+            if (const auto [Name, Value] = SplitSetting(Line.Rest); !SetProperty(*Action, Name, Fill(Value)))
+                FCase.Fail(Line, FClass + " does not take " + Name + " = " + Value);
+        for (const TDataLine& Line : FScripts)
+            SetScript(*Action, Line);
+        Check(*Action);
+    }
+
+private:
+    void Prepare(const TDataLine& Line)
+    {
+        static const std::set<std::string> Kinds = {"result",  "args",      "arg",    "executable", "starts-in",
+                                                    "rsp",     "message",   "last",   "output",     "error",
+                                                    "finding", "expansion", "exists", "absent",     "content",
+                                                    "updated", "untouched", "value",  "interprets"};
+        if (Kinds.contains(Line.Word))
+            FExpected[Line.Word].push_back(Line);
+        else if (Line.Rest.starts_with('=') && std::isupper(static_cast<unsigned char>(Line.Word[0])))
+            FProperties.push_back({"", Line.Word + ' ' + Line.Rest, "", Line.Line});
+        else if (!PrepareHost(Line, Fill(Line.Rest)) && !PrepareFile(Line, Fill(Line.Rest)))
+            FCase.Fail(Line, "\"" + Line.Word + "\" is neither a property with its value nor a word of data files");
+    }
+
+    bool PrepareHost(const TDataLine& Line, const std::string& Rest)
+    {
+        if (Line.Word == "action")
+            FClass = Rest;
+        else if (Line.Word == "var")
+            FVariables.push_back(SplitSetting(Rest));
+        else if (Line.Word == "option")
+            FStored.push_back(Rest);
+        else if (Line.Word == "dotnet")
+            AddVersion(Rest);
+        else if (Line.Word == "registry")
+            AddToRegistry(Line);
+        else if (Line.Word == "script")
+            FScripts.push_back(Line);
+        else if (Line.Word == "dry-run")
+            FHost.Settings.DryRun = true;
+        else if (Line.Word == "time-limit")
+            FHost.Settings.TimeLimit = std::chrono::seconds(std::stoi(Rest));
+        else if (Line.Word == "execute")
+            FExecutes = true;
+        else
+            return false;
+        return true;
+    }
+
+    bool PrepareFile(const TDataLine& Line, const std::string& Rest)
+    {
+        const auto [Name, Value] = SplitSetting(Rest);
+        if (Line.Word == "file")
+            FHost.Folder.Write(Rest, Text::Replace(Fill(Line.Text), "\n", "\r\n"));
+        else if (Line.Word == "source")
+            FHost.Folder.Write(Name, FSources[Name] = Unescape(Value));
+        else if (Line.Word == "tool")
+        {
+            fs::remove(Rest);
+            FHost.Folder.Write(Rest, "#!/bin/sh\n" + Fill(Line.Text));
+            fs::permissions(Rest, fs::perms::owner_all);
+        }
+        else if (Line.Word == "folder")
+            fs::create_directories(Rest);
+        else if (Line.Word == "link")
+            fs::create_symlink(Value, Name);
+        else if (Line.Word == "remove")
+            fs::remove_all(Rest);
+        else if (Line.Word == "protect")
+            fs::permissions(Rest, fs::perms::owner_read);
+        else
+            return false;
+        return true;
+    }
+
+    void AddVersion(const std::string& Text)
+    {
+        FHasVersions = true;
+        const auto [Name, Folders] = SplitSetting(Text);
+        const std::size_t End = std::min(Folders.find(';'), Folders.size());
+        if (!Name.empty())
+            FVersions.push_back({Name, Folders.substr(0, End), Folders.substr(End == Folders.size() ? 0 : End + 1)});
+    }
+
+    void AddToRegistry(const TDataLine& Line)
+    {
+        FRegistry += Fill(Line.Text);
+        const auto [Place, Value] = SplitSetting(Line.Rest);
+        const std::size_t End = std::min(Place.find('@'), Place.size());
+        if (!Place.empty())
+            FRegistry += '[' + Place.substr(0, End) + "]\r\n" +
+                         (End == Place.size() ? "@" : '"' + Place.substr(End + 1) + '"') + "=\"" +
+                         Text::Replace(Fill(Value), "\\", "\\\\") + "\"\r\n";
+    }
+
+    TOptionsFile StoredOptions() const
+    {
+        TOptionsFile File = TOptionsFile::Parse("options.toml", "");
+        for (const std::string& Setting : FStored)
+        {
+            const auto [Name, Value] = SplitSetting(Setting);
+            File.WriteString(Name.substr(0, Name.rfind('.')), Name.substr(Name.rfind('.') + 1), Value);
+        }
+        return File;
+    }
+
+    void SetScript(const TCustomQXAction& Action, const TDataLine& Line)
+    {
+        const auto [Name, Text] = SplitSetting(Line.Rest);
+        TQXScript* Script = Action.GetScriptByName(Name);
+        if (!Script)
+            return FCase.Fail(Line, FClass + " has no script " + Name);
+        Script->SetText(Line.Text.empty() ? Text : Line.Text);
+        if (!Line.Text.empty())
+            FHost.Runtime.SetScriptEngineSource(
+                [] { return std::make_unique<TDuktapeEngine>(std::chrono::minutes(1)); });
+    }
+
+    void Check(TCustomQXAction& Action)
+    {
+        Compare("finding", TPackageHost::Validate(Action));
+        const auto Connection = FHost.Connect(Action);
+        auto* Tool = dynamic_cast<TQXExecuteAbstractAction*>(&Action);
+        const auto Result = Expected("result");
+        EXPECT_EQ(Tool && !FExecutes ? MakeCommandLine(*Tool) : Execute(Action),
+                  Result.empty() || Result.front().Rest == "true");
+        const TLines& Messages = FHost.Log.Messages;
+        Compare("message", Messages);
+        const std::size_t Last = std::min(Expected("last").size(), Messages.size());
+        Compare("last", {Messages.end() - static_cast<std::ptrdiff_t>(Last), Messages.end()});
+        TLines Labels;
         for (const auto& Error : FHost.Log.ExpansionErrors)
             Labels.push_back(Error.Label);
         Compare("expansion", Labels);
         Compare("output", FHost.Log.OutputLines);
-        if (const auto* Compiler = dynamic_cast<const TQXManagedCompilerAction*>(Action.get());
-            Compiler && FCase.Expected.contains("rsp"))
+        Compare("error", FHost.Log.ErrorLines);
+        if (const auto* Compiler = dynamic_cast<const TQXManagedCompilerAction*>(&Action);
+            Compiler && FExpected.contains("rsp"))
             Compare("rsp", Lines(FHost.Folder.Read(Compiler->ResponseFileName)));
-        CompareFiles();
+        for (const TDataLine& Line : Expected("interprets"))
+            if (const auto [Code, Meaning] = SplitSetting(Line.Rest);
+                !Tool || Tool->InterpretResult(std::stoi(Code)) != (Meaning == "success"))
+                FCase.Fail(Line, Code + " is not " + Meaning);
+        for (const TDataLine& Line : Expected("value"))
+            CheckValue(Action, Line);
+        CheckFiles();
     }
 
-private:
-    bool MakeCommandLine(TQXExecuteAbstractAction& Action) const
+    bool MakeCommandLine(TQXExecuteAbstractAction& Action)
     {
         const auto Builder = CreateCommandLineBuilder();
         const bool Result = Action.BeforeGetCommandLine() && Action.GetCommandLine(*Builder);
-        Compare("args", {Builder->GetCommandLineText()});
+        const std::string Executable =
+            FExpected.contains("executable") || FExpected.contains("starts-in") ? Action.GetExecutable() : "";
+        CompareStart(Builder->GetCommandLineText(), Executable,
+                     FExpected.contains("starts-in") ? Action.GetStartingDir(Executable) : "");
         return Result;
     }
 
     bool Execute(TCustomQXAction& Action)
     {
+        bool Result = false;
         try
         {
-            return Action.Execute();
+            Result = Action.Execute();
         }
         catch (const std::exception& Error)
         {
             FHost.Log.Messages.emplace_back(Error.what());
-            return false;
         }
-    }
-
-    void Prepare()
-    {
-        FHost.Settings.DryRun = FCase.DryRun;
-        for (const auto& [Name, Text] : FCase.Sources)
-            FHost.Folder.Write(Name, Bytes(Fill(Text)));
-        for (const std::string& Name : FCase.Protected)
-            fs::permissions(Name, fs::perms::owner_read);
-        for (const std::string& Name : Expected("untouched"))
-            fs::create_hard_link(Name, FHost.Folder.Write("kept/folder") + std::to_string(fs::hash_value(Name)));
-        TVariables::TPairs Variables = FCase.Variables;
-        for (auto& [Name, Value] : Variables)
-            Value = Fill(Value);
-        FHost.Variables.SetProjectVariables(Variables);
-        for (const auto& [Name, Content] : FCase.Files)
-            FHost.Folder.Write(Name, Fill(Content));
-        FHost.Runtime.SetScriptEngineSource([] { return std::make_unique<TFillingEngine>(); });
-        FHost.UseStandInTools();
-        std::string Registry = "REGEDIT4\r\n";
-        for (const auto& [Place, Value] : FCase.Registry)
+        if (!FHost.Log.ProcessStarts.empty())
         {
-            const auto [Key, Name] = SplitAt(Place, "@");
-            Registry += '[' + Key + "]\r\n" + (Name.empty() ? "@" : '"' + Name + '"') + "=\"" +
-                        Text::Replace(Fill(Value), "\\", "\\\\") + "\"\r\n";
+            const auto& Start = FHost.Log.ProcessStarts.back();
+            CompareStart(Start.Arguments, Start.Executable, Start.Folder);
         }
-        FHost.SetRegistry(Registry);
+        return Result;
     }
 
-    std::string Fill(const std::string& Text) const
+    void CompareStart(const std::string& Arguments, const std::string& Executable, const std::string& Folder) const
+    {
+        Compare("args", {Arguments});
+        Compare("arg", CommandLines::Split(Arguments));
+        Compare("executable", {Executable});
+        Compare("starts-in", Folder.empty() ? TLines() : TLines{Folder});
+    }
+
+    /// A property of the action, or CLASS.NAME of an options object.
+    void CheckValue(const TQXPersistent& Action, const TDataLine& Line)
+    {
+        const auto [Name, Text] = SplitSetting(Line.Rest);
+        const std::size_t Dot = Name.find('.');
+        const TQXPersistent* Object = &Action;
+        for (const TQXOptionsRegistration& Options : FHost.Runtime.OptionsServices().Options())
+            if (Dot != Name.npos && Options.OptionsClass.ClassName == Name.substr(0, Dot))
+                Object = FHost.Runtime.OptionsServices().GetOptions(Options.OptionsClass.Category,
+                                                                    Options.OptionsClass.Name);
+        const TQXProperty* Property = Object->FindProperty(Name.substr(Dot + 1));
+        if (!Property)
+            FCase.Fail(Line, "there is no " + Name);
+        else if (ValueText(Property->Read()) != Fill(Text))
+            FCase.Fail(Line, Name + " is " + ValueText(Property->Read()));
+    }
+
+    void CheckFiles() const
+    {
+        const auto Fail = [&](bool Holds, const TDataLine& Line, const std::string& Reason) {
+            if (!Holds)
+                FCase.Fail(Line, Line.Rest + Reason);
+        };
+        for (const TDataLine& Line : Expected("exists"))
+            Fail(FHost.Folder.Exists(Fill(Line.Rest)), Line, " is missing");
+        for (const TDataLine& Line : Expected("absent"))
+            Fail(!FHost.Folder.Exists(Fill(Line.Rest)), Line, " is there");
+        for (const TDataLine& Line : Expected("untouched"))
+            Fail(fs::hard_link_count(Line.Rest) == 2 && FHost.Folder.Read(Line.Rest) == FSources.at(Line.Rest), Line,
+                 " was written");
+        for (const char* Kind : {"updated", "content"})
+            for (const TDataLine& Line : Expected(Kind))
+            {
+                const testing::ScopedTrace Trace(FCase.File.c_str(), Line.Line, Kind);
+                const auto [Name, Text] = SplitSetting(Line.Rest);
+                const bool IsBytes = Line.Word == "updated";
+                EXPECT_EQ(FHost.Folder.Read(Name), IsBytes ? Unescape(Text) : Fill(Text) + "\r\n");
+            }
+    }
+
+    [[nodiscard]] std::string Fill(const std::string& Text) const
     {
         return Text::Replace(Text::Replace(Text, "$DIR", FHost.Folder.Path()), "$BLANK", " ");
     }
 
-    std::vector<std::string> Expected(const std::string& Kind) const
+    /// What is expected of a kind; a line without text stands for nothing.
+    [[nodiscard]] std::vector<TDataLine> Expected(const std::string& Kind) const
     {
-        std::vector<std::string> Result;
-        if (const auto Found = FCase.Expected.find(Kind); Found != FCase.Expected.end())
-            for (const std::string& Text : Found->second)
-                if (!Text.empty())
-                    Result.push_back(Fill(Text));
+        std::vector<TDataLine> Result;
+        if (const auto Found = FExpected.find(Kind); Found != FExpected.end())
+            for (const TDataLine& Line : Found->second)
+                if (!Line.Rest.empty())
+                    Result.push_back(Line);
         return Result;
     }
 
-    void Compare(const std::string& Kind, const std::vector<std::string>& Actual) const
+    /// Compares as one text, so that a difference is shown line by line.
+    void Compare(const std::string& Kind, TLines Actual) const
     {
-        if (!FCase.Expected.contains(Kind))
+        const auto Found = FExpected.find(Kind);
+        if (Found == FExpected.end())
             return;
-        EXPECT_EQ(Actual, Expected(Kind)) << "(" << Kind << ")";
+        const auto Join = [](std::string Text, const std::string& Line) { return std::move(Text) + Line + '\n'; };
+        std::string Wanted;
+        std::size_t Index = 0;
+        for (const TDataLine& Line : Expected(Kind))
+        {
+            std::string Text = Fill(Line.Rest + (Line.Text.empty() ? "" : "\n" + Line.Text));
+            Text = Text::Replace(Line.Text.empty() ? Text : Text.substr(0, Text.size() - 1), "\n", "\r\n");
+            if (std::string* Other = Index < Actual.size() ? &Actual[Index] : nullptr; Other && Text.ends_with("..."))
+                if (Text.pop_back(), Text.pop_back(), Text.pop_back(), Other->size() > Text.size())
+                    Other->resize(Text.size());
+            Wanted = Join(Wanted, Text);
+            ++Index;
+        }
+        std::string Given;
+        for (const std::string& Line : Actual)
+            Given = Join(Given, Line);
+        const testing::ScopedTrace Trace(FCase.File.c_str(), Found->second.front().Line, Kind);
+        EXPECT_EQ(Wanted, Given);
     }
 
-    void CompareFiles() const
-    {
-        for (const std::string& Name : Expected("exists"))
-            EXPECT_TRUE(FHost.Folder.Exists(Name)) << Name;
-        for (const std::string& Name : Expected("absent"))
-            EXPECT_FALSE(FHost.Folder.Exists(Name)) << Name;
-        for (const std::string& Item : Expected("updated"))
-        {
-            const auto [Name, Text] = SplitAt(Item, " = ");
-            EXPECT_EQ(FHost.Folder.Read(Name), Bytes(Text)) << Name;
-        }
-        const auto Untouched = Expected("untouched");
-        for (const std::string& Name : Untouched)
-            EXPECT_EQ(fs::hard_link_count(Name), 2U) << Name << " was replaced";
-        for (const auto& [Name, Text] : FCase.Sources)
-        {
-            const bool Stays = std::find(Untouched.begin(), Untouched.end(), Name) != Untouched.end();
-            EXPECT_TRUE(!Stays || FHost.Folder.Read(Name) == Bytes(Fill(Text))) << Name << " was written";
-        }
-        for (const std::string& Item : Expected("content"))
-        {
-            const auto [Name, Content] = SplitAt(Item, " = ");
-            EXPECT_EQ(FHost.Folder.Read(Name), Content + "\r\n") << Name;
-        }
-    }
-
-    const TCase& FCase;
+    const TDataCase& FCase;
     TPackageHost FHost;
+    std::string FClass, FRegistry;
+    TVariables::TPairs FVariables;
+    TLines FStored;
+    std::vector<TFakeDotNetVersion> FVersions;
+    std::vector<TDataLine> FProperties, FScripts;
+    std::map<std::string, std::string> FSources;
+    std::map<std::string, std::vector<TDataLine>> FExpected; ///< by kind
+    bool FHasVersions = false;
+    bool FExecutes = false;
 };
 
-class DataFiles : public testing::TestWithParam<const char*>
+class DataFiles : public testing::TestWithParam<std::string>
 {
 };
 } // namespace
 
 TEST_P(DataFiles, GiveWhatTheySay)
 {
-    const auto Cases = ReadCases(GetParam());
-    EXPECT_FALSE(Cases.empty());
-    for (const TCase& Case : Cases)
+    for (const TDataCase& Case : ReadCases(GetParam()))
     {
-        SCOPED_TRACE(std::string(GetParam()) + ':' + std::to_string(Case.Line) + ": " + Case.Name);
+        const testing::ScopedTrace Trace(Case.File.c_str(), Case.Line, Case.Name);
         TCaseRun(Case).Run();
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Package, DataFiles,
-                         testing::Values("gac.txt", "csharp.txt", "vbnet.txt", "jsharp.txt", "projects.txt",
-                                         "references.txt", "wrappers.txt", "resources.txt", "assemblyinfo.txt",
-                                         "assemblyinfo_added.txt", "assemblyinfo_files.txt", "comreferences.txt"),
-                         [](const auto& Info) {
-                             const std::string Name = Info.param;
-                             return Name.substr(0, Name.find('.'));
-                         });
+INSTANTIATE_TEST_SUITE_P(Package, DataFiles, testing::ValuesIn(FindDataFiles("tests/package/data")),
+                         [](const auto& Info) { return DataFileName(Info.param); });

@@ -1,8 +1,11 @@
+#include "tests/DataFile.h"
 #include "tests/package/PackageTest.h"
 
 #include "host/QXServices.h"
 #include "package/plugin/QXDotNetAction.h"
 #include "package/plugin/QXDotNetOptionsImpl.h"
+
+#include <map>
 
 namespace
 {
@@ -21,23 +24,14 @@ private:
 
 TEST(DotNetAction, ComparesVersionsAsNumbers)
 {
-    struct TRow
-    {
-        const char *Minimum, *Version;
-        bool Valid;
-    };
-    static const TRow Rows[] = {
-        {"v1.0", "v1.1", true},  {"1.1", "v1.1", true},   {"V1.1", "1.1", true},    {"1.2", "v1.1", false},
-        {"1.2", "v2.0", true},   {"v1.0", "", true},      {"2.0", "", false},       {"2.0", "v2.0.50727", false},
-        {"1.0", "v2.0.1", true}, {"2.0", "vv2.0", false}, {"2.0", "2.v0", true},    {"v4.5", "v4.0", false},
-        {"nan", "v1.0", true},   {"inf", "v1.0", true},   {"v10.0", "v9.0", false}, {"2.0", " v2.0 ", true},
-    };
     TToolAction Action(ttSDK);
-    for (const TRow& Row : Rows)
-    {
-        Action.MinimumSDKVersion = Row.Minimum;
-        EXPECT_EQ(Action.IsValidSDKVersion(Row.Version), Row.Valid) << Row.Minimum << " <= " << Row.Version;
-    }
+    CheckTable(
+        "versions", "SDK version",
+        [&](const TColumns& Row) {
+            Action.MinimumSDKVersion = Row[0];
+            return TColumns{YesOrNo(Action.IsValidSDKVersion(Row[1]))};
+        },
+        2);
 }
 
 TEST(DotNetAction, FollowsTheGlobalDefaultUntilItOverridesIt)
@@ -64,33 +58,23 @@ TEST(DotNetAction, FollowsTheGlobalDefaultUntilItOverridesIt)
 
 TEST(DotNetAction, TellsBeforeTheRunWhatIsMissing)
 {
-    struct TRow
-    {
-        TQXDotNetToolType ToolType;
-        const char *Minimum, *Version, *Message;
-    };
-    static const TRow Rows[] = {
-        {ttFramework, "1.0", "v2.0", nullptr},
-        {ttSDK, "1.0", "v2.0", "The .NET SDK version you are trying to use is not installed"},
-        {ttFramework, "1.0", "v3.0", "The .NET framework version you are trying to use is not installed"},
-        {ttSDK, "1.0", "", "The .NET SDK version you are trying to use is not installed"},
-        {ttNone, "1.0", "v3.0", nullptr},
-        {ttFramework, "v3.0", "v2.0",
-         "The current SDK version (v2.0) is less than the minimum version required (v3.0)"},
-        {ttNone, "1.2", "", "The current SDK version () is less than the minimum version required (1.2)"},
-    };
-    for (const TRow& Row : Rows)
-    {
-        TPackageHost Host;
-        Host.SetDotNetVersions({{"v2.0", "/framework", ""}});
-        TToolAction Action(Row.ToolType);
-        Action.OverrideSDKDefault = true;
-        Action.MinimumSDKVersion = Row.Minimum;
-        Action.SetDefaultSDKVersion(Row.Version);
-        const auto Connection = Host.Connect(Action);
-        EXPECT_EQ(Action.BeforeGetCommandLine(), Row.Message == nullptr) << Row.Minimum << ' ' << Row.Version;
-        EXPECT_EQ(Host.Log.Messages, Row.Message ? std::vector<std::string>{Row.Message} : std::vector<std::string>{});
-    }
+    const std::map<std::string, TQXDotNetToolType> Types = {
+        {"framework", ttFramework}, {"SDK", ttSDK}, {"none", ttNone}};
+    CheckTable(
+        "versions", "missing tool",
+        [&](const TColumns& Row) {
+            TPackageHost Host;
+            Host.SetDotNetVersions({{"v2.0", "/framework", ""}});
+            TToolAction Action(Types.at(Row[0]));
+            Action.OverrideSDKDefault = true;
+            Action.MinimumSDKVersion = Row[1];
+            Action.SetDefaultSDKVersion(Row[2]);
+            const auto Connection = Host.Connect(Action);
+            const bool IsReady = Action.BeforeGetCommandLine();
+            EXPECT_EQ(IsReady, Host.Log.Messages.empty());
+            return Host.Log.Messages;
+        },
+        3);
 }
 
 TEST(DotNetAction, FindsItsToolInTheSpellingOnDisk)

@@ -2,7 +2,7 @@
 
 #include "platform/Paths.h"
 #include "platform/ReadAhead.h"
-#include "tests/runtime/TempFolder.h"
+#include "tests/TempFolder.h"
 
 #include "gtest/gtest.h"
 
@@ -11,7 +11,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <optional>
 #include <pthread.h>
 #include <sys/resource.h>
@@ -28,16 +27,8 @@ namespace
 /// Works in a new folder, which is the current one meanwhile.
 class FilesTest : public testing::Test
 {
-public:
-    FilesTest() { Files::SetCurrentFolder(Folder.Path()); }
-    ~FilesTest() override { Files::SetCurrentFolder(Before); }
-
 protected:
-    void Make(const std::string& Name, std::string_view Bytes = "x") const
-    {
-        fs::create_directories(fs::path(Folder / Name).parent_path());
-        std::ofstream(Folder / Name, std::ios::binary) << Bytes;
-    }
+    void Make(const std::string& Name, std::string_view Bytes = "x") const { Folder.Write(Name, Bytes); }
     [[nodiscard]] static unsigned Mode(const std::string& Path)
     {
         return static_cast<unsigned>(fs::status(Path).permissions());
@@ -46,8 +37,7 @@ protected:
     [[nodiscard]] std::vector<std::string> Names() const { return Files::Enumerate(Folder.Path(), "*.*", AllFiles); }
 
     static constexpr auto AllFiles = Files::TEntryKind::Files;
-    std::string Before = Files::CurrentFolder();
-    TTempFolder Folder;
+    TWorkFolder Folder;
 };
 
 /// Lets no file grow beyond a size, as on a disk that is full.

@@ -2,6 +2,7 @@
 
 #include "platform/CommandLines.h"
 #include "platform/ProcessLines.h"
+#include "tests/TempFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,7 +10,6 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -55,21 +55,12 @@ bool IsGone(const std::string& Process)
 class ProcessesTest : public testing::Test
 {
 public:
-    ProcessesTest()
-    {
-        std::string Name = (fs::temp_directory_path() / "processesXXXXXX").string();
-        Folder = ::mkdtemp(Name.data());
-    }
-    ~ProcessesTest() override
-    {
-        Termination::Reset();
-        fs::remove_all(Folder);
-    }
+    ~ProcessesTest() override { Termination::Reset(); }
 
 protected:
     std::string WriteFile(const std::string& Name, std::string_view Bytes, fs::perms Mode = fs::perms::owner_all)
     {
-        std::ofstream(Folder / Name, std::ios::binary) << Bytes;
+        Temp.Write(Name, Bytes);
         fs::permissions(Folder / Name, Mode);
         return (Folder / Name).string();
     }
@@ -87,7 +78,8 @@ protected:
         return End;
     }
 
-    fs::path Folder;
+    TTempFolder Temp;
+    fs::path Folder = Temp.Path();
     TCollector Collector;
 };
 

@@ -1,7 +1,7 @@
 #include "platform/Xml.h"
 
 #include "platform/Files.h"
-#include "tests/runtime/TempFolder.h"
+#include "tests/TempFolder.h"
 
 #include "gtest/gtest.h"
 

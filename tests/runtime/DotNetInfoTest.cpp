@@ -5,6 +5,7 @@
 #include "runtime/Runtime.h"
 #include "runtime/clrhost/DotNetVersions.h"
 #include "runtime/clrhost/MonoDetection.h"
+#include "tests/TempFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -45,35 +46,23 @@ class MonoTest : public testing::Test
 public:
     MonoTest()
     {
-        std::string Name = (fs::temp_directory_path() / "monoXXXXXX").string();
-        Root = fs::canonical(::mkdtemp(Name.data()));
-        Cache = Root / "cache";
         ::setenv("XDG_CACHE_HOME", Cache.c_str(), 1);
         AddTool("lib/mono/4.5/mcs.exe");
         AddTool("lib/mono/4.5/resgen.exe");
     }
-    ~MonoTest() override
-    {
-        ::unsetenv("XDG_CACHE_HOME");
-        fs::permissions(Root, fs::perms::owner_all);
-        fs::remove_all(Root);
-    }
+    ~MonoTest() override { ::unsetenv("XDG_CACHE_HOME"); }
 
 protected:
-    void AddTool(const std::string& Name) const
-    {
-        const fs::path File = Root / Name;
-        fs::create_directories(File.parent_path());
-        Files::Write(File.string(), Name);
-    }
+    void AddTool(const std::string& Name) const { Temp.Write(Name, Name); }
     [[nodiscard]] std::unique_ptr<TDotNetVersions> Detect(const std::vector<TConfiguredDotNet>& Configured = {}) const
     {
         return std::make_unique<TDotNetVersions>(DetectMono({(Root / "none").string(), Root.string()}), Configured);
     }
     [[nodiscard]] fs::path ToolFolder() const { return Detect()->GetVersion("v4.5")->GetSDKPath(); }
 
-    fs::path Root;
-    fs::path Cache;
+    TTempFolder Temp;
+    fs::path Root = Temp.Path();
+    fs::path Cache = Root / "cache";
 };
 
 TEST_F(MonoTest, ProfilesWithACompilerAreVersions)

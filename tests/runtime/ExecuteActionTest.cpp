@@ -1,6 +1,6 @@
 #include "platform/Files.h"
 #include "platform/Processes.h"
-#include "tests/runtime/TempFolder.h"
+#include "tests/TempFolder.h"
 #include "tests/runtime/TestHost.h"
 
 #include <gmock/gmock.h>

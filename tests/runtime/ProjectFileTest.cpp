@@ -3,6 +3,8 @@
 #include "runtime/Project.h"
 #include "runtime/Runtime.h"
 #include "runtime/projects/ProjectSchema.h"
+#include "tests/TempFolder.h"
+#include "tests/runtime/PropertyTexts.h"
 #include "tests/runtime/SampleActions.h"
 
 #include <gtest/gtest.h>
@@ -39,19 +41,6 @@ TSampleAction& Sample(TProject& Project, std::size_t Index)
     return dynamic_cast<TSampleAction&>(*Project.Actions.at(Index).Object);
 }
 
-void AppendValue(std::string& Text, const TQXPropertyValue& Value)
-{
-    if (const auto* String = std::get_if<std::string>(&Value))
-        Text += *String;
-    else if (const auto* Boolean = std::get_if<bool>(&Value))
-        Text += *Boolean ? "true" : "false";
-    else if (const auto* Integer = std::get_if<int>(&Value))
-        Text += std::to_string(*Integer);
-    else
-        for (const std::string& Item : std::get<std::vector<std::string>>(Value))
-            Text.append(Item).append("|");
-}
-
 /// Everything that a project's file stores, as one text.
 std::string Dump(const TProject& Project)
 {
@@ -70,9 +59,7 @@ std::string Dump(const TProject& Project)
         Text.append(std::to_string(Action.TimeoutSeconds)).append("\n");
         for (const TQXProperty& Property : Action.Object->Properties())
         {
-            Text.append("  ").append(Property.Name).append("=");
-            AppendValue(Text, Property.Read());
-            Text += "\n";
+            Text.append("  ").append(Property.Name).append("=").append(ValueText(Property.Read())).append("\n");
         }
         for (const auto& Script : Action.Object->Scripts())
             Text.append("  ").append(Script->Name()).append(":").append(Script->Text()).append("\n");
@@ -226,10 +213,10 @@ TEST_F(ProjectFile, SurvivesHostileTexts)
 
 TEST_F(ProjectFile, IsFoundByFileOrFolderOrSaysWhatItLookedFor)
 {
-    const std::filesystem::path Folder = std::filesystem::path(testing::TempDir()) / "project-file-test";
-    std::filesystem::remove_all(Folder);
+    const TTempFolder Temp;
+    const std::filesystem::path Folder = Temp.Path();
     std::filesystem::create_directories(Folder / "Acme" / "empty");
-    Files::Write((Folder / "Acme" / "quexley.toml").string(), "[[action]]\ntype = 'TPlainAction'\n");
+    Temp.Write("Acme/quexley.toml", "[[action]]\ntype = 'TPlainAction'\n");
 
     TProject Project = TProject::Load((Folder / "Acme").string() + "/");
     EXPECT_EQ(Project.File, (Folder / "Acme" / "quexley.toml").string());

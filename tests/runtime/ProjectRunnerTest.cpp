@@ -2,7 +2,7 @@
 #include "platform/Files.h"
 #include "platform/Processes.h"
 #include "runtime/HostErrors.h"
-#include "tests/runtime/TempFolder.h"
+#include "tests/TempFolder.h"
 #include "tests/runtime/TestHost.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #include "host/QXUtilities.h"
 #include "platform/Files.h"
-#include "tests/runtime/TempFolder.h"
+#include "tests/TempFolder.h"
 #include "tests/runtime/TestHost.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,9 @@
 #include "platform/Files.h"
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <climits>
+#include <cstddef>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/tree.h>
@@ -17,6 +19,8 @@ namespace
 {
 /// Elements may stand no deeper in each other.
 constexpr int MaximumDepth = 256;
+/// An element may have no more attributes: the library compares each with all others.
+constexpr std::ptrdiff_t MaximumAttributes = 10'000;
 /// Long texts are welcome: what makes them dangerous, entities and depth, is refused here.
 constexpr int ParseOptions = XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_COMPACT;
 
@@ -100,12 +104,59 @@ void OnStartElement(void* Parser, const xmlChar* Name, const xmlChar* Prefix, co
                               Attributes);
 }
 
+/// How many attributes a start tag has, as far as its bytes tell.
+std::ptrdiff_t CountAttributes(std::string_view Tag)
+{
+    std::ptrdiff_t Count = 0;
+    char Quote = '\0';
+    bool HasEquals = false;
+    for (const char Byte : Tag)
+    {
+        if (Quote != '\0')
+            Quote = Byte == Quote ? '\0' : Quote;
+        else if (Byte == '>')
+            break;
+        else if (Byte == '"' || Byte == '\'')
+        {
+            Quote = Byte;
+            Count += std::exchange(HasEquals, false) ? 1 : 0;
+        }
+        else
+            HasEquals = HasEquals || Byte == '=';
+    }
+    return Count;
+}
+
+/// The line of the first element with too many attributes, 0 if there is none. A start tag holds no other "<".
+int FindOvergrownElement(std::string_view Text)
+{
+    constexpr auto ShortestTag = static_cast<std::size_t>(MaximumAttributes) * std::string_view(" a=''").size();
+    std::size_t End = 0;
+    for (std::size_t Start = Text.find('<'); Text.size() - std::min(Start, Text.size()) > ShortestTag; Start = End)
+    {
+        End = std::min(Text.find('<', Start + 1), Text.size());
+        if (End - Start <= ShortestTag)
+            continue;
+        const std::string_view Tag = Text.substr(Start, End - Start);
+        const bool IsElement = Tag.find_first_of("!?") > 2; // in UTF-16 a byte stands between
+        if (IsElement && CountAttributes(Tag) > MaximumAttributes)
+            return 1 +
+                   static_cast<int>(std::count(Text.begin(), Text.begin() + static_cast<std::ptrdiff_t>(Start), '\n'));
+    }
+    return 0;
+}
+
 /// Parses a text in an encoding, or in that which it declares. Null: see Errors.
 TDocument Parse(std::string_view Text, const char* Encoding, TErrorCollector& Errors)
 {
     if (Text.empty() || Text.size() > INT_MAX)
     {
         Errors.Add(Text.empty() ? "Document is empty" : "Document is too large", 1);
+        return nullptr;
+    }
+    if (const int Line = FindOvergrownElement(Text); Line != 0)
+    {
+        Errors.Add("An element has more than " + std::to_string(MaximumAttributes) + " attributes", Line);
         return nullptr;
     }
     const TParser Parser(xmlNewParserCtxt());

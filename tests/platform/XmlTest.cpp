@@ -74,6 +74,9 @@ TEST(Xml, MalformedTextsNameReasonAndLine)
     std::string Deep;
     for (int Level = 0; Level < 1000000; ++Level)
         Deep += "<a>";
+    std::string Wide = "<a>\n<!-- = -->\n<b c=''";
+    for (int Attribute = 0; Attribute < 1000000; ++Attribute)
+        Wide += " a" + std::to_string(Attribute) + " = '>'";
     const struct
     {
         std::string Text;
@@ -94,6 +97,7 @@ TEST(Xml, MalformedTextsNameReasonAndLine)
         {Bomb + "<a b='&y;'>&y;</a>", 2, "Entity declarations are not allowed: x"},
         {"<!DOCTYPE a [<!ENTITY % p SYSTEM \"file:///etc/passwd\"> %p;]><a/>", 1, "Entity declarations"},
         {Deep, 1, "256 levels"},
+        {Wide + "/></a>", 3, "more than 10000 attributes"},
     };
     testing::internal::CaptureStderr();
     for (const auto& Case : Cases)

@@ -2,20 +2,54 @@
 
 #include "platform/Files.h"
 #include "platform/Paths.h"
-#include "platform/Text.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <utility>
+
 namespace
 {
+/// For each byte whether it stands as it is in the text of an annotation, or in a property.
+constexpr std::array<bool, 256> MakeTable(std::string_view Escaped)
+{
+    std::array<bool, 256> Result{};
+    Result.fill(true);
+    for (const char Character : Escaped)
+        Result[static_cast<unsigned char>(Character)] = false;
+    return Result;
+}
+constexpr auto PlainInText = MakeTable("%\r\n");
+constexpr auto PlainInProperty = MakeTable("%\r\n:,");
+
+void AppendEscaped(std::string& Target, std::string_view Text, const std::array<bool, 256>& IsPlain)
+{
+    for (auto Start = Text.begin(); Start != Text.end();)
+    {
+        const auto End =
+            std::find_if(Start, Text.end(), [&](char Byte) { return !IsPlain[static_cast<unsigned char>(Byte)]; });
+        Target.append(Start, End);
+        if (End == Text.end())
+            return;
+        fmt::format_to(std::back_inserter(Target), "%{:02X}", *End);
+        Start = End + 1;
+    }
+}
+
 std::string EscapeText(std::string_view Text)
 {
-    return Text::Replace(Text::Replace(Text::Replace(Text, "%", "%25"), "\r", "%0D"), "\n", "%0A");
+    std::string Result;
+    AppendEscaped(Result, Text, PlainInText);
+    return Result;
 }
 
 std::string EscapeProperty(std::string_view Text)
 {
-    return Text::Replace(Text::Replace(EscapeText(Text), ":", "%3A"), ",", "%2C");
+    std::string Result;
+    AppendEscaped(Result, Text, PlainInProperty);
+    return Result;
 }
 
 std::string RootFolder()
@@ -67,6 +101,7 @@ void TGitHubWriter::Annotate(const TScriptErrorEvent& Event)
 void TGitHubWriter::Annotate(const TProcessStartedEvent& Event)
 {
     FProcessFolder = Paths::Expand(std::string(Event.Folder), Files::CurrentFolder());
+    FFiles.clear();
 }
 
 void TGitHubWriter::Annotate(const TOutputEvent& Event)
@@ -74,28 +109,43 @@ void TGitHubWriter::Annotate(const TOutputEvent& Event)
     const std::optional<TToolMessage> Message = ParseToolMessage(Event.Text);
     if (!Message)
         return;
-    std::string Properties;
+    FLine = Message->IsError ? "::error" : "::warning";
+    char Delimiter = ' ';
     const auto AddProperty = [&](std::string_view Name, std::string_view Value) {
-        if (!Value.empty())
-            Properties += fmt::format("{}{}={}", Properties.empty() ? " " : ",", Name, EscapeProperty(Value));
+        if (Value.empty())
+            return;
+        FLine.append(1, std::exchange(Delimiter, ',')).append(Name).append("=");
+        AppendEscaped(FLine, Value, PlainInProperty);
     };
-    AddProperty("file", FileOf(*Message));
+    AddProperty("file", FileOf(Message->File));
     AddProperty("line", Message->Line);
     AddProperty("col", Message->Column);
     AddProperty("title", Message->Code);
-    const std::string_view Command = Message->IsError ? "error" : "warning";
-    WriteActionLine(fmt::format("::{}{}::{}", Command, Properties, EscapeText(Message->Text)), {}, {});
+    FLine += "::";
+    AppendEscaped(FLine, Message->Text, PlainInText);
+    WriteActionLine(FLine, {}, {});
 }
 
-std::string TGitHubWriter::FileOf(const TToolMessage& Message) const
+std::string_view TGitHubWriter::FileOf(std::string_view Name)
 {
-    if (Message.File.empty())
+    constexpr std::size_t MostKnown = 10'000;
+    if (Name.empty())
         return {};
+    const auto Known = FFiles.find(Name);
+    if (Known != FFiles.end())
+        return Known->second;
+    if (FFiles.size() >= MostKnown)
+        FFiles.clear();
+    return FFiles.emplace(Name, Place(Name)).first->second;
+}
+
+std::string TGitHubWriter::Place(std::string_view Name) const
+{
     // What the tool names and where it looked for it may differ; only a file that is there is put another way.
-    const std::string File = Files::Find(Paths::Expand(Message.File, FProcessFolder));
+    const std::string File = Files::Find(Paths::Expand(Name, FProcessFolder));
     if (File.empty())
-        return std::string(Message.File);
-    const std::string Relative = Paths::RelativeTo(File, FRoot);
+        return std::string(Name);
+    std::string Relative = Paths::RelativeTo(File, FRoot);
     return Relative.starts_with("..") ? File : Relative;
 }
 

@@ -3,6 +3,8 @@
 #include "apps/quexley/writers/TextWriter.h"
 #include "apps/quexley/writers/ToolMessage.h"
 
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -28,9 +30,13 @@ private:
     /// What needs no annotation.
     template <typename TEvent> void Annotate(const TEvent&) {}
     void WriteError(std::string_view Title, std::string_view Text);
-    [[nodiscard]] std::string FileOf(const TToolMessage& Message) const;
+    /// How an annotation names a file that the tool names.
+    [[nodiscard]] std::string_view FileOf(std::string_view Name);
+    [[nodiscard]] std::string Place(std::string_view Name) const;
 
-    std::string FRoot;          ///< the folder to which annotations are relative
-    std::string FAction;        ///< name of the running action
-    std::string FProcessFolder; ///< the running tool's, to which its messages are relative
+    std::string FRoot;                                      ///< the folder to which annotations are relative
+    std::string FAction;                                    ///< name of the running action
+    std::string FProcessFolder;                             ///< the running tool's, to which its messages are relative
+    std::map<std::string, std::string, std::less<>> FFiles; ///< names that were looked for, as annotations give them
+    std::string FLine;
 };

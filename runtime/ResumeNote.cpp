@@ -6,10 +6,9 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <cerrno>
 #include <charconv>
 #include <cstdint>
+#include <filesystem>
 #include <system_error>
 
 namespace
@@ -22,10 +21,17 @@ std::uint64_t Hash(std::string_view Text)
         Result = (Result ^ static_cast<unsigned char>(Character)) * 0x100000001b3U;
     return Result;
 }
+
+std::string BehindLinks(const std::string& FileName)
+{
+    std::error_code Error;
+    const std::filesystem::path Result = std::filesystem::canonical(FileName, Error);
+    return Error ? FileName : Result.string();
+}
 } // namespace
 
-TResumeNote::TResumeNote(std::string ProjectFile)
-    : FProjectFile(std::move(ProjectFile)),
+TResumeNote::TResumeNote(const std::string& ProjectFile)
+    : FProjectFile(BehindLinks(ProjectFile)),
       FFileName(Paths::Join(Files::StateFolder(), fmt::format("quexley/resume-{:016x}", Hash(FProjectFile))))
 {}
 
@@ -46,28 +52,22 @@ std::optional<TResumeNote::TPlace> TResumeNote::Read() const
 // The file is made once and then rewritten in one piece: making a file for each action can take longer than a tool.
 void TResumeNote::Write(const TPlace& Place)
 {
-    std::string Text = fmt::format("{}\n{}\n{}\n", FProjectFile, Place.Index, Place.Name);
-    if (!FFile)
+    if (!FFile && !FIsTaken)
     {
         if (!Files::ForceFolders(Paths::Folder(FFileName)))
             throw EFileError(Paths::Folder(FFileName), "cannot be made");
-        Files::ReplaceContent(FFileName, Text);
-        FFile.reset(std::fopen(FFileName.c_str(), "r+b"));
-        if (FFile)
-            std::setvbuf(FFile.get(), nullptr, _IONBF, 0);
-        FLength = Text.size();
-        return;
+        FFile = THeldFile::Hold(FFileName);
+        FIsTaken = FFile == nullptr;
     }
-    FLength = std::max(FLength, Text.size());
-    Text.resize(FLength, '\n'); // over what a longer name left
-    std::rewind(FFile.get());
-    if (std::fwrite(Text.data(), 1, Text.size(), FFile.get()) != Text.size())
-        throw EFileError(FFileName, std::generic_category().message(errno));
+    if (FFile)
+        FFile->Write(fmt::format("{}\n{}\n{}\n", FProjectFile, Place.Index, Place.Name));
 }
 
 void TResumeNote::Remove()
 {
+    if (!FFile && !FIsTaken && Files::FileExists(FFileName))
+        FFile = THeldFile::Hold(FFileName);
+    if (FFile)
+        FFile->Remove();
     FFile.reset();
-    if (!Files::Delete(FFileName))
-        throw EFileError(FFileName, "cannot be deleted");
 }

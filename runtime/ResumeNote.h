@@ -1,12 +1,13 @@
 #pragma once
 
-#include <cstdio>
+#include "platform/HeldFile.h"
+
 #include <memory>
 #include <optional>
 #include <string>
 
 /// Where the last run of a project stands: a small file in the user's state folder, there only while a run has
-/// not ended with success.
+/// not ended with success. Of two runs at the same time the first one has it, and the other one does without.
 class TResumeNote
 {
 public:
@@ -16,8 +17,8 @@ public:
         std::string Name;
     };
 
-    /// Of the project with this absolute file name.
-    explicit TResumeNote(std::string ProjectFile);
+    /// Of the project with this absolute file name, or any other that leads to it.
+    explicit TResumeNote(const std::string& ProjectFile);
 
     /// The noted place; none if there is no note or it cannot be read.
     [[nodiscard]] std::optional<TPlace> Read() const;
@@ -29,6 +30,6 @@ public:
 private:
     std::string FProjectFile;
     std::string FFileName;
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> FFile{nullptr, &std::fclose};
-    std::size_t FLength = 0; ///< of the longest text in the file so far
+    std::unique_ptr<THeldFile> FFile;
+    bool FIsTaken = false; ///< by another run
 };

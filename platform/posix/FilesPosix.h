@@ -31,6 +31,8 @@ public:
 
     [[nodiscard]] int Value() const { return FValue; }
     [[nodiscard]] bool IsOpen() const { return FValue >= 0; }
+    /// Gives the file to who closes it from now on.
+    [[nodiscard]] int Release() { return std::exchange(FValue, -1); }
     /// Closes the file now; false, with errno set, if what was written did not reach it.
     [[nodiscard]] bool Close() { return ::close(std::exchange(FValue, -1)) == 0; }
 

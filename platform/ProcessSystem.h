@@ -60,6 +60,8 @@ struct TExecutable
     std::string Problem; ///< why it cannot be started, as far as the file tells; empty when nothing speaks against it
 };
 [[nodiscard]] TExecutable FindExecutable(const std::string& Name);
+/// Whether so many files more can be opened.
+[[nodiscard]] bool HasRoomForFiles(int Count);
 /// Lets a pipe hold more, so that the tool waits for its reader less often.
 void EnlargePipe(int Descriptor);
 /// The name of a signal, "SIGKILL".

@@ -38,8 +38,11 @@ class TLoop
 public:
     TLoop()
     {
-        if (uv_loop_init(&FLoop) != 0 || uv_async_init(&FLoop, &FWake, [](uv_async_t*) {}) != 0)
-            throw std::runtime_error("no event loop can be made");
+        // The library ends the program when it finds no room for the files of its own.
+        constexpr int FilesOfLoop = 8;
+        if (!ProcessSystem::HasRoomForFiles(FilesOfLoop) || uv_loop_init(&FLoop) != 0 ||
+            uv_async_init(&FLoop, &FWake, [](uv_async_t*) {}) != 0)
+            throw std::runtime_error("no event loop can be made, too many files are open");
         uv_unref(reinterpret_cast<uv_handle_t*>(&FWake));
         ProcessSystem::AdoptOrphans();
         WakeHandle = &FWake;

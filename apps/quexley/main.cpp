@@ -5,6 +5,7 @@
 #include "platform/Console.h"
 #include "platform/Files.h"
 #include "platform/Processes.h"
+#include "platform/Stack.h"
 #include "runtime/HostErrors.h"
 
 #include <array>
@@ -69,7 +70,9 @@ try
 {
     Console::OpenMissingStreams();
     Termination::EndOnSignals();
-    return RunProgram(Count, Words);
+    int ExitCode = 0;
+    WithRoomForCalls([&] { ExitCode = RunProgram(Count, Words); });
+    return ExitCode;
 }
 catch (const EClosedPipe&)
 {

@@ -78,6 +78,16 @@ TExecutable FindExecutable(const std::string& Name)
     return Result;
 }
 
+bool HasRoomForFiles(int Count)
+{
+    const int Descriptor = Count > 0 ? fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0) : -1;
+    if (Descriptor < 0)
+        return Count == 0;
+    const bool Result = HasRoomForFiles(Count - 1);
+    close(Descriptor);
+    return Result;
+}
+
 void EnlargePipe([[maybe_unused]] int Descriptor)
 {
 #if defined(F_SETPIPE_SZ)

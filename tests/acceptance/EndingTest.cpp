@@ -45,6 +45,17 @@ protected:
         return true;
     }
 
+    /// Runs the program under a limit of the shell's and gives what it says, with its exit code in the last line.
+    [[nodiscard]] std::string RunLimited(const std::string& Limit, const std::string& Arguments = "") const
+    {
+        WriteTool("limited", "((ulimit " + Limit + "; exec '" QUEXLEY_BINARY_DIR "/bin/quexley' run " + Arguments +
+                                 ") 2>&1; echo \"exit code $?\") | cat > log");
+        const std::filesystem::path Options = OptionsFile();
+        const std::string Home = Options.parent_path().parent_path().parent_path().string();
+        EXPECT_EQ(std::system(("cd '" + Folder() + "' && HOME='" + Home + "' ./limited").c_str()), 0);
+        return ReadFile("log");
+    }
+
     /// Starts a grandchild, writes down both numbers, and never ends.
     static constexpr const char* Hang = "sleep 1000 & echo $! > child; echo working; echo $$ > tool; wait";
 
@@ -140,6 +151,49 @@ TEST_F(TEndingTest, AToolSeesItsStandardStreamsOnly)
     EXPECT_THAT(Run({"run", "--log", "log", "--only", "first"}).Out, HasSubstr(")\n" + Descriptors + "ok "));
 }
 
+TEST_F(TEndingTest, ARunBesideAnotherLeavesItsNote)
+{
+    WriteProject("[ -z \"$SLOW\" ] || { echo working > ../tool; sleep 1000; }");
+    std::filesystem::create_symlink(".", Path("link"));
+    TRunningProgram Program = Start({"run", "--from", "second", "link"}, {{"SLOW", "yes"}});
+    ASSERT_TRUE(Program.WaitForFile(Path("tool")));
+    EXPECT_EQ(Run({"run"}).ExitCode, 0);
+    Program.Send(SIGTERM);
+    EXPECT_EQ(Program.Wait().ExitCode, 143);
+    EXPECT_THAT(Run({"run", "--resume"}).Out, HasSubstr("[1/1] second"));
+}
+
+TEST_F(TEndingTest, TooFewFilesAreToldAsAReason)
+{
+    WriteProject("");
+    EXPECT_THAT(RunLimited("-n 7"), AllOf(HasSubstr("too many files are open\n"), HasSubstr("exit code 1\n")));
+}
+
+TEST_F(TEndingTest, DeepFilesFitIntoASmallStack)
+{
+    const auto Nested = [](const std::string& Open, int Depth, const std::string& Close) {
+        std::string Text;
+        for (int Level = 0; Level < 2 * Depth; ++Level)
+            Text += Level < Depth ? Open : Close;
+        return Text;
+    };
+    const std::string Action = "[[action]]\ntype = \"TQXAssemblyInfoUpdaterAction\"\nSelection = [\"a.cs\"]\n"
+                               "[action.scripts]\nOnProcessEntry = '";
+    const std::vector<std::pair<std::string, std::string>> Cases = {
+        {"x = " + Nested("[", 250, "]"), "a project has no \"x\""},
+        {"x = " + Nested("[", 100'000, "]"), "quexley.toml:1:"},
+        {Action + "var x = " + Nested("(", 20'000, ")") + "'", "the script nests too deep"},
+        {Action + "var f = function(n) { return [n].map(f); }; f(0);'", "OnProcessEntry, line 1: RangeError: "}};
+    WriteFile("a.cs", "[assembly: A(\"x\")]\n");
+    for (const auto& [Project, Expected] : Cases)
+    {
+        WriteFile("quexley.toml", Project);
+        const std::string Log = RunLimited("-s 256");
+        EXPECT_THAT(Log, AllOf(HasSubstr(Expected), testing::ContainsRegex("exit code [02]\n")))
+            << Project.substr(0, 150);
+    }
+}
+
 TEST_F(TEndingTest, AReaderThatStopsMakesNobodyDeaf)
 {
     WriteProject("cd ..; sleep 1000 & echo $! > child; while :; do echo flood; done", "timeout = 1\n");
@@ -193,9 +247,20 @@ TEST_F(TEndingTest, AFullDiskIsToldAndEndsWithTwo)
         const TProgramResult Result =
             IsLog ? Run({"run", "--log", "/dev/full"}) : Start({"run"}, {}, "/dev/full").Wait();
         EXPECT_EQ(Result.ExitCode, 2);
+        EXPECT_THAT(Result.Out, HasSubstr(IsLog ? "2 succeeded" : ""));
         EXPECT_THAT(Result.Err, HasSubstr("No space left on device"));
     }
     EXPECT_EQ(Start({"list"}, {}, "/dev/full").Wait().ExitCode, 2);
+}
+
+TEST_F(TEndingTest, HeldBackLinesThatFindNoRoomAreShortened)
+{
+    WriteProject("seq 1 200000; exit 1");
+    const std::string Log = RunLimited("-f 100", "--keep-going --quiet");
+    EXPECT_THAT(Log, AllOf(HasSubstr("\n  1\n"), HasSubstr("\n  20000\n"), HasSubstr("\n  200000\n"),
+                           HasSubstr(" lines were left out: the temporary folder has no room: File too large]\n"),
+                           HasSubstr("exit code 1\n")));
+    EXPECT_LT(Log.size(), 2'000'000U);
 }
 
 TEST_F(TEndingTest, LinesOfASlowToolAreSeenWhileItRuns)
@@ -226,11 +291,8 @@ TEST_F(TEndingTest, ASizeLimitIsAnErrorThatLeavesSourcesWhole)
     WriteFile("a.cs", Source);
     WriteFile("quexley.toml", "[[action]]\ntype = \"TQXAssemblyInfoUpdaterAction\"\nSelection = [\"a.cs\"]\n"
                               "Attributes = [\"A='y'\"]\nBackupFiles = false\n");
-    WriteTool("limited", "ulimit -f 4; exec '" QUEXLEY_BINARY_DIR "/bin/quexley' run > log 2>&1");
-    const std::filesystem::path Options = OptionsFile();
-    const std::string Home = Options.parent_path().parent_path().parent_path().string();
-    EXPECT_EQ(WEXITSTATUS(std::system(("cd '" + Folder() + "' && HOME='" + Home + "' ./limited").c_str())), 1);
-    EXPECT_THAT(ReadFile("log"), HasSubstr("The action ended with an error : a.cs: File too large\n"));
+    EXPECT_THAT(RunLimited("-f 4"), AllOf(HasSubstr("The action ended with an error : a.cs: File too large\n"),
+                                          HasSubstr("exit code 1\n")));
     EXPECT_EQ(ReadFile("a.cs"), Source);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder()), {}), 5) << "something is left";
 }

@@ -1,4 +1,5 @@
-// The example solution, compiled by the real tools where they are, and its other languages by stand-ins.
+// The example solution, compiled by the real tools where they are. Other languages and dry runs are in
+// data/example.txt.
 #include "tests/acceptance/ProgramTest.h"
 
 #include "gmock/gmock.h"
@@ -48,60 +49,4 @@ TEST_F(TExampleTest, CompilesAndRunsWithTheRealTools)
                                                               "Welcome to the stock\n"
                                                               "anvil\n");
     EXPECT_FALSE(HasFile("bin/Release/lc.exe"));
-}
-
-TEST_F(TExampleTest, ADryRunTellsTheStampAndLeavesTheSources)
-{
-    UseStandInTools();
-    for (const char* Tool : {"csc.exe", "resgen.exe", "lc.exe"})
-        WriteStandIn(Tool);
-    const std::string Before = ReadFile("src/Acme.Core/AssemblyInfo.cs");
-    const TProgramResult Result =
-        Run({"run", "--dry-run", "--only", "Stamp the version", "--set", "Version=9.0.0.0", "--format", "json"});
-    EXPECT_EQ(Result.ExitCode, 0) << Result.Out << Result.Err;
-    EXPECT_THAT(Result.Out, HasSubstr("\"text\":\"Processing File : src/Acme.Core/AssemblyInfo.cs\""));
-    EXPECT_THAT(Result.Out, HasSubstr(R"(Would set Attribute : AssemblyVersion Value : \"1.5.0.0\" -> \"9.0.0.0\")"));
-    EXPECT_EQ(ReadFile("src/Acme.Core/AssemblyInfo.cs"), Before);
-}
-
-TEST_F(TExampleTest, OtherLanguagesGiveTheirResponseFiles)
-{
-    UseStandInTools();
-    for (const char* Tool : {"vbc.exe", "vjc.exe", "resgen.exe"})
-        WriteStandIn(Tool);
-    const TProgramResult Result = Run({"run", "other-languages.toml"});
-    ASSERT_EQ(Result.ExitCode, 0) << Result.Out << Result.Err;
-    const std::string Root = Folder();
-    EXPECT_EQ(ReadFile("src/Acme.Reports/qxresp.rsp"),
-              "/imports:System,Microsoft.VisualBasic\r\n"
-              "/optionexplicit\r\n"
-              "/optionstrict\r\n"
-              "/rootnamespace:Acme.Reports\r\n"
-              "/target:library\r\n"
-              "/optimize\r\n"
-              "/reference:System.dll\r\n"
-              "/reference:System.Data.dll\r\n"
-              "/define:TRACE=True\r\n"
-              "/resource:\"" +
-                  Root +
-                  "/src/Acme.Reports/obj/Release/Acme.Reports.Columns.resources\"\r\n"
-                  "/baseaddress:285212672\r\n"
-                  "/out:" +
-                  Root +
-                  "/bin/Release/Acme.Reports.dll\r\n"
-                  "\"" +
-                  Root + "/src/Acme.Reports/Report.vb\"\r\n");
-    EXPECT_EQ(ReadFile("src/Acme.Legacy/qxresp.rsp"), "/securescoping\r\n"
-                                                      "/warn:4\r\n"
-                                                      "/target:library\r\n"
-                                                      "/optimize\r\n"
-                                                      "/reference:vjslib.dll\r\n"
-                                                      "/reference:System.dll\r\n"
-                                                      "/define:TRACE\r\n"
-                                                      "/baseaddress:285212672\r\n"
-                                                      "/out:" +
-                                                          Root +
-                                                          "/bin/Release/Acme.Legacy.dll\r\n"
-                                                          "\"" +
-                                                          Root + "/src/Acme.Legacy/Ledger.jsl\"\r\n");
 }

@@ -1,5 +1,7 @@
 #include "platform/CommandLines.h"
 
+#include "tests/DataFile.h"
+
 #include "gtest/gtest.h"
 
 #include <random>
@@ -8,41 +10,14 @@ using TArguments = std::vector<std::string>;
 
 TEST(CommandLines, SplitFollowsTheMicrosoftRunTime)
 {
-    const struct
-    {
-        std::string Text;
-        TArguments Arguments;
-    } Cases[] = {
-        {"", {}},
-        {" \t ", {}},
-        {" a \t b\nc ", {"a", "b\nc"}},
-        {R"("")", {""}},
-        {R"(a "" b)", {"a", "", "b"}},
-        {R"("a b" c)", {"a b", "c"}},
-        {R"(/out:"a b"\c)", {R"(/out:a b\c)"}},
-        {R"(a\\b \\s\h\)", {R"(a\\b)", R"(\\s\h\)"}},
-        {R"(a\"b)", {R"(a"b)"}},
-        {R"("a\\" b)", {R"(a\)", "b"}},
-        {R"("a\\\" b")", {R"(a\" b)"}},
-        {R"("a""b c")", {R"(a"b c)"}},
-        {R"("a"" b)", {R"(a" b)"}},
-        {R"("a\\"" b")", {R"(a\" b)"}},
-        {R"(a""b c)", {"ab", "c"}},
-        {R"("""a""" b)", {R"("a")", "b"}},
-        {R"("a b)", {"a b"}},
-        {R"("C:\dir\" x)", {R"(C:\dir" x)"}},
-        {R"(\)", {R"(\)"}},
-    };
-    for (const auto& Case : Cases)
-        EXPECT_EQ(CommandLines::Split(Case.Text), Case.Arguments) << Case.Text;
+    CheckTable("commandlines", "split", [](const TColumns& Row) { return CommandLines::Split(Row[0]); });
 }
 
 TEST(CommandLines, QuoteQuotesOnlyWhereNeeded)
 {
-    EXPECT_EQ(CommandLines::Quote(R"(a\b\)"), R"(a\b\)");
-    EXPECT_EQ(CommandLines::Quote(R"(a\b\)", true), R"("a\b\\")");
-    EXPECT_EQ(CommandLines::Quote(""), R"("")");
-    EXPECT_EQ(CommandLines::Quote(R"(a b\"c)"), R"("a b\\\"c")");
+    CheckTable(
+        "commandlines", "quote",
+        [](const TColumns& Row) { return TColumns{CommandLines::Quote(Row[0], Row[1] == "yes")}; }, 2);
 }
 
 TEST(CommandLines, SplitGivesBackWhatQuoteMade)

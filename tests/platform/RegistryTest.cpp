@@ -1,8 +1,11 @@
 #include "platform/Registry.h"
 
+#include "tests/DataFile.h"
+
 #include "gtest/gtest.h"
 
 #include <chrono>
+#include <map>
 
 using namespace std::string_literals;
 
@@ -139,47 +142,25 @@ TEST(Registry, ExpandableStringsTakeTheVariablesOfWindows)
 
 TEST(Registry, MalformedExportsNameLineAndReason)
 {
-    const std::string Key = Version5 + "[HKLM\\Software\\Acme]\n";
-    const struct
-    {
-        std::string Export;
-        int Line;
-        std::string Reason;
-    } Cases[] = {
-        {"", 1, "not a registry export"},
-        {"\x7F"
-         "ELF\n\n",
-         1, "not a registry export"},
-        {Version5 + "\"a\"=\"b\"", 3, "before the first key"},
-        {Version5 + "[HKLM\\Software", 3, "no closing \"]\""},
-        {Version5 + "[Software\\Acme]", 3, "unknown root key \"Software\""},
-        {Version5 + "[-HKLM]", 3, "cannot be deleted"},
-        {Version5 + "[HKLM" + std::string(600, '\\') + "]", 3, "512 levels"},
-        {Key + "junk", 4, "expected a key"},
-        {Key + "\"a\"", 4, "expected \"=\""},
-        {Key + "\"a\"=\"b\n\nc", 4, "no closing quote"},
-        {Key + "\"a\"=\"C:\\\\dir\\\"\n", 4, "no closing quote"},
-        {Key + "\"a\"=\"x\ny\"z\n", 4, "unexpected text"},
-        {Key + "\"a\"=5", 4, "neither a text"},
-        {Key + "\"a\"=dword:xyz", 4, "hexadecimal"},
-        {Key + "\"a\"=dword:123456789", 4, "hexadecimal"},
-        {Key + "\"a\"=hex(:00", 4, "type"},
-        {Key + "\"a\"=hex:1,\\\n2,\\\n345", 6, "a byte"},
-        {Key + "\"a\"=hex:1 2", 4, "comma"},
-        {Key + "\"a\"=hex:1,\\", 4, "cut off"},
-        {Key + "\"a\"=\"one\ntwo\"\njunk", 6, "expected a key"},
-    };
-    for (const auto& Case : Cases)
-        try
-        {
-            (void)ParseRegistryExport(Case.Export);
-            ADD_FAILURE() << "accepted: " << Case.Export;
-        }
-        catch (const ERegistryError& Error)
-        {
-            EXPECT_EQ(Error.Line, Case.Line) << Case.Export;
-            EXPECT_NE(std::string(Error.what()).find(Case.Reason), std::string::npos) << Error.what();
-        }
+    const std::map<std::string, std::string> Fronts = {
+        {"", ""}, {"heading", Version5}, {"key", Version5 + "[HKLM\\Software\\Acme]\n"}};
+    CheckTable(
+        "exports", "malformed registry export",
+        [&](const TColumns& Row) {
+            try
+            {
+                (void)ParseRegistryExport(Fronts.at(Row[0]) + Row[1]);
+                return TColumns{"accepted"};
+            }
+            catch (const ERegistryError& Error)
+            {
+                const std::string Reason = Error.what();
+                return TColumns{std::to_string(Error.Line),
+                                Reason.find(Row.back()) != Reason.npos ? Row.back() : Reason};
+            }
+        },
+        2);
+    EXPECT_THROW((void)ParseRegistryExport(Version5 + "[HKLM" + std::string(600, '\\') + "]"), ERegistryError);
 }
 
 TEST(Registry, WorkGrowsWithTheExport)

@@ -1,5 +1,6 @@
 #include "host/QXStringList.h"
 #include "host/QXUtilities.h"
+#include "tests/DataFile.h"
 
 #include <gtest/gtest.h>
 
@@ -9,47 +10,24 @@ using TItems = std::vector<std::string>;
 
 TEST(StringList, CommaTextBothWays)
 {
-    const std::pair<TItems, const char*> Cases[] = {
-        {{}, ""},
-        {{"a", "b"}, "a,b"},
-        {{"a b", "c"}, "\"a b\",c"},
-        {{"a,b", "say \"x\""}, "\"a,b\",\"say \"\"x\"\"\""},
-        {{"", "a", ""}, "\"\",a,\"\""},
-        {{"tab\there"}, "\"tab\there\""},
-        {{"C:\\x;y"}, "C:\\x;y"},
-    };
-    for (const auto& [Items, Text] : Cases)
-    {
-        EXPECT_EQ(TStringList(Items).CommaText(), Text);
+    CheckTable("texts", "comma text", [](const TColumns& Row) {
         TStringList List{"old"};
-        List.SetCommaText(Text);
-        EXPECT_EQ(List.Items(), Items) << Text;
-    }
+        List.SetCommaText(Row[0]);
+        EXPECT_EQ(List.CommaText(), Row[0]);
+        return List.Items();
+    });
 }
 
 TEST(StringList, ReadsDelimitedTextsOfOthers)
 {
-    struct TCase
-    {
-        const char* Text;
-        char Delimiter;
-        bool Strict;
-        TItems Items;
-    };
-    const TCase Cases[] = {
-        {" a  b , c,", ',', false, {"a", "b", "c", ""}},
-        {",a,,b", ',', false, {"", "a", "", "b"}},
-        {"\"a b\"c \"d", ',', false, {"a b", "c", "d"}},
-        {"a, b=c , \"d,e\",", ',', true, {"a", " b=c ", " \"d", "e\"", ""}},
-        {"a b;\"c;d\"", ';', true, {"a b", "c;d"}},
-        {"a, Version=1 x", ',', false, {"a", "Version=1", "x"}},
-    };
-    for (const TCase& Case : Cases)
-    {
-        TStringList List;
-        List.SetDelimitedText(Case.Text, Case.Delimiter, Case.Strict);
-        EXPECT_EQ(List.Items(), Case.Items) << Case.Text;
-    }
+    CheckTable(
+        "texts", "delimited text",
+        [](const TColumns& Row) {
+            TStringList List;
+            List.SetDelimitedText(Row[0], Row[1][0], Row[2] == "yes");
+            return List.Items();
+        },
+        3);
 }
 
 TEST(StringList, LinesEndByAnyLineEnd)
@@ -93,16 +71,9 @@ TEST(StringTokeniser, ReadsALinePieceByPiece)
 
 TEST(Utilities, QuotesTexts)
 {
-    EXPECT_EQ(DoubleQuoteString("a", true), "\"a\"");
-    EXPECT_EQ(DoubleQuoteString("", true), "\"\"");
-    EXPECT_EQ(DoubleQuoteString("a", false), "a");
-    EXPECT_EQ(DoubleQuoteString("a b", false), "\"a b\"");
-    EXPECT_EQ(DoubleQuoteString("\"a\"", true), "\"a\"");
-    EXPECT_EQ(DoubleQuoteString("\"", true), "\"\"\"");
-    EXPECT_EQ(StripQuotes("\"a\""), "a");
-    EXPECT_EQ(StripQuotes("'a'"), "a");
-    EXPECT_EQ(StripQuotes("'a\""), "'a\"");
-    EXPECT_EQ(StripQuotes("\""), "\"");
-    EXPECT_EQ(StripQuotes("\"a"), "\"a");
+    CheckTable(
+        "texts", "double quotes",
+        [](const TColumns& Row) { return TColumns{DoubleQuoteString(Row[0], Row[1] == "yes")}; }, 2);
+    CheckTable("texts", "strip quotes", [](const TColumns& Row) { return TColumns{StripQuotes(Row[0])}; });
 }
 } // namespace

@@ -1,4 +1,5 @@
 #include "runtime/Variables.h"
+#include "tests/DataFile.h"
 
 #include <gtest/gtest.h>
 
@@ -27,44 +28,20 @@ TVariables Sample()
 TEST(Variables, ReplacesNamesAndLeavesOtherPercentSigns)
 {
     ::setenv("QuexleyTestVariable", "of %Config%", 1);
-    const std::pair<const char*, const char*> Cases[] = {
-        {"", ""},
-        {"plain", "plain"},
-        {"%Config%", "Release"},
-        {"%OUTDIR%;%a.b%", "/p/%Config%/bin/Release;dotted"},
-        {"%%Config%%", "%Config%"},
-        {"50% of %Config%", "50% of Release"},
-        {"%1%Config%", "%1Release"},
-        {"100%", "100%"},
-        {"%Config", "%Config"},
-        {"%Con fig%", "%Con fig%"},
-        {"%%%Config%", "%Release"},
-        {"%Rate%", "100%"},
-        {"[%Empty%]", "[]"},
-        {"%quexleytestvariable%", "of %Config%"},
-    };
-    for (const auto& [Text, Expected] : Cases)
-    {
-        const TExpansion Expansion = Sample().Expand(Text);
-        EXPECT_TRUE(Expansion.Succeeded) << Text << ": " << Expansion.Reason;
-        EXPECT_EQ(Expansion.Text, Expected) << Text;
-    }
+    CheckTable("texts", "expand", [](const TColumns& Row) {
+        const TExpansion Expansion = Sample().Expand(Row[0]);
+        EXPECT_TRUE(Expansion.Succeeded) << Expansion.Reason;
+        return TColumns{Expansion.Text};
+    });
 }
 
 TEST(Variables, NamesTheVariableThatFails)
 {
-    const std::pair<const char*, const char*> Cases[] = {
-        {"a %Nope% b", "unknown variable \"Nope\""},
-        {"%Lost%", "unknown variable \"Nowhere\""},
-        {"%Self%", "the variable \"self\" leads back to itself"},
-        {"%Ping%", "the variable \"Ping\" leads back to itself"},
-    };
-    for (const auto& [Text, Reason] : Cases)
-    {
-        const TExpansion Expansion = Sample().Expand(Text);
-        EXPECT_FALSE(Expansion.Succeeded) << Text;
-        EXPECT_EQ(Expansion.Reason, Reason);
-    }
+    CheckTable("texts", "failed expansion", [](const TColumns& Row) {
+        const TExpansion Expansion = Sample().Expand(Row[0]);
+        EXPECT_FALSE(Expansion.Succeeded);
+        return TColumns{Expansion.Reason};
+    });
 }
 
 TEST(Variables, SurvivesLongChainsAndExponentialGrowth)

@@ -11,7 +11,7 @@ enum TQXArgumentMode {
     amQuoted = 4, ///< always quoted
 };
 
-/// An argument that was added. Kept for callers of the interface; it has no operations of its own.
+/// An argument that was added, with its switch and as the tool gets it.
 class IArgument
 {
 public:

@@ -110,13 +110,3 @@ void TQXDotNetAction::GetHiddenProperties(TStringList& List) const
     for (const char* Name : {"MinimumSDKVersion", "DotNetToolType", "SDKVersion"})
         List.Add(Name);
 }
-
-bool TQXDotNetAction::AddExpanded(ICommandLineBuilder& Builder, std::string_view Switch, std::string_view Label,
-                                  std::string_view Expression) const
-{
-    std::string Value;
-    if (!TryExpandExpression(Label, Expression, Value, true))
-        return false;
-    Builder.AddArgument(Switch, Value);
-    return true;
-}

@@ -43,11 +43,6 @@ public:
     bool OverrideSDKDefault = false;
     std::string MinimumSDKVersion = "v1.0";
 
-protected:
-    /// Expands a property under its label and adds it as switch and value. False: the expansion failed.
-    [[nodiscard]] bool AddExpanded(ICommandLineBuilder& Builder, std::string_view Switch, std::string_view Label,
-                                   std::string_view Expression) const;
-
 private:
     /// Without a value: the global default, which is not asked for before it is needed.
     std::optional<std::string> FSDKVersion;

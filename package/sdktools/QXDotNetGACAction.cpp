@@ -1,24 +1,17 @@
 #include "package/sdktools/QXDotNetGACAction.h"
 
+#include "package/plugin/QXActionHelpers.h"
+
 namespace
 {
-/// Reports a property without text; true if it has one.
-bool Require(IQXActionValidationError& Errors, const std::string& Value, std::string_view Label,
-             std::string_view Message)
-{
-    if (Value.empty())
-        Errors.AddError(Label, Message);
-    return !Value.empty();
-}
-
 bool RequireListFile(IQXActionValidationError& Errors, const TQXGACAction& Action)
 {
-    return Require(Errors, Action.AssemblyListFile, "List File", "Assembly list file has not been set");
+    return Require(Errors, {{Action.AssemblyListFile, "List File", "Assembly list file has not been set"}});
 }
 
 bool RequirePath(IQXActionValidationError& Errors, const TQXGACAction& Action)
 {
-    return Require(Errors, Action.AssemblyPath, "Assembly Path", "Assembly path has not been set");
+    return Require(Errors, {{Action.AssemblyPath, "Assembly Path", "Assembly path has not been set"}});
 }
 } // namespace
 
@@ -39,8 +32,7 @@ TQXGACAction::TQXGACAction()
 
 bool TQXGACAction::GetCommandLine(ICommandLineBuilder& Builder)
 {
-    if (Force)
-        Builder.AddArgument("/f");
+    AddFlags(Builder, {{Force, "/f"}});
     return !ReferenceCount || AddReference(Builder);
 }
 
@@ -49,8 +41,8 @@ bool TQXGACAction::AddReference(ICommandLineBuilder& Builder) const
     std::string Scheme;
     std::string ID;
     std::string Text;
-    if (!TryExpandExpression("Scheme", RefScheme, Scheme, true) || !TryExpandExpression("ID", RefID, ID, true) ||
-        !TryExpandExpression("Description", RefDescription, Text, true))
+    if (!ExpandRequired(*this,
+                        {{"Scheme", RefScheme, Scheme}, {"ID", RefID, ID}, {"Description", RefDescription, Text}}))
         return false;
     // Three values behind one switch: each brings its own quotes.
     Builder.AddArgument("/r", '"' + Scheme + "\" \"" + ID + "\" \"" + Text + '"');
@@ -67,8 +59,8 @@ bool TGACInstallAction::GetCommandLine(ICommandLineBuilder& Builder)
 {
     if (!TQXGACAction::GetCommandLine(Builder))
         return false;
-    return UseListFile ? AddExpanded(Builder, "/il", "Assembly Listfile", AssemblyListFile)
-                       : AddExpanded(Builder, "/i", "Assembly Path", AssemblyPath);
+    return UseListFile ? AddExpanded(*this, Builder, "/il", "Assembly Listfile", AssemblyListFile)
+                       : AddExpanded(*this, Builder, "/i", "Assembly Path", AssemblyPath);
 }
 
 bool TGACInstallAction::Validate(IQXActionValidationError& Errors)
@@ -88,9 +80,9 @@ bool TGACUninstallAction::GetCommandLine(ICommandLineBuilder& Builder)
     if (!TQXGACAction::GetCommandLine(Builder))
         return false;
     if (UseListFile)
-        return AddExpanded(Builder, "/ul", "Assembly Listfile", AssemblyListFile);
-    return UseAssemblyPath ? AddExpanded(Builder, "/u", "Assembly Path", AssemblyPath)
-                           : AddExpanded(Builder, "/u", "Assembly", AssemblyName);
+        return AddExpanded(*this, Builder, "/ul", "Assembly Listfile", AssemblyListFile);
+    return UseAssemblyPath ? AddExpanded(*this, Builder, "/u", "Assembly Path", AssemblyPath)
+                           : AddExpanded(*this, Builder, "/u", "Assembly", AssemblyName);
 }
 
 bool TGACUninstallAction::Validate(IQXActionValidationError& Errors)
@@ -99,7 +91,7 @@ bool TGACUninstallAction::Validate(IQXActionValidationError& Errors)
         return RequireListFile(Errors, *this);
     if (UseAssemblyPath)
         return RequirePath(Errors, *this);
-    return Require(Errors, AssemblyName, "Assembly Name", "Assembly name has not been set");
+    return Require(Errors, {{AssemblyName, "Assembly Name", "Assembly name has not been set"}});
 }
 
 TGACListAction::TGACListAction()

@@ -2,6 +2,7 @@
 
 #include "host/QXServices.h"
 #include "host/QXUtilities.h"
+#include "package/plugin/QXActionHelpers.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/ReadAhead.h"
@@ -47,9 +48,7 @@ void TQXAssemblyInfoUpdaterAction::InitialiseScriptParams(TQXScript& Script)
 
 bool TQXAssemblyInfoUpdaterAction::Validate(IQXActionValidationError& Errors)
 {
-    if (Selection.IsEmpty())
-        Errors.AddError("Files", "No files have been added for updating");
-    return !Selection.IsEmpty();
+    return Require(Errors, {{!Selection.IsEmpty(), "Files", "No files have been added for updating"}});
 }
 
 bool TQXAssemblyInfoUpdaterAction::Execute()

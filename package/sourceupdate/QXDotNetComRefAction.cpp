@@ -1,5 +1,6 @@
 #include "package/sourceupdate/QXDotNetComRefAction.h"
 
+#include "package/plugin/QXActionHelpers.h"
 #include "package/sourceupdate/QXTypeLibrarySearch.h"
 #include "platform/FileRewrite.h"
 #include "platform/Paths.h"
@@ -170,9 +171,10 @@ bool TQXDotNetComReferenceFixAction::Execute()
     std::string ID;
     std::string Name;
     std::string FileName;
-    if (!TryExpandExpression("ProgID", ProgID, ID, true) ||
-        !TryExpandExpression("ReferenceName", ReferenceName, Name, true) ||
-        !TryExpandExpression("ProjectFile", ProjectFile, FileName, true) || !CheckProjectFile(FileName))
+    if (!ExpandRequired(
+            *this,
+            {{"ProgID", ProgID, ID}, {"ReferenceName", ReferenceName, Name}, {"ProjectFile", ProjectFile, FileName}}) ||
+        !CheckProjectFile(FileName))
         return false;
     const auto Library = TTypeLibrarySearch(*this, ID).Run();
     if (!Library)

@@ -85,6 +85,8 @@ public:
     /// Gives a property of an action class an editor of its own. Design time only.
     virtual void RegisterPropertyEditor(TQXPropertyType PropertyType, std::string_view ActionClassName,
                                         std::string PropertyName, TQXPropertyEditorClass Editor) = 0;
+    /// A package tells that it could not register all that it has: the host does not work with a part of it.
+    virtual void RegistrationFailed(std::string_view Reason) = 0;
     /// All registered actions, in order of registration.
     [[nodiscard]] virtual std::span<const TQXActionRegistration> Actions() const = 0;
     /// The action registered for this class name, or null.

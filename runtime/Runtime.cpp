@@ -1,5 +1,6 @@
 #include "runtime/Runtime.h"
 
+#include "runtime/HostErrors.h"
 #include "runtime/scripting/ScriptEngine.h"
 #include "runtime/services/ActionServices.h"
 #include "runtime/services/ConsoleDesignServices.h"
@@ -38,11 +39,14 @@ struct TQXRuntime::TImpl
     TOptionsServices Options{[this] { LoadPackage(); }, [this]() -> TOptionsFile& { return File(); }};
     TScriptingServices Scripting;
 
-    /// The source is gone before it runs: what it registers looks things up itself.
+    /// The source is gone before it runs: what it registers looks things up itself. A package that is there in part
+    /// stays an error for all who look it up.
     void LoadPackage()
     {
         if (PackageSource)
             std::exchange(PackageSource, nullptr)();
+        if (!Actions.RegistrationFailure().empty())
+            throw EHostFileError(Actions.RegistrationFailure());
     }
 
     TOptionsFile& File()

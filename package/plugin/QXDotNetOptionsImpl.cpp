@@ -17,14 +17,6 @@ TQXDotNetOptions::TQXDotNetOptions()
         FDefaultSDKVersion = Info.GetVersionByIndex(Count - 1).GetVersionName();
 }
 
-void TQXDotNetOptions::RegisterOptions()
-{
-    QXOptionsServices().RegisterOptions(QXOptionsClass<TQXDotNetOptions>("TQXDotNetOptions"), "DOTNETOPT");
-    QXScriptingServices().RegisterGlobal("DotNetOptionsObject", [] {
-        return QXScriptingServices().ObjectToVariant(DotNetOptions().GetImplementation());
-    });
-}
-
 void TQXDotNetOptions::LoadOptions(IQXOptionsReader& Reader)
 {
     FDefaultSDKVersion = Reader.ReadString("DefaultSDKVersion", FDefaultSDKVersion);

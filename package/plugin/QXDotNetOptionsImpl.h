@@ -25,8 +25,6 @@ public:
     static std::string GetName() { return "Microsoft .NET SDK"; }
     static std::string GetCategory() { return ".NET Tools"; }
     static std::string GetOptionKey() { return "Microsoft.NET"; }
-    /// Makes the class and its script global known to the host.
-    static void RegisterOptions();
 
     void LoadOptions(IQXOptionsReader& Reader) override;
     void SaveOptions(IQXOptionsWriter& Writer) const override;

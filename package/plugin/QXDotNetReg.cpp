@@ -14,81 +14,112 @@
 #include "package/sourceupdate/QXAssemblyInfoUpdaterAction.h"
 #include "package/sourceupdate/QXDotNetComRefAction.h"
 
-#include <cstdio>
 #include <exception>
+#include <string>
 
 namespace
 {
-template <typename T> TQXActionClass Action(const char* ClassName)
-{
-    return QXActionClass<T>(ClassName);
-}
+constexpr const char* Compilers = "Compilers";
+constexpr const char* DotNetTools = ".Net Tools";
 
-template <typename T> TQXPropertyEditorClass Editor(const char* ClassName)
-{
-    return {ClassName, [] { return std::make_unique<T>(); }};
-}
+struct TRow;
 
-/// One registered action.
-struct TActionRow
+/// What goes with few classes.
+struct TExtras
 {
-    const char* ClassName;
-    TQXActionClass (*MakeClass)(const char* ClassName);
-    const char* DisplayName; ///< null: the class's own name
-    const char* Category;
-    const char* ImageName;
-    const char* EditorName = nullptr; ///< the editor of the project file, at design time
-    TQXPropertyEditorClass (*MakeEditor)(const char* ClassName) = nullptr;
-    void (*RegisterMethods)() = nullptr; ///< for scripts
+    const char* ScriptGlobal = nullptr;                ///< the name of an options object in scripts
+    void (*RegisterForScripts)() = nullptr;            ///< methods, or an enumeration
+    void (*RegisterPages)(const TRow& Row) = nullptr;  ///< at design time
+    void (*RegisterEditor)(const TRow& Row) = nullptr; ///< of the project file, at design time
+    const char* EditorName = nullptr;
 };
 
+/// One registered class.
+struct TRow
+{
+    const char* ClassName;
+    void (*Register)(const TRow& Row);
+    const char* ImageName;
+    const char* Category = nullptr;    ///< of an action
+    const char* DisplayName = nullptr; ///< of an action; null: the class's own name
+    TExtras Extras = {};
+};
+
+template <typename T> void Action(const TRow& Row)
+{
+    TQXActionClass Class = QXActionClass<T>(Row.ClassName);
+    std::string Name = Row.DisplayName ? Row.DisplayName : Class.ActionName;
+    QXActionServices().RegisterAction(std::move(Name), Row.Category, std::move(Class), Row.ImageName);
+}
+
+template <typename T> void Options(const TRow& Row)
+{
+    QXOptionsServices().RegisterOptions(QXOptionsClass<T>(Row.ClassName), Row.ImageName);
+    if (Row.Extras.ScriptGlobal)
+        QXScriptingServices().RegisterGlobal(Row.Extras.ScriptGlobal, [] {
+            return QXScriptingServices().ObjectToVariant(
+                *QXOptionsServices().GetOptions(T::GetCategory(), T::GetName()));
+        });
+}
+
+template <typename T> void ProjectEditor(const TRow& Row)
+{
+    QXActionServices().RegisterPropertyEditor(TQXPropertyType::String, Row.ClassName, "ProjectFile",
+                                              {Row.Extras.EditorName, [] { return std::make_unique<T>(); }});
+}
+
+// Everything that the package registers, in the order in which users see it. An enumeration that scripts may use stands
+// in the row behind which it is registered, as
+//     .RegisterForScripts = [] { QXScriptingServices().RegisterType("TColour", QXElementNames<TColour>()); }
 // clang-format off
-constexpr TActionRow Actions[] = {
-    {"TQXAssemblyInfoUpdaterAction", Action<TQXAssemblyInfoUpdaterAction>, nullptr, "Compilers", "ASSEMBLYUPATER",
-     nullptr, nullptr, RegisterAssemblyInfoMethods},
-    {"TQXCSharpCompilerAction", Action<TQXCSharpCompilerAction>, nullptr, "Compilers", "CSHARP"},
-    {"TQXCSProjCompilerAction", Action<TQXCSProjCompilerAction>, nullptr, "Compilers", "CSHARP",
-     "TQXCSharpProjectEditor", Editor<TQXCSharpProjectEditor>},
-    {"TQXVBDotNetCompilerAction", Action<TQXVBDotNetCompilerAction>, nullptr, "Compilers", "VBDOTNET"},
-    {"TQXVBProjCompilerAction", Action<TQXVBProjCompilerAction>, nullptr, "Compilers", "VBDOTNET",
-     "TQXVBProjectEditor", Editor<TQXVBProjectEditor>},
-    {"TQXJSharpCompilerAction", Action<TQXJSharpCompilerAction>, nullptr, "Compilers", "JSHARP"},
-    {"TQXJSProjCompilerAction", Action<TQXJSProjCompilerAction>, nullptr, "Compilers", "JSHARP",
-     "TQXJSharpProjectEditor", Editor<TQXJSharpProjectEditor>},
-    {"TQXBorlandCSBuilderProjCompilerAction", Action<TQXBorlandCSBuilderProjCompilerAction>, nullptr, "Compilers", "BDSPROJ",
-     "TQXCSharpBuilderProjectEditor", Editor<TQXCSharpBuilderProjectEditor>},
-    {"TQXDotNetComReferenceFixAction", Action<TQXDotNetComReferenceFixAction>, nullptr, ".Net Tools", "ASSEMBLYUPATER"},
-    {"TGACInstallAction", Action<TGACInstallAction>, "GAC Install [GACUTIL]", ".Net Tools", "GACINSTALL"},
-    {"TGACUninstallAction", Action<TGACUninstallAction>, "GAC Uninstall [GACUTIL]", ".Net Tools", "GACUNINSTALL"},
-    {"TGACListAction", Action<TGACListAction>, "GAC Download Cache [GACUTIL]", ".Net Tools", "GACLIST"},
+constexpr TRow Rows[] = {
+    {"TQXDotNetOptions", Options<TQXDotNetOptions>, "DOTNETOPT", nullptr, nullptr, {.ScriptGlobal = "DotNetOptionsObject"}},
+    {"TQXAssemblyInfoUpdaterAction", Action<TQXAssemblyInfoUpdaterAction>, "ASSEMBLYUPATER", Compilers, nullptr,
+     {.RegisterForScripts = RegisterAssemblyInfoMethods}},
+    {"TQXCSharpCompilerAction", Action<TQXCSharpCompilerAction>, "CSHARP", Compilers},
+    {"TQXCSProjCompilerAction", Action<TQXCSProjCompilerAction>, "CSHARP", Compilers, nullptr,
+     {.RegisterEditor = ProjectEditor<TQXCSharpProjectEditor>, .EditorName = "TQXCSharpProjectEditor"}},
+    {"TQXVBDotNetCompilerAction", Action<TQXVBDotNetCompilerAction>, "VBDOTNET", Compilers},
+    {"TQXVBProjCompilerAction", Action<TQXVBProjCompilerAction>, "VBDOTNET", Compilers, nullptr,
+     {.RegisterEditor = ProjectEditor<TQXVBProjectEditor>, .EditorName = "TQXVBProjectEditor"}},
+    {"TQXJSharpCompilerAction", Action<TQXJSharpCompilerAction>, "JSHARP", Compilers},
+    {"TQXJSProjCompilerAction", Action<TQXJSProjCompilerAction>, "JSHARP", Compilers, nullptr,
+     {.RegisterEditor = ProjectEditor<TQXJSharpProjectEditor>, .EditorName = "TQXJSharpProjectEditor"}},
+    {"TQXBorlandCSBuilderProjCompilerAction", Action<TQXBorlandCSBuilderProjCompilerAction>, "BDSPROJ", Compilers, nullptr,
+     {.RegisterEditor = ProjectEditor<TQXCSharpBuilderProjectEditor>, .EditorName = "TQXCSharpBuilderProjectEditor"}},
+    {"TQXDotNetComReferenceFixAction", Action<TQXDotNetComReferenceFixAction>, "ASSEMBLYUPATER", DotNetTools},
+    {"TGACInstallAction", Action<TGACInstallAction>, "GACINSTALL", DotNetTools, "GAC Install [GACUTIL]"},
+    {"TGACUninstallAction", Action<TGACUninstallAction>, "GACUNINSTALL", DotNetTools, "GAC Uninstall [GACUTIL]"},
+    {"TGACListAction", Action<TGACListAction>, "GACLIST", DotNetTools, "GAC Download Cache [GACUTIL]"},
 };
 // clang-format on
 
-void Register(const TActionRow& Row, bool DesignTime)
+void Register(const TRow& Row, bool DesignTime)
 {
-    IQXActionServices& Services = QXActionServices();
-    TQXActionClass Class = Row.MakeClass(Row.ClassName);
-    std::string Name = Row.DisplayName ? Row.DisplayName : Class.ActionName;
-    Services.RegisterAction(std::move(Name), Row.Category, std::move(Class), Row.ImageName);
-    if (Row.RegisterMethods)
-        Row.RegisterMethods();
-    if (DesignTime && Row.MakeEditor)
-        Services.RegisterPropertyEditor(TQXPropertyType::String, Row.ClassName, "ProjectFile",
-                                        Row.MakeEditor(Row.EditorName));
+    Row.Register(Row);
+    if (Row.Extras.RegisterForScripts)
+        Row.Extras.RegisterForScripts();
+    if (DesignTime && Row.Extras.RegisterPages)
+        Row.Extras.RegisterPages(Row);
+    if (DesignTime && Row.Extras.RegisterEditor)
+        Row.Extras.RegisterEditor(Row);
 }
 } // namespace
 
-void QXRegister(bool DesignTime)
+void QXRegister(bool DesignTime) noexcept
 {
+    // The host may be built otherwise than this library: no exception passes between them.
     try
     {
-        TQXDotNetOptions::RegisterOptions();
-        for (const TActionRow& Row : Actions)
+        for (const TRow& Row : Rows)
             Register(Row, DesignTime);
     }
     catch (const std::exception& Error)
     {
-        // The host may be built otherwise than this library: no exception passes between them.
-        std::fprintf(stderr, "QX40DotNetFrameWork: %s\n", Error.what());
+        QXActionServices().RegistrationFailed(std::string("QX40DotNetFrameWork: ") + Error.what());
+    }
+    catch (...)
+    {
+        QXActionServices().RegistrationFailed("QX40DotNetFrameWork: unknown exception");
     }
 }

@@ -18,6 +18,12 @@ void TActionServices::RegisterPropertyEditor(TQXPropertyType PropertyType, std::
     FEditors.push_back({PropertyType, std::string(ActionClassName), std::move(PropertyName), std::move(Editor)});
 }
 
+void TActionServices::RegistrationFailed(std::string_view Reason)
+{
+    if (FFailure.empty())
+        FFailure = Reason;
+}
+
 std::span<const TQXActionRegistration> TActionServices::Actions() const
 {
     FBeforeLookUp();

@@ -18,6 +18,9 @@ public:
                         std::string ImageName) override;
     void RegisterPropertyEditor(TQXPropertyType PropertyType, std::string_view ActionClassName,
                                 std::string PropertyName, TQXPropertyEditorClass Editor) override;
+    /// The first reason stays.
+    void RegistrationFailed(std::string_view Reason) override;
+    [[nodiscard]] const std::string& RegistrationFailure() const { return FFailure; }
     [[nodiscard]] std::span<const TQXActionRegistration> Actions() const override;
     [[nodiscard]] const TQXActionRegistration* FindAction(std::string_view ClassName) const override;
     [[nodiscard]] const TQXPropertyEditorClass* FindPropertyEditor(std::string_view ActionClassName,
@@ -36,4 +39,5 @@ private:
     std::function<void()> FBeforeLookUp;
     std::vector<TQXActionRegistration> FActions;
     std::vector<TPropertyEditor> FEditors;
+    std::string FFailure;
 };

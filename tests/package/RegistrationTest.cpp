@@ -1,6 +1,10 @@
 #include "tests/package/PackageTest.h"
 
 #include "host/QXServices.h"
+#include "package/sdktools/QXDotNetGACAction.h"
+#include "runtime/HostErrors.h"
+
+#include "gmock/gmock.h"
 
 #include <cstdio>
 #include <filesystem>
@@ -107,6 +111,18 @@ TEST(Registration, NamesAreUniqueAndPropertiesKeepWhatTheyAreGiven)
     }
 }
 
+TEST(Registration, APackageThatIsThereInPartIsAnError)
+{
+    TTestHost Host;
+    Host.Runtime.SetPackageSource([] {
+        QXActionServices().RegisterAction("Another", "Other", QXActionClass<TGACListAction>("TGACListAction"), "");
+        QXRegister(false);
+    });
+    for (int Time = 0; Time < 2; ++Time)
+        EXPECT_THAT([&] { static_cast<void>(Host.Runtime.ActionServices().FindAction("TGACInstallAction")); },
+                    testing::ThrowsMessage<EHostFileError>(
+                        "QX40DotNetFrameWork: The action class TGACListAction is registered twice"));
+}
 TEST(Package, ExportsItsEntryAndNothingElse)
 {
     const std::string Module = QUEXLEY_BINARY_DIR "/lib/QX40DotNetFrameWork.so";

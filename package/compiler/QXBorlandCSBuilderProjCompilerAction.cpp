@@ -12,6 +12,7 @@ constexpr TNamedValue<TDotNetTarget> Targets[] = {{"Assembly", TDotNetTarget::Li
 }
 
 TQXBorlandCSBuilderProjCompilerAction::TQXBorlandCSBuilderProjCompilerAction()
+    : TQXProjectMapping(static_cast<TQXManagedCompilerAction&>(*this))
 {
     Publish("ProjectFile", ProjectFile, "The project file to compile").File().Required("src/Acme.Core.bdsproj");
     Publish("ConfigName", ConfigName, "The configuration to build").Expression().Required("Release");

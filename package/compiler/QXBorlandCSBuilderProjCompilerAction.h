@@ -1,9 +1,10 @@
 #pragma once
 
 #include "package/compiler/QXCSharpCompilerAction.h"
+#include "package/compiler/QXProjectMapping.h"
 
 /// Compiles a C# Builder project file.
-class TQXBorlandCSBuilderProjCompilerAction final : public TQXCustomCSharpCompilerAction
+class TQXBorlandCSBuilderProjCompilerAction final : public TQXCustomCSharpCompilerAction, public TQXProjectMapping
 {
 public:
     TQXBorlandCSBuilderProjCompilerAction();

@@ -25,7 +25,7 @@ bool TQXBorlandProjectLoader::Load()
 {
     if (!ExpandConfigName())
         return false;
-    FAction.ResetOptions();
+    Reset();
     TXmlDocument Document;
     if (!Document.LoadFromFile(FLoad.FileName))
         return FailParsing(Document.ParseError());
@@ -51,8 +51,10 @@ bool TQXBorlandProjectLoader::LoadDocument(const TXmlElement& Root)
     if (!Made)
         return Fail("Unable to create output directory : " + FLoad.ObjectFolder);
     const TQXResourceProcessor Resources(FAction, FLoad);
-    return std::all_of(Elements.begin(), Elements.end(),
-                       [&](const TXmlElement& File) { return LoadFile(File, Resources); });
+    const bool Loaded = std::all_of(Elements.begin(), Elements.end(),
+                                    [&](const TXmlElement& File) { return LoadFile(File, Resources); });
+    ShowFiles();
+    return Loaded;
 }
 
 bool TQXBorlandProjectLoader::SelectOptionsSet(const TXmlElement& Options)
@@ -63,7 +65,7 @@ bool TQXBorlandProjectLoader::SelectOptionsSet(const TXmlElement& Options)
     const TXmlElement* Set = FindConfiguration(Sets);
     if (!Set)
         return Fail("OptionSet : " + FLoad.ConfigName + " - not found in project file");
-    FAction.LoadConfigCompilerOptionsFromProjFile(*Set);
+    FMapping.LoadConfigCompilerOptionsFromProjFile(*Set);
     // Always below the project's folder, an absolute path included.
     const std::string Folder = FLoad.Folder + GetOptionValueString("OutputDirectory", *Set);
     static_cast<void>(Files::ForceFolders(Folder));
@@ -81,8 +83,8 @@ bool TQXBorlandProjectLoader::LoadFile(const TXmlElement& File, const TQXResourc
     else if (Container == "ResXCompiler")
         return Resources.ProcessBorlandEmbeddedResource(File);
     else if (Container == "DotNetAssemblyCompiler")
-        AppendItem(FAction.References, ',', WithLibraryExtension(Path));
+        FAction.Project.References.push_back(WithLibraryExtension(Path));
     else if (IsPicture(Container))
-        AppendItem(FAction.Resources, ',', ExpandRelativePath(Path, FLoad.Folder));
+        FAction.Project.Resources.push_back(ExpandRelativePath(Path, FLoad.Folder));
     return true;
 }

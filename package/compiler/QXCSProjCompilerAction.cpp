@@ -19,7 +19,7 @@ bool IsCompactProject(const std::string& FileName)
 }
 } // namespace
 
-TQXCSProjCompilerAction::TQXCSProjCompilerAction()
+TQXCSProjCompilerAction::TQXCSProjCompilerAction() : TQXProjectMapping(static_cast<TQXManagedCompilerAction&>(*this))
 {
     Publish("ProjectFile", ProjectFile, "The project file to compile").File().Required("src/Acme.Core.csproj");
     Publish("ConfigName", ConfigName, "The configuration to build").Expression().Required("Release");
@@ -53,15 +53,15 @@ std::string TQXCSProjCompilerAction::GetCompilerTypeInProjectFile(const std::str
 
 void TQXCSProjCompilerAction::LoadSettingsFromProjFile(const TXmlElement& Settings)
 {
-    TQXCustomCSharpCompilerAction::LoadSettingsFromProjFile(Settings);
-    Icon = GetAttributeValueString("ApplicationIcon", Settings);
+    TQXProjectMapping::LoadSettingsFromProjFile(Settings);
+    LoadIcon(Settings);
     RootNameSpace = GetAttributeValueString("RootNamespace", Settings);
     MainClass = GetAttributeValueString("StartupObject", Settings);
 }
 
 void TQXCSProjCompilerAction::LoadConfigCompilerOptionsFromProjFile(const TXmlElement& Config)
 {
-    TQXCustomCSharpCompilerAction::LoadConfigCompilerOptionsFromProjFile(Config);
+    TQXProjectMapping::LoadConfigCompilerOptionsFromProjFile(Config);
     CompileUnsafe = GetAttributeValueBoolean("AllowUnsafeBlocks", Config);
     Checked = GetAttributeValueBoolean("CheckForOverflowUnderflow", Config);
     DocFile = GetAttributeValueString("DocumentationFile", Config);

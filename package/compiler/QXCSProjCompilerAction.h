@@ -1,9 +1,10 @@
 #pragma once
 
 #include "package/compiler/QXCSharpCompilerAction.h"
+#include "package/compiler/QXProjectMapping.h"
 
 /// Compiles a C# project file.
-class TQXCSProjCompilerAction final : public TQXCustomCSharpCompilerAction
+class TQXCSProjCompilerAction final : public TQXCustomCSharpCompilerAction, public TQXProjectMapping
 {
 public:
     TQXCSProjCompilerAction();

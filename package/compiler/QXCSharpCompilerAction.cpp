@@ -1,6 +1,7 @@
 #include "package/compiler/QXCSharpCompilerAction.h"
 
 #include "host/QXUtilities.h"
+#include "package/plugin/QXActionHelpers.h"
 #include "platform/Text.h"
 
 namespace
@@ -20,26 +21,21 @@ bool TQXCustomCSharpCompilerAction::Validate(IQXActionValidationError& Errors)
     return ValidateSources(Errors, !Files.empty() || !RecurseFiles.empty());
 }
 
-bool TQXCustomCSharpCompilerAction::GenerateResponseFile(const std::string& BaseDir, TStringList& Lines)
+bool TQXCustomCSharpCompilerAction::GenerateResponseFile(TQXResponseFile& File)
 {
-    if (FileAlign != TCSharpFileAlign::faDefault)
-        Lines.Add(std::string(FileAlignSwitches[static_cast<std::size_t>(FileAlign)]));
-    if (!Incremental && !AddOption("/doc", "Doc to XML File", DocFile, Lines))
+    File.AddFlag(FileAlign != TCSharpFileAlign::faDefault, ElementText(FileAlignSwitches, FileAlign));
+    if (!Incremental && !File.AddOption("/doc", "Doc to XML File", DocFile))
         return false;
-    Lines.Add(Checked ? "/checked+" : "/checked-");
-    if (FullPaths)
-        Lines.Add("/fullpaths");
-    if (Incremental)
-        Lines.Add("/incremental+");
-    if (CompileUnsafe)
-        Lines.Add("/unsafe");
-    AddWarningLevel(WarningLevel, Lines);
-    return AddLibraryPath(Lines) && AddFileSwitches("/win32icon", "Icons", Icon, Lines) &&
-           AddFileSwitches("/win32res", "Win32 Resources", Win32Resources, Lines) &&
-           TQXManagedCompilerAction::GenerateResponseFile(BaseDir, Lines);
+    File.Add(Checked ? "/checked+" : "/checked-");
+    File.AddFlag(FullPaths, "/fullpaths");
+    File.AddFlag(Incremental, "/incremental+");
+    File.AddFlag(CompileUnsafe, "/unsafe");
+    AddWarningLevel(WarningLevel, File);
+    return AddLibraryPath(File) && AddIcons(File) && AddWin32Resources(File, "/win32res") &&
+           TQXManagedCompilerAction::GenerateResponseFile(File);
 }
 
-bool TQXCustomCSharpCompilerAction::AddLibraryPath(TStringList& Lines) const
+bool TQXCustomCSharpCompilerAction::AddLibraryPath(TQXResponseFile& File) const
 {
     if (Text::Trim(LibLocations).empty())
         return true;
@@ -47,7 +43,7 @@ bool TQXCustomCSharpCompilerAction::AddLibraryPath(TStringList& Lines) const
     if (!TryExpandExpression("Library Locations", LibLocations, Expanded, false))
         return false;
     // This compiler takes a quoted path only with its switch inside the quotes.
-    Lines.Add(DoubleQuoteString("/lib:" + Expanded, true));
+    File.Add(DoubleQuoteString("/lib:" + Expanded, true));
     return true;
 }
 

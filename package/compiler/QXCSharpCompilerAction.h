@@ -33,10 +33,10 @@ public:
     [[nodiscard]] std::string GetDotNetTool() const override { return "csc.exe"; }
     void ResetOptions() override;
     [[nodiscard]] bool Validate(IQXActionValidationError& Errors) override;
-    [[nodiscard]] bool GenerateResponseFile(const std::string& BaseDir, TStringList& Lines) override;
+    [[nodiscard]] bool GenerateResponseFile(TQXResponseFile& File) override;
 
 private:
-    [[nodiscard]] bool AddLibraryPath(TStringList& Lines) const;
+    [[nodiscard]] bool AddLibraryPath(TQXResponseFile& File) const;
 };
 
 /// Compiles a list of C# sources.

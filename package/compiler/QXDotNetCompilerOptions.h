@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 enum class TDotNetTarget { Exe, Lib, Module, WindowsExe };
 constexpr auto QXElements(TDotNetTarget)
@@ -24,6 +25,20 @@ constexpr auto QXElements(TDotNetWarningLevels)
 
 /// Generation of a project file.
 enum class TDotNetVSVersion { vs2002, vs2003, vsInvalid };
+
+/// The files that a project brought, exact paths that are neither parted nor expanded: they stand in for the lists
+/// that people type, which then only show them.
+struct TQXProjectFiles
+{
+    bool IsLoaded = false;
+    std::vector<std::string> Sources;
+    std::vector<std::string> References;
+    std::vector<std::string> Resources;
+    std::vector<std::string> CompiledResources; ///< those that the project itself names
+    std::vector<std::string> LicenseResources;
+    std::vector<std::string> Win32Resources;
+    std::vector<std::string> Icons;
+};
 
 /// The compiler settings that the languages share and that loading a project starts afresh: a new object holds
 /// the defaults. Texts may hold host expressions.
@@ -49,8 +64,7 @@ struct TQXCompilerOptions
     std::string RecurseFiles; ///< mask
     std::string Files;        ///< sources, parted by ";" or line breaks
     std::string ProjectDir;   ///< where the compiler runs and the response file is written
-    std::string LicenseResources;
-    std::string CompiledResources;
+    TQXProjectFiles Project;
 };
 
 /// Which of the settings that not every list compiler has belong to one.

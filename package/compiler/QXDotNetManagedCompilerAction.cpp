@@ -2,18 +2,18 @@
 
 #include "host/QXServices.h"
 #include "host/QXUtilities.h"
-#include "package/compiler/QXProjectLoader.h"
-#include "package/compiler/QXProjectXml.h"
+#include "package/compiler/QXResponseFile.h"
+#include "package/plugin/QXActionHelpers.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 
-#include <exception>
-
 namespace
 {
 constexpr std::string_view ResolveScript = "OnResolveProjectReference";
-}
+constexpr std::string_view TargetSwitches[] = {"/target:exe", "/target:library", "/target:module", "/target:winexe"};
+constexpr std::string_view DebugSwitches[] = {"", "/debug:full", "/debug:pdbonly"};
+} // namespace
 
 TQXManagedCompilerAction::TQXManagedCompilerAction()
 {
@@ -67,7 +67,9 @@ void TQXManagedCompilerAction::ResetOptions()
 
 bool TQXManagedCompilerAction::ExpandProjectDir(std::string& Folder) const
 {
-    if (!TryExpandExpression("Project Directory", ProjectDir, Folder, true))
+    if (Project.IsLoaded)
+        Folder = ProjectDir;
+    else if (!TryExpandExpression("Project Directory", ProjectDir, Folder, true))
         return false;
     // The tool runs there and would look for a relative response file below it.
     Folder = Paths::WithTrailing(ExpandRelativePath(Folder, Files::CurrentFolder()));
@@ -95,16 +97,94 @@ bool TQXManagedCompilerAction::WriteLines(const std::string& FileName, const TSt
 bool TQXManagedCompilerAction::GetCommandLine(ICommandLineBuilder& Builder)
 {
     std::string Folder;
-    TStringList Lines;
-    if (!ExpandProjectDir(Folder) || !GenerateResponseFile(Folder, Lines))
+    if (!ExpandProjectDir(Folder))
+        return false;
+    TQXResponseFile File(*this, Folder);
+    if (!GenerateResponseFile(File))
         return false;
 
     ResponseFileName = Folder + "qxresp.rsp";
-    if (!WriteLines(ResponseFileName, Lines, "Could not create the response file: "))
+    if (!WriteLines(ResponseFileName, File.Lines(), "Could not create the response file: "))
         return false;
     Builder.AddArgument("@\"" + ResponseFileName + '"');
     SendMessage("Command Line : " + Builder.GetCommandLineText());
     return true;
+}
+
+TQXFileSetting TQXManagedCompilerAction::FileSetting(std::string_view Label, const std::string& Typed,
+                                                     const std::vector<std::string>& Exact) const
+{
+    return {Label, Typed, Project.IsLoaded ? &Exact : nullptr};
+}
+
+bool TQXManagedCompilerAction::GenerateResponseFile(TQXResponseFile& File)
+{
+    File.Add(ElementText(TargetSwitches, Target));
+    File.AddFlag(Optimize, "/optimize");
+    if (!File.AddOption("/addmodule", "Modules", Modules) ||
+        !File.AddReferences(FileSetting("References", References, Project.References)))
+        return false;
+    File.AddFlag(NoLogo, "/nologo");
+    File.AddFlag(Debug != TDotNetDebugOptions::DebugOff, ElementText(DebugSwitches, Debug));
+    if (!File.AddOption("/nowarn", "No warnings", SupressWarnings))
+        return false;
+    File.AddFlag(WarnAsError, "/warnaserror+");
+    return File.AddOption("/define", "Define Preprocessor Symbols", Defines) && AddResources(File) &&
+           AddOutputSwitches(File) && AddSources(File);
+}
+
+bool TQXManagedCompilerAction::AddResources(TQXResponseFile& File) const
+{
+    using enum TQXResourceNaming;
+    return File.AddLinkResources({"Link Resource", LinkResources}) &&
+           File.AddResources(FileSetting("Resource", Resources, Project.Resources), UnlessCompiled, RootNameSpace) &&
+           File.AddResources({"Resource", {}, &Project.CompiledResources}, Always, RootNameSpace) &&
+           File.AddResources({"Licenses", {}, &Project.LicenseResources}, None, RootNameSpace);
+}
+
+bool TQXManagedCompilerAction::AddOutputSwitches(TQXResponseFile& File) const
+{
+    const bool IsLibrary = Target == TDotNetTarget::Lib || Target == TDotNetTarget::Module;
+    if ((IsLibrary && !File.AddOption("/baseaddress", "Base Address", BaseAddress)) ||
+        !File.AddOption("/codepage", "Code Page", CodePage) || !File.AddOption("/main", "Main Class", MainClass))
+        return false;
+    if (Project.IsLoaded)
+        File.AddExact("/out", OutputFile);
+    else if (!File.AddOption("/out", "Output File", OutputFile))
+        return false;
+    if (!(RecurseDir.empty() ? File.AddOption("/recurse", "Recurse Directory", RecurseFiles)
+                             : File.AddOption("/recurse", "Recurse Directory", RecurseDir, RecurseFiles, "")))
+        return false;
+    File.AddFlag(OutputInUTF8, "/utf8output");
+    return true;
+}
+
+bool TQXManagedCompilerAction::AddSources(TQXResponseFile& File) const
+{
+    bool Found = false;
+    if (!File.AddSources(FileSetting("Files", Files, Project.Sources), Found))
+        return false;
+    if (!Found && RecurseFiles.empty())
+    {
+        SendMessage("No Files to Compile!");
+        return false;
+    }
+    return true;
+}
+
+bool TQXManagedCompilerAction::AddIcons(TQXResponseFile& File) const
+{
+    return File.AddFileSwitches("/win32icon", FileSetting("Icons", Icon, Project.Icons));
+}
+
+bool TQXManagedCompilerAction::AddWin32Resources(TQXResponseFile& File, std::string_view Switch) const
+{
+    return File.AddFileSwitches(Switch, FileSetting("Win32 Resources", Win32Resources, Project.Win32Resources));
+}
+
+void TQXManagedCompilerAction::AddWarningLevel(TDotNetWarningLevels Level, TQXResponseFile& File)
+{
+    File.Add("/warn:" + std::to_string(static_cast<int>(Level)));
 }
 
 std::string TQXManagedCompilerAction::GetStartingDir(const std::string& /*Exe*/)
@@ -167,101 +247,8 @@ std::string TQXManagedCompilerAction::ResolveProjReferenceEvent(const std::strin
     return Result ? *Result : FileName;
 }
 
-bool TQXManagedCompilerAction::LoadProjectFile(const std::string& FileName)
-{
-    try
-    {
-        if (Text::Same(Paths::Extension(FileName), ".bdsproj"))
-            return TQXBorlandProjectLoader(*this, FileName).Load();
-        return TQXVisualStudioProjectLoader(*this, FileName).Load();
-    }
-    catch (const std::exception& Error)
-    {
-        SendMessage(std::string("An error occured : ") + Error.what());
-        return false;
-    }
-}
-
-bool TQXManagedCompilerAction::GetProjectCommandLine(ICommandLineBuilder& Builder,
-                                                     std::initializer_list<std::string_view> CompactSwitches)
-{
-    std::string FileName;
-    if (!TryExpandExpression("ProjectFile", ProjectFile, FileName, true))
-        return false;
-    FileName = ExpandRelativePath(FileName, Files::CurrentFolder());
-    const bool Loaded = LoadProjectFile(FileName);
-    ProjectDir = Paths::Folder(FileName);
-    if (IsCompactFramework())
-        for (const std::string_view Switch : CompactSwitches)
-            Builder.AddArgument(Switch);
-    return Loaded && TQXManagedCompilerAction::GetCommandLine(Builder);
-}
-
 bool TQXManagedCompilerAction::ValidateSources(IQXActionValidationError& Errors, bool HasSources) const
 {
-    if (ProjectDir.empty())
-        Errors.AddError("Project Directory", "Project directory has not been set");
-    if (!HasSources)
-        Errors.AddError("Files", "Files to compile has not been set");
-    return !ProjectDir.empty() && HasSources;
-}
-
-bool TQXManagedCompilerAction::ValidateProject(IQXActionValidationError& Errors) const
-{
-    if (ProjectFile.empty())
-        Errors.AddError("Project File", "Project file has not been set");
-    if (ConfigName.empty())
-        Errors.AddError("Configuration", "The configuration to use has not been set");
-    return !ProjectFile.empty() && !ConfigName.empty();
-}
-
-std::string TQXManagedCompilerAction::UnMangleConfigName(const std::string& Name) const
-{
-    const auto Bar = Name.find('|');
-    if (Bar == std::string::npos)
-        return Name;
-    const std::string Left = Name.substr(0, Bar);
-    const std::string Right = Name.substr(Bar + 1);
-    const std::string_view Plain = IsCompactFramework() ? "Pocket PC" : ".NET";
-    return Right == Plain ? Left : Right + Paths::Delimiter() + Left;
-}
-
-void TQXManagedCompilerAction::LoadSettingsFromProjFile(const TXmlElement& Settings)
-{
-    static constexpr TNamedValue<TDotNetTarget> Targets[] = {{"Library", TDotNetTarget::Lib},
-                                                             {"Exe", TDotNetTarget::Exe},
-                                                             {"Module", TDotNetTarget::Module},
-                                                             {"WinExe", TDotNetTarget::WindowsExe}};
-    OutputFile = GetAttributeValueString("AssemblyName", Settings);
-    Target = FindNamedValue(Targets, GetAttributeValueString("OutputType", Settings), Target);
-}
-
-void TQXManagedCompilerAction::LoadConfigCompilerOptionsFromProjFile(const TXmlElement& Config)
-{
-    BaseAddress = GetAttributeValueString("BaseAddress", Config);
-    Defines = GetAttributeValueString("DefineConstants", Config);
-    Debug = GetAttributeValueBoolean("DebugSymbols", Config) ? TDotNetDebugOptions::DebugFull
-                                                             : TDotNetDebugOptions::DebugOff;
-    SupressWarnings = GetAttributeValueString("NoWarn", Config);
-    Optimize = GetAttributeValueBoolean("Optimize", Config);
-    WarnAsError = GetAttributeValueBoolean("TreatWarningsAsErrors", Config);
-}
-
-bool TQXManagedCompilerAction::LoadCompilerOtherSettings(const std::string& /*FileName*/, const TXmlElement& /*Root*/)
-{
-    return true;
-}
-
-bool TQXManagedCompilerAction::DetectNameSpace(const std::string& /*FileName*/, std::string& /*Name*/) const
-{
-    return false;
-}
-
-TDotNetVSVersion TQXManagedCompilerAction::DetectVSVersion(const std::string& FileName, const TXmlElement& Root) const
-{
-    const std::string Name = GetCompilerTypeInProjectFile(FileName);
-    const auto Language = Name.empty() ? std::nullopt : Root.SelectNode(Name);
-    if (!Language || !Language->HasAttribute("SchemaVersion"))
-        return TDotNetVSVersion::vsInvalid;
-    return Language->Attribute("SchemaVersion") == "1.0" ? TDotNetVSVersion::vs2002 : TDotNetVSVersion::vs2003;
+    return Require(Errors, {{ProjectDir, "Project Directory", "Project directory has not been set"},
+                            {HasSources, "Files", "Files to compile has not been set"}});
 }

@@ -1,16 +1,15 @@
 #pragma once
 
 #include "package/compiler/QXDotNetCompilerOptions.h"
+#include "package/compiler/QXResponseFile.h"
 #include "package/plugin/QXDotNetAction.h"
 
-#include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
-class TXmlElement;
-
-/// Base of every action that runs a .NET language compiler: holds the settings, turns them into a response file,
-/// which is the tool's only argument, and fills them from project files.
+/// Base of every action that runs a .NET language compiler: holds the settings, gives them to the
+/// tool in a response file, which is its only argument.
 class TQXManagedCompilerAction : public TQXDotNetAction, public TQXCompilerOptions
 {
 public:
@@ -25,37 +24,11 @@ public:
     /// What the script for project references makes of a file name; the name itself if there is none.
     [[nodiscard]] std::string ResolveProjReferenceEvent(const std::string& FileName);
 
-    /// Appends the switches, one a line; BaseDir is the expanded project directory. False ends the run.
-    [[nodiscard]] virtual bool GenerateResponseFile(const std::string& BaseDir, TStringList& Lines);
-    /// Adds the line SWITCH:VALUE, the value expanded, quoted if it holds a blank, and followed by Separator and the
-    /// second value. Without a value the bare switch, if AddWhenEmpty. False: an expansion failed.
-    [[nodiscard]] bool AddOptionToResponseFile(std::string_view Switch, std::string_view PropertyLabel,
-                                               std::string_view Value, std::string_view SecondValue, TStringList& Lines,
-                                               bool AddWhenEmpty, std::string_view Separator) const;
-
+    /// Adds the switches. False ends the run.
+    [[nodiscard]] virtual bool GenerateResponseFile(TQXResponseFile& File);
     /// Puts the settings that a project brings back to their defaults.
     virtual void ResetOptions();
-    /// Fills the settings from a project file. False: the log tells why.
-    [[nodiscard]] bool LoadProjectFile(const std::string& FileName);
-    /// Gives the names of a project's configurations; false for a file that is missing or no XML.
-    [[nodiscard]] bool LoadConfigListFromProject(const std::string& FileName, TStringList& List) const;
-
-    /// A configuration's part of the object folder's path.
-    [[nodiscard]] virtual std::string UnMangleConfigName(const std::string& Name) const;
     [[nodiscard]] virtual bool IsCompactFramework() const { return false; }
-    /// Take over the project's settings, those of its configuration and what else the language has.
-    virtual void LoadSettingsFromProjFile(const TXmlElement& Settings);
-    virtual void LoadConfigCompilerOptionsFromProjFile(const TXmlElement& Config);
-    [[nodiscard]] virtual bool LoadCompilerOtherSettings(const std::string& FileName, const TXmlElement& Root);
-    /// Gives the full name of the first class of a source file, for the names of its resources. Name is written
-    /// also when there is none.
-    [[nodiscard]] virtual bool DetectNameSpace(const std::string& FileName, std::string& Name) const;
-    /// The generation of a Visual Studio project file, which must hold the language's element.
-    [[nodiscard]] TDotNetVSVersion DetectVSVersion(const std::string& FileName, const TXmlElement& Root) const;
-    /// The filter of the dialog that asks for a project file; empty for compilers without projects.
-    [[nodiscard]] virtual std::string GetProjectFilter() const { return {}; }
-    /// The name of the language's element in a project file; empty for compilers that read none.
-    [[nodiscard]] virtual std::string GetCompilerTypeInProjectFile(const std::string& /*FileName*/) const { return {}; }
 
     bool NoLogo = false;
     bool OutputInUTF8 = false;
@@ -74,33 +47,22 @@ protected:
     void PublishListSettings(const TQXListCompilerSettings& Own);
     /// Declares the script that finds the output of project references.
     void AddScripts();
-    /// Loads the project and gives the tool its arguments; the switches are for compact projects.
-    [[nodiscard]] bool GetProjectCommandLine(ICommandLineBuilder& Builder,
-                                             std::initializer_list<std::string_view> CompactSwitches);
-    /// Expands the project directory, as an absolute path with trailing delimiter.
+    /// Gives the project directory, expanded if a person typed it, as an absolute path with trailing delimiter.
     [[nodiscard]] bool ExpandProjectDir(std::string& Folder) const;
     /// Writes a generated file anew. False, after telling the log with this message, if that fails.
     [[nodiscard]] bool WriteLines(const std::string& FileName, const TStringList& Lines,
                                   std::string_view Message) const;
-    [[nodiscard]] bool AddOption(std::string_view Switch, std::string_view Label, std::string_view Value,
-                                 TStringList& Lines) const;
-    /// Adds a switch with each file of a list parted by ";", "," or line breaks.
-    [[nodiscard]] bool AddFileSwitches(std::string_view Switch, std::string_view Label, std::string_view List,
-                                       TStringList& Lines) const;
-    static void AddWarningLevel(TDotNetWarningLevels Level, TStringList& Lines);
+    [[nodiscard]] bool AddIcons(TQXResponseFile& File) const;
+    [[nodiscard]] bool AddWin32Resources(TQXResponseFile& File, std::string_view Switch) const;
+    static void AddWarningLevel(TDotNetWarningLevels Level, TQXResponseFile& File);
     [[nodiscard]] bool ValidateSources(IQXActionValidationError& Errors, bool HasSources) const;
-    [[nodiscard]] bool ValidateProject(IQXActionValidationError& Errors) const;
 
 private:
-    enum class TNaming { None, UnlessCompiled, Always };
-
+    /// The files of a setting, those of the project if one is loaded.
+    [[nodiscard]] TQXFileSetting FileSetting(std::string_view Label, const std::string& Typed,
+                                             const std::vector<std::string>& Exact) const;
+    [[nodiscard]] bool AddResources(TQXResponseFile& File) const;
+    [[nodiscard]] bool AddOutputSwitches(TQXResponseFile& File) const;
+    [[nodiscard]] bool AddSources(TQXResponseFile& File) const;
     void DeleteResponseFile() const;
-    void AddDebugSwitches(TStringList& Lines) const;
-    [[nodiscard]] bool AddOutputSwitches(TStringList& Lines) const;
-    [[nodiscard]] bool AddReferences(TStringList& Lines) const;
-    [[nodiscard]] bool AddLinkResources(TStringList& Lines) const;
-    [[nodiscard]] bool AddResources(const std::string& BaseDir, std::string_view Label, const std::string& List,
-                                    TNaming Naming, TStringList& Lines) const;
-    [[nodiscard]] bool AddRecursion(TStringList& Lines) const;
-    [[nodiscard]] bool AddSources(TStringList& Lines) const;
 };

@@ -11,28 +11,24 @@ bool TQXCustomJSharpCompilerAction::Validate(IQXActionValidationError& Errors)
     return ValidateSources(Errors, !Files.empty());
 }
 
-bool TQXCustomJSharpCompilerAction::GenerateResponseFile(const std::string& BaseDir, TStringList& Lines)
+bool TQXCustomJSharpCompilerAction::GenerateResponseFile(TQXResponseFile& File)
 {
-    AddWarningLevel(WarningLevel, Lines);
-    if (SecureScoping)
-        Lines.Add("/securescoping");
-    if (DisableLangExt)
-        Lines.Add("/x");
-    return AddPackages(Lines) && AddOption("/lib", "Library Locations", LibLocations, Lines) &&
-           AddFileSwitches("/win32res", "Win32 Resources", Win32Resources, Lines) &&
-           TQXManagedCompilerAction::GenerateResponseFile(BaseDir, Lines);
+    AddWarningLevel(WarningLevel, File);
+    File.AddFlag(SecureScoping, "/securescoping");
+    File.AddFlag(DisableLangExt, "/x");
+    return AddPackages(File) && File.AddOption("/lib", "Library Locations", LibLocations) &&
+           AddWin32Resources(File, "/win32res") && TQXManagedCompilerAction::GenerateResponseFile(File);
 }
 
-bool TQXCustomJSharpCompilerAction::AddPackages(TStringList& Lines) const
+bool TQXCustomJSharpCompilerAction::AddPackages(TQXResponseFile& File) const
 {
     if (JCPA.IsEmpty())
         return true;
-    std::string Folder;
-    if (!ExpandProjectDir(Folder))
+    const std::string FileName = File.BaseDir() + "jcpa.rsp";
+    if (!WriteLines(FileName, JCPA, "Could not create the jcpa file: "))
         return false;
-    const std::string FileName = Folder + "jcpa.rsp";
-    return WriteLines(FileName, JCPA, "Could not create the jcpa file: ") &&
-           AddOption("/jcpa", "JCPA", "@\"" + FileName + '"', Lines);
+    File.AddExact("/jcpa", "@\"" + FileName + '"');
+    return true;
 }
 
 TQXJSharpCompilerAction::TQXJSharpCompilerAction()

@@ -22,11 +22,11 @@ public:
     [[nodiscard]] std::string GetDotNetTool() const override { return "vjc.exe"; }
     void ResetOptions() override;
     [[nodiscard]] bool Validate(IQXActionValidationError& Errors) override;
-    [[nodiscard]] bool GenerateResponseFile(const std::string& BaseDir, TStringList& Lines) override;
+    [[nodiscard]] bool GenerateResponseFile(TQXResponseFile& File) override;
 
 private:
     /// Writes the package file and adds the switch that names it.
-    [[nodiscard]] bool AddPackages(TStringList& Lines) const;
+    [[nodiscard]] bool AddPackages(TQXResponseFile& File) const;
 };
 
 /// Compiles a list of J# sources.

@@ -3,7 +3,7 @@
 #include "package/compiler/QXNameSpaceDetection.h"
 #include "package/compiler/QXProjectXml.h"
 
-TQXJSProjCompilerAction::TQXJSProjCompilerAction()
+TQXJSProjCompilerAction::TQXJSProjCompilerAction() : TQXProjectMapping(static_cast<TQXManagedCompilerAction&>(*this))
 {
     Publish("ProjectFile", ProjectFile, "The project file to compile").File().Required("src/Acme.Core.vjsproj");
     Publish("ConfigName", ConfigName, "The configuration to build").Expression().Required("Release");
@@ -18,11 +18,11 @@ bool TQXJSProjCompilerAction::GetCommandLine(ICommandLineBuilder& Builder)
     return GetProjectCommandLine(Builder, {});
 }
 
-bool TQXJSProjCompilerAction::GenerateResponseFile(const std::string& BaseDir, TStringList& Lines)
+bool TQXJSProjCompilerAction::GenerateResponseFile(TQXResponseFile& File)
 {
     if (!AdditionalOptions.empty())
-        Lines.Add(AdditionalOptions);
-    return TQXCustomJSharpCompilerAction::GenerateResponseFile(BaseDir, Lines);
+        File.Add(AdditionalOptions);
+    return TQXCustomJSharpCompilerAction::GenerateResponseFile(File);
 }
 
 std::string TQXJSProjCompilerAction::GetProjectFilter() const
@@ -37,13 +37,13 @@ std::string TQXJSProjCompilerAction::GetCompilerTypeInProjectFile(const std::str
 
 void TQXJSProjCompilerAction::LoadSettingsFromProjFile(const TXmlElement& Settings)
 {
-    TQXCustomJSharpCompilerAction::LoadSettingsFromProjFile(Settings);
+    TQXProjectMapping::LoadSettingsFromProjFile(Settings);
     JSRootNamespace = GetAttributeValueString("RootNamespace", Settings);
 }
 
 void TQXJSProjCompilerAction::LoadConfigCompilerOptionsFromProjFile(const TXmlElement& Config)
 {
-    TQXCustomJSharpCompilerAction::LoadConfigCompilerOptionsFromProjFile(Config);
+    TQXProjectMapping::LoadConfigCompilerOptionsFromProjFile(Config);
     WarningLevel = FindWarningLevel(GetAttributeValueString("WarningLevel", Config));
     AdditionalOptions = GetAttributeValueString("AdditionalOptions", Config);
 }

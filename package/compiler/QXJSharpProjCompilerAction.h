@@ -1,9 +1,10 @@
 #pragma once
 
 #include "package/compiler/QXJSharpDotNetCompilerAction.h"
+#include "package/compiler/QXProjectMapping.h"
 
 /// Compiles a J# project file.
-class TQXJSProjCompilerAction final : public TQXCustomJSharpCompilerAction
+class TQXJSProjCompilerAction final : public TQXCustomJSharpCompilerAction, public TQXProjectMapping
 {
 public:
     TQXJSProjCompilerAction();
@@ -14,7 +15,7 @@ public:
 
     [[nodiscard]] bool Validate(IQXActionValidationError& Errors) override { return ValidateProject(Errors); }
     [[nodiscard]] bool GetCommandLine(ICommandLineBuilder& Builder) override;
-    [[nodiscard]] bool GenerateResponseFile(const std::string& BaseDir, TStringList& Lines) override;
+    [[nodiscard]] bool GenerateResponseFile(TQXResponseFile& File) override;
     [[nodiscard]] std::string GetProjectFilter() const override;
     [[nodiscard]] std::string GetCompilerTypeInProjectFile(const std::string& FileName) const override;
     void LoadSettingsFromProjFile(const TXmlElement& Settings) override;

@@ -8,10 +8,17 @@
 
 #include <algorithm>
 
-TQXProjectLoader::TQXProjectLoader(TQXManagedCompilerAction& Action, std::string FileName) : FAction(Action)
+TQXProjectLoader::TQXProjectLoader(TQXManagedCompilerAction& Action, TQXProjectMapping& Mapping, std::string FileName)
+    : FAction(Action), FMapping(Mapping), FLoad{Mapping}
 {
     FLoad.Folder = Paths::Folder(FileName);
     FLoad.FileName = std::move(FileName);
+}
+
+void TQXProjectLoader::Reset()
+{
+    FAction.ResetOptions();
+    FAction.Project.IsLoaded = true;
 }
 
 bool TQXProjectLoader::Fail(const std::string& Message) const
@@ -57,17 +64,19 @@ bool TQXProjectLoader::CheckResourceCompiler() const
 
 void TQXProjectLoader::AddSource(const std::string& Path)
 {
-    AppendItem(FAction.Files, ';', ExpandRelativePath(Path, FLoad.Folder));
+    FAction.Project.Sources.push_back(ExpandRelativePath(Path, FLoad.Folder));
+}
+
+void TQXProjectLoader::ShowFiles()
+{
+    const TQXProjectFiles& Project = FAction.Project;
+    FAction.Files = TStringList(Project.Sources).DelimitedText(';');
+    FAction.References = TStringList(Project.References).DelimitedText(',');
+    FAction.Resources = TStringList(Project.Resources).DelimitedText(',');
+    FAction.Win32Resources = TStringList(Project.Win32Resources).DelimitedText(',');
 }
 
 std::string RepairAmpersands(std::string_view Text)
 {
     return Text::Replace(Text::Replace(Text::Replace(Text, "&amp;", "##amp##"), "&", "&amp;"), "##amp##", "&amp;");
-}
-
-void AppendItem(std::string& List, char Separator, std::string_view Item)
-{
-    if (!List.empty())
-        List += Separator;
-    List += Item;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "package/compiler/QXDotNetManagedCompilerAction.h"
+#include "package/compiler/QXProjectMapping.h"
 #include "platform/Xml.h"
 
 #include <string>
@@ -12,26 +12,29 @@ class TQXResourceProcessor;
 /// What one load of a project works with. Folders end in a delimiter.
 struct TProjectLoad
 {
-    std::string FileName;            ///< absolute
-    std::string Folder;              ///< of the project file
-    std::string ConfigName;          ///< expanded
-    std::string OutputFolder;        ///< of the configuration
-    std::string ObjectFolder;        ///< for compiled resources
-    std::string AssemblyFileName;    ///< without folder
-    std::string KeyFile;             ///< that signs wrapper assemblies, or empty
-    std::string PlatformName;        ///< empty: references of every platform count
-    std::string CompactSystemFolder; ///< where a compact project's system assemblies lie, or empty
+    const TQXProjectMapping& Mapping;
+    std::string FileName{};            ///< absolute
+    std::string Folder{};              ///< of the project file
+    std::string ConfigName{};          ///< expanded
+    std::string OutputFolder{};        ///< of the configuration
+    std::string ObjectFolder{};        ///< for compiled resources
+    std::string AssemblyFileName{};    ///< without folder
+    std::string KeyFile{};             ///< that signs wrapper assemblies, or empty
+    std::string PlatformName{};        ///< empty: references of every platform count
+    std::string CompactSystemFolder{}; ///< where a compact project's system assemblies lie, or empty
 };
 
 /// What the loaders of both project formats share: fills an action's settings from a project file.
 class TQXProjectLoader
 {
 public:
-    TQXProjectLoader(TQXManagedCompilerAction& Action, std::string FileName);
+    TQXProjectLoader(TQXManagedCompilerAction& Action, TQXProjectMapping& Mapping, std::string FileName);
 
 protected:
     ~TQXProjectLoader() = default;
 
+    /// Begins with nothing of the load before.
+    void Reset();
     void Log(std::string_view Message) const { FAction.SendMessage(Message); }
     /// Logs the message; false, for steps to end with.
     [[nodiscard]] bool Fail(const std::string& Message) const;
@@ -44,8 +47,11 @@ protected:
     /// Whether the SDK and its resource compiler are there, which even a project without resources needs.
     [[nodiscard]] bool CheckResourceCompiler() const;
     void AddSource(const std::string& Path);
+    /// Lets the action's lists show what was loaded.
+    void ShowFiles();
 
     TQXManagedCompilerAction& FAction;
+    TQXProjectMapping& FMapping;
     TProjectLoad FLoad;
 };
 
@@ -84,5 +90,3 @@ private:
 
 /// The text of a project file as a strict parser takes it: bare ampersands become escapes.
 [[nodiscard]] std::string RepairAmpersands(std::string_view Text);
-/// Appends an item to a list, behind the separator if it has one already.
-void AppendItem(std::string& List, char Separator, std::string_view Item);

@@ -152,5 +152,5 @@ std::string TQXReferenceResolver::PathByKeyOrHint(const TXmlElement& Reference, 
 void TQXReferenceResolver::AddReference(const std::string& Path)
 {
     FAction.SendMessage("Adding Reference : " + Path);
-    AppendItem(FAction.References, ',', Path);
+    FAction.Project.References.push_back(Path);
 }

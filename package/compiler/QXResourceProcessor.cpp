@@ -83,10 +83,11 @@ bool TQXResourceProcessor::ProcessByExtension(const std::string& Path) const
         return ChooseResourceCompiler() && ProcessResx(Path);
     if (Extension == ".licx")
         return ProcessLicx(Path);
-    AppendItem(Extension == ".res"         ? FAction.Win32Resources
-               : Extension == ".resources" ? FAction.CompiledResources
-                                           : FAction.Resources,
-               ',', Path);
+    TQXProjectFiles& Project = FAction.Project;
+    auto& List = Extension == ".res"         ? Project.Win32Resources
+                 : Extension == ".resources" ? Project.CompiledResources
+                                             : Project.Resources;
+    List.push_back(Path);
     return true;
 }
 
@@ -141,7 +142,7 @@ bool TQXResourceProcessor::ProcessFormResx(const std::string& SourceFile, const 
 std::string TQXResourceProcessor::FormName(const std::string& CodeFile, const std::string& DependentFile) const
 {
     std::string Name;
-    if (FAction.DetectNameSpace(CodeFile, Name))
+    if (FLoad.Mapping.DetectNameSpace(CodeFile, Name))
         return Name;
     Log("Warning - unable to determine resource Namespace from file : " + DependentFile);
     Log("          using RootNamespace + FileName");
@@ -151,19 +152,19 @@ std::string TQXResourceProcessor::FormName(const std::string& CodeFile, const st
 
 bool TQXResourceProcessor::AddResx(const std::string& SourceFile, const std::string& Name) const
 {
-    const std::string Destination = DoubleQuoteString(FLoad.ObjectFolder + Name, true);
+    const std::string Destination = FLoad.ObjectFolder + Name;
     if (!CompileResx(SourceFile, Destination))
     {
         Log("Error compiling resource : " + SourceFile);
         return false;
     }
-    AppendItem(FAction.Resources, ',', Destination);
+    FAction.Project.Resources.push_back(Destination);
     return true;
 }
 
 bool TQXResourceProcessor::CompileResx(const std::string& SourceFile, const std::string& Destination) const
 {
-    FProcess->SetArguments(DoubleQuoteString(SourceFile, true) + ' ' + Destination);
+    FProcess->SetArguments(DoubleQuoteString(SourceFile, true) + ' ' + DoubleQuoteString(Destination, true));
     try
     {
         const int ExitCode = FProcess->Run();
@@ -194,8 +195,7 @@ bool TQXResourceProcessor::ProcessLicx(const std::string& LicenseFile) const
     Arguments += " /outdir:" + DoubleQuoteString(Paths::WithoutTrailing(FLoad.ObjectFolder), true);
     if (!RunLicenseCompiler(LicenseFile, Arguments))
         return false;
-    AppendItem(FAction.LicenseResources, ',',
-               DoubleQuoteString(FLoad.ObjectFolder + FLoad.AssemblyFileName + ".licenses", true));
+    FAction.Project.LicenseResources.push_back(FLoad.ObjectFolder + FLoad.AssemblyFileName + ".licenses");
     return true;
 }
 

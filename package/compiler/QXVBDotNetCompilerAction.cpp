@@ -12,39 +12,24 @@ bool TQXCustomVBDotNetCompilerAction::Validate(IQXActionValidationError& Errors)
     return ValidateSources(Errors, !Files.empty());
 }
 
-bool TQXCustomVBDotNetCompilerAction::GenerateResponseFile(const std::string& BaseDir, TStringList& Lines)
+bool TQXCustomVBDotNetCompilerAction::GenerateResponseFile(TQXResponseFile& File)
 {
-    if (TargetCF || IsCompactFramework())
-        Lines.Add("/netcf");
-    if (Verbose)
-        Lines.Add("/verbose");
-    if (DelaySign)
-        Lines.Add("/delaysign");
-    if (!AddOption("/imports", "Import namespace", Imports, Lines) ||
-        !AddOption("/keycontainer", "Key Container", KeyContainer, Lines) ||
-        !AddOption("/keyfile", "Key File", KeyFile, Lines))
+    File.AddFlag(TargetCF || IsCompactFramework(), "/netcf");
+    File.AddFlag(Verbose, "/verbose");
+    File.AddFlag(DelaySign, "/delaysign");
+    if (!File.AddOption("/imports", "Import namespace", Imports) ||
+        !File.AddOption("/keycontainer", "Key Container", KeyContainer) ||
+        !File.AddOption("/keyfile", "Key File", KeyFile))
         return false;
-    AddLanguageSwitches(Lines);
-    return AddOption("/sdkpath", "SDK Path", SDKPath, Lines) &&
-           AddOption("/rootnamespace", "Root NameSpace", RootNameSpace, Lines) &&
-           AddOption("/libpath", "Library Locations", LibLocations, Lines) &&
-           AddFileSwitches("/win32icon", "Icons", Icon, Lines) &&
-           AddFileSwitches("/win32resource", "Win32 Resources", Win32Resources, Lines) &&
-           TQXManagedCompilerAction::GenerateResponseFile(BaseDir, Lines);
-}
-
-void TQXCustomVBDotNetCompilerAction::AddLanguageSwitches(TStringList& Lines) const
-{
-    if (Quiet)
-        Lines.Add("/quiet");
-    if (RemoveIntChecks)
-        Lines.Add("/removeintchecks");
-    if (OptionExplicit)
-        Lines.Add("/optionexplicit");
-    if (OptionStrict)
-        Lines.Add("/optionstrict");
-    if (OptionCompare == TVBDotNetOptionCompare::OptCompareText)
-        Lines.Add("/optioncompare:text");
+    File.AddFlag(Quiet, "/quiet");
+    File.AddFlag(RemoveIntChecks, "/removeintchecks");
+    File.AddFlag(OptionExplicit, "/optionexplicit");
+    File.AddFlag(OptionStrict, "/optionstrict");
+    File.AddFlag(OptionCompare == TVBDotNetOptionCompare::OptCompareText, "/optioncompare:text");
+    return File.AddOption("/sdkpath", "SDK Path", SDKPath) &&
+           File.AddOption("/rootnamespace", "Root NameSpace", RootNameSpace) &&
+           File.AddOption("/libpath", "Library Locations", LibLocations) && AddIcons(File) &&
+           AddWin32Resources(File, "/win32resource") && TQXManagedCompilerAction::GenerateResponseFile(File);
 }
 
 TQXVBDotNetCompilerAction::TQXVBDotNetCompilerAction()

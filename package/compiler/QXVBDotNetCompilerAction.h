@@ -35,10 +35,7 @@ public:
     [[nodiscard]] std::string GetDotNetTool() const override { return "vbc.exe"; }
     void ResetOptions() override;
     [[nodiscard]] bool Validate(IQXActionValidationError& Errors) override;
-    [[nodiscard]] bool GenerateResponseFile(const std::string& BaseDir, TStringList& Lines) override;
-
-private:
-    void AddLanguageSwitches(TStringList& Lines) const;
+    [[nodiscard]] bool GenerateResponseFile(TQXResponseFile& File) override;
 };
 
 /// Compiles a list of VB.NET sources.

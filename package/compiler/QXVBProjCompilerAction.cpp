@@ -1,7 +1,6 @@
 #include "package/compiler/QXVBProjCompilerAction.h"
 
 #include "package/compiler/QXNameSpaceDetection.h"
-#include "package/compiler/QXProjectLoader.h"
 #include "package/compiler/QXProjectXml.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
@@ -14,7 +13,7 @@ bool IsCompactProject(const std::string& FileName)
 }
 } // namespace
 
-TQXVBProjCompilerAction::TQXVBProjCompilerAction()
+TQXVBProjCompilerAction::TQXVBProjCompilerAction() : TQXProjectMapping(static_cast<TQXManagedCompilerAction&>(*this))
 {
     Publish("ProjectFile", ProjectFile, "The project file to compile").File().Required("src/Acme.Core.vbproj");
     Publish("ConfigName", ConfigName, "The configuration to build").Expression().Required("Release");
@@ -48,8 +47,8 @@ std::string TQXVBProjCompilerAction::GetCompilerTypeInProjectFile(const std::str
 
 void TQXVBProjCompilerAction::LoadSettingsFromProjFile(const TXmlElement& Settings)
 {
-    TQXCustomVBDotNetCompilerAction::LoadSettingsFromProjFile(Settings);
-    Icon = GetAttributeValueString("ApplicationIcon", Settings);
+    TQXProjectMapping::LoadSettingsFromProjFile(Settings);
+    LoadIcon(Settings);
     RootNameSpace = GetAttributeValueString("RootNamespace", Settings);
     MainClass = GetAttributeValueString("StartupObject", Settings);
     KeyContainer = GetAttributeValueString("AssemblyKeyContainerName", Settings);
@@ -63,7 +62,7 @@ void TQXVBProjCompilerAction::LoadSettingsFromProjFile(const TXmlElement& Settin
 
 void TQXVBProjCompilerAction::LoadConfigCompilerOptionsFromProjFile(const TXmlElement& Config)
 {
-    TQXCustomVBDotNetCompilerAction::LoadConfigCompilerOptionsFromProjFile(Config);
+    TQXProjectMapping::LoadConfigCompilerOptionsFromProjFile(Config);
     TStringList Symbols;
     Symbols.SetCommaText(Defines);
     if (GetAttributeValueBoolean("DefineDebug", Config))
@@ -76,10 +75,10 @@ void TQXVBProjCompilerAction::LoadConfigCompilerOptionsFromProjFile(const TXmlEl
 
 bool TQXVBProjCompilerAction::LoadCompilerOtherSettings(const std::string& FileName, const TXmlElement& Root)
 {
-    Imports.clear();
     const auto Elements = Root.SelectNodes(GetCompilerTypeInProjectFile(FileName) + "/Build/Imports/Import");
+    Imports.clear();
     for (const TXmlElement& Element : Elements)
-        AppendItem(Imports, ',', Element.Attribute("Namespace"));
+        Imports.append(Imports.empty() ? "" : ",").append(Element.Attribute("Namespace"));
     return !Elements.empty();
 }
 

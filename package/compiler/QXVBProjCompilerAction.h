@@ -1,9 +1,10 @@
 #pragma once
 
+#include "package/compiler/QXProjectMapping.h"
 #include "package/compiler/QXVBDotNetCompilerAction.h"
 
 /// Compiles a VB.NET project file.
-class TQXVBProjCompilerAction final : public TQXCustomVBDotNetCompilerAction
+class TQXVBProjCompilerAction final : public TQXCustomVBDotNetCompilerAction, public TQXProjectMapping
 {
 public:
     TQXVBProjCompilerAction();

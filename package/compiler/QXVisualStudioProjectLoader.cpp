@@ -23,7 +23,7 @@ std::string MakeFolder(std::string_view Path, std::string_view Base)
 
 std::string TQXVisualStudioProjectLoader::LanguagePath(std::string_view Path) const
 {
-    return FAction.GetCompilerTypeInProjectFile(FLoad.FileName) + std::string(Path);
+    return FMapping.GetCompilerTypeInProjectFile(FLoad.FileName) + std::string(Path);
 }
 
 bool TQXVisualStudioProjectLoader::Load()
@@ -31,7 +31,7 @@ bool TQXVisualStudioProjectLoader::Load()
     if (!ExpandConfigName())
         return false;
     MakeFolder("obj", FLoad.Folder);
-    FAction.ResetOptions();
+    Reset();
     if (FAction.IsCompactFramework())
         FLoad.CompactSystemFolder = Paths::WithTrailing(FAction.SDKPath);
 
@@ -58,8 +58,9 @@ bool TQXVisualStudioProjectLoader::LoadDocument(const TXmlElement& Root)
     if (!TQXReferenceResolver(FAction, FLoad).Resolve(Root.SelectNodes(LanguagePath("/Build/References/Reference"))) ||
         !LoadFiles(Root))
         return false;
-    if (!FAction.LoadCompilerOtherSettings(FLoad.FileName, Root))
+    if (!FMapping.LoadCompilerOtherSettings(FLoad.FileName, Root))
         return Fail("Error loading compiler setttings!");
+    ShowFiles();
     if (FAction.CopyConfigFiles)
         CopyConfigurationFiles();
     return true;
@@ -67,7 +68,7 @@ bool TQXVisualStudioProjectLoader::LoadDocument(const TXmlElement& Root)
 
 bool TQXVisualStudioProjectLoader::CheckVersion(const TXmlElement& Root) const
 {
-    if (FAction.DetectVSVersion(FLoad.FileName, Root) != TDotNetVSVersion::vsInvalid)
+    if (FMapping.DetectVSVersion(FLoad.FileName, Root) != TDotNetVSVersion::vsInvalid)
         return true;
     if (Root.Attribute("xmlns").starts_with(MSBuildNameSpace))
         return Fail(
@@ -87,7 +88,7 @@ bool TQXVisualStudioProjectLoader::LoadSettings(const TXmlElement& Root)
         FLoad.KeyFile = ExpandRelativePath(KeyFile, FLoad.Folder);
     if (const auto Platform = Settings->SelectNode("Platform"))
         FLoad.PlatformName = Platform->Attribute("Name");
-    FAction.LoadSettingsFromProjFile(*Settings);
+    FMapping.LoadSettingsFromProjFile(*Settings);
     return SelectConfiguration(*Settings);
 }
 
@@ -99,7 +100,7 @@ bool TQXVisualStudioProjectLoader::SelectConfiguration(const TXmlElement& Settin
     const TXmlElement* Config = FindConfiguration(Configurations);
     if (!Config)
         return Fail("Configuration : " + FLoad.ConfigName + " - not found in project file");
-    FAction.LoadConfigCompilerOptionsFromProjFile(*Config);
+    FMapping.LoadConfigCompilerOptionsFromProjFile(*Config);
     FLoad.OutputFolder = MakeFolder(Config->Attribute("OutputPath"), FLoad.Folder);
     CompleteOutputFile();
     return true;
@@ -112,7 +113,7 @@ bool TQXVisualStudioProjectLoader::LoadFiles(const TXmlElement& Root)
         return Fail("No Files to compile!");
     if (!CheckResourceCompiler())
         return false;
-    FLoad.ObjectFolder = MakeFolder("obj/" + FAction.UnMangleConfigName(FLoad.ConfigName), FLoad.Folder);
+    FLoad.ObjectFolder = MakeFolder("obj/" + FMapping.UnMangleConfigName(FLoad.ConfigName), FLoad.Folder);
     const TQXResourceProcessor Resources(FAction, FLoad);
     for (const TXmlElement& Element : Elements)
     {

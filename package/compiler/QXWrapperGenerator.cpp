@@ -54,7 +54,7 @@ bool TQXWrapperGenerator::GenerateInterop(const TXmlElement& Reference) const
     if (Generated)
     {
         FAction.SendMessage("Interop Assembly Generated : " + Wrapper);
-        AppendItem(FAction.References, ',', Wrapper);
+        FAction.Project.References.push_back(Wrapper);
         FAction.SendMessage("Adding Reference : " + Wrapper);
     }
     FAction.SendMessage(".");

@@ -56,11 +56,11 @@ TEST(Compiler, ASecondValueNeverStandsAlone)
     CheckTable(
         "compiler", "option with a second value",
         [&](const TColumns& Row) {
-            TStringList Lines;
-            EXPECT_TRUE(Action.AddOptionToResponseFile("/s", "Label", Row[0], Row[1], Lines, Row[2] == "yes", "|"));
-            return Lines.Items();
+            TQXResponseFile File(Action, "/");
+            EXPECT_TRUE(File.AddOption("/s", "Label", Row[0], Row[1], "|"));
+            return File.Lines().Items();
         },
-        3);
+        2);
 }
 
 TEST(Compiler, ConfigurationNamesBecomeFolders)
@@ -79,7 +79,7 @@ TEST(Compiler, FindsTheClassThatNamesAResource)
     TQXCSProjCompilerAction CSharp;
     TQXVBProjCompilerAction VB;
     TQXJSProjCompilerAction JSharp;
-    const std::map<std::string, const TQXManagedCompilerAction*> Actions = {{"c", &CSharp}, {"v", &VB}, {"j", &JSharp}};
+    const std::map<std::string, const TQXProjectMapping*> Actions = {{"c", &CSharp}, {"v", &VB}, {"j", &JSharp}};
     std::string Name;
     CheckTable(
         "compiler", "class of a resource",

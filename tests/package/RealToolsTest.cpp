@@ -2,6 +2,7 @@
 #include "tests/package/PackageTest.h"
 
 #include "package/compiler/QXDotNetManagedCompilerAction.h"
+#include "platform/Text.h"
 #include "runtime/clrhost/DotNetVersions.h"
 #include "runtime/clrhost/MonoDetection.h"
 
@@ -63,28 +64,29 @@ TEST(RealTools, ResourcesAreFoundByTheProgramThatTheyBelongTo)
     TRealToolsHost Host;
     if (Host.Runtime.DotNetInfo()->GetVersionCount() == 0)
         GTEST_SKIP() << "Mono is not installed";
-    for (const char* File : {"my p/Forms/Main.resx", "my p/Sub/Größe & #1.resx"})
+    const std::string Folder = "my p,q;r=s 100%Done%/";
+    for (const std::string& File : {Folder + "Forms/Main.resx", Folder + "Sub/Größe & #1.resx"})
         Host.Folder.Write(File, Resx);
-    Host.Folder.Write("my p/Forms/Main.cs", Program);
-    Host.Folder.Write("my p/img/a b.bmp", "bitmap");
+    Host.Folder.Write(Folder + "Forms/Main.cs", Program);
+    Host.Folder.Write(Folder + "img/a b.bmp", "bitmap");
     Host.Folder.Write("shared/Text.txt", "text");
-    Host.Folder.Write("my p/licenses.licx", "Kit.Grid, Kit\r\n");
-    Host.Folder.Write("my p/Acme.csproj", Project);
-    Host.Folder.Write("my p/bin/Kit.cs", Control);
+    Host.Folder.Write(Folder + "licenses.licx", "Kit.Grid, Kit\r\n");
+    Host.Folder.Write(Folder + "Acme.csproj", Project);
+    Host.Folder.Write(Folder + "bin/Kit.cs", Control);
 
     const auto Kit = Host.Create<TQXManagedCompilerAction>("TQXCSharpCompilerAction");
-    Kit->ProjectDir = "my p/bin";
+    Kit->ProjectDir = Text::Replace(Folder + "bin", "%", "%%");
     Kit->Files = "Kit.cs";
     Kit->OutputFile = "Kit.dll";
     ASSERT_TRUE(Host.Execute(*Kit)) << testing::PrintToString(Host.Log.Events);
     const auto Action = Host.Create<TQXManagedCompilerAction>("TQXCSProjCompilerAction");
-    Action->ProjectFile = "my p/Acme.csproj";
+    Action->ProjectFile = Text::Replace(Folder + "Acme.csproj", "%", "%%");
     Action->ConfigName = "Debug";
     ASSERT_TRUE(Host.Execute(*Action)) << testing::PrintToString(Host.Log.Events);
-    EXPECT_FALSE(Host.Folder.Exists("my p/bin/lc.exe"));
+    EXPECT_FALSE(Host.Folder.Exists(Folder + "bin/lc.exe"));
 
     const auto Process = CreateQXProcess();
-    Process->SetExecutable("my p/bin/Acme.exe");
+    Process->SetExecutable(Folder + "bin/Acme.exe");
     TStringList Output;
     EXPECT_EQ(Process->RunCaptured(Output), 0);
     EXPECT_THAT(Output.Items(), testing::ElementsAre("Acme.Forms.MainForm.resources", "Root.Sub.Größe & #1.resources",

@@ -123,6 +123,7 @@ TEST(Registration, APackageThatIsThereInPartIsAnError)
                     testing::ThrowsMessage<EHostFileError>(
                         "QX40DotNetFrameWork: The action class TGACListAction is registered twice"));
 }
+
 TEST(Package, ExportsItsEntryAndNothingElse)
 {
     const std::string Module = QUEXLEY_BINARY_DIR "/lib/QX40DotNetFrameWork.so";

@@ -12,6 +12,9 @@
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
+#if defined(__linux__)
+#include <sys/prctl.h>
+#endif
 
 namespace
 {
@@ -62,6 +65,9 @@ void Detach(int ReadEnd)
     sigfillset(&All);
     sigprocmask(SIG_BLOCK, &All, nullptr);
     setsid();
+#if defined(__linux__)
+    prctl(PR_SET_NAME, "qx-watcher"); // who kills all programs of our name means the tools as well
+#endif
     dup2(ReadEnd, 0);
     close_range(1, ~0U, 0);
     if (chdir("/") != 0)

@@ -176,29 +176,34 @@ void TProcessTree::Ask() const
 void TProcessTree::Kill() const
 {
     constexpr int MostLooks = 20;
-    const int OwnGroup = getpgrp();
     std::unordered_set<int> Stopped;
-    for (int Look = 0; Look < MostLooks; ++Look)
+    // A whole group stops and ends before any of it can start another, which single ones may do between two looks.
+    std::unordered_set<int> Groups;
+    const int OwnGroup = getpgrp();
+    for (std::size_t Before = 1, Look = 0; Look < MostLooks && Before != Stopped.size(); ++Look)
     {
-        const std::size_t Before = Stopped.size();
+        Before = Stopped.size();
         for (const TMember& Member : Members())
+        {
             if (Stopped.insert(Member.Process).second)
-            {
                 kill(Member.Process, SIGSTOP);
-                // A whole group ends before any of it can start another: what looking again and again may miss.
-                if (Look > 0 && Member.Group != OwnGroup)
-                    kill(-Member.Group, SIGKILL);
-            }
-        if (Stopped.size() == Before)
-            break;
+            if (Member.Group != OwnGroup && Groups.insert(Member.Group).second)
+                kill(-Member.Group, SIGSTOP);
+        }
     }
+    for (const int Group : Groups)
+        kill(-Group, SIGKILL);
     for (const int Process : Stopped)
         kill(Process, SIGKILL);
 }
 
 bool TProcessTree::IsAlive() const
 {
+    constexpr int Looks = 5; // one that starts another and ends may be missed by a look, both of them
     ReapOrphans(FRoot);
-    return !Members().empty();
+    for (int Look = 0; Look < Looks; ++Look)
+        if (!Members().empty())
+            return true;
+    return false;
 }
 } // namespace ProcessSystem

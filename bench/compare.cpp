@@ -2,7 +2,7 @@
 //   compare NAME [--runs N] [--sync 1] [--ratio LIMIT] [--milliseconds LIMIT] [--mebibytes LIMIT]
 //           -- COMMAND... [-- YARDSTICK...]
 // With --sync what waits to be written to disk is written before each run. The limits are for COMMAND: its time as a
-// multiple of the yardstick's, its own time, its peak memory. Prints one line and exits with 1 if a limit is passed.
+// multiple of the yardstick's, its own time, its peak memory. Prints one line and exits with 1 if a limit is exceeded.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -111,7 +111,7 @@ bool Report(const char* What, double Value, const std::optional<double>& Limit)
 {
     if (!Limit)
         return true;
-    std::printf("  %s %.2f (limit %.2f)%s", What, Value, *Limit, Value <= *Limit ? "" : " PASSED");
+    std::printf("  %s %.2f (limit %.2f)%s", What, Value, *Limit, Value <= *Limit ? "" : " over the limit");
     return Value <= *Limit;
 }
 } // namespace

@@ -12,9 +12,10 @@
 class EFileError : public std::runtime_error
 {
 public:
-    EFileError(const std::string& Path, const std::string& AReason)
-        : std::runtime_error(Path + ": " + AReason), Reason(AReason)
+    EFileError(const std::string& APath, const std::string& AReason)
+        : std::runtime_error(APath + ": " + AReason), Path(APath), Reason(AReason)
     {}
+    std::string Path;
     std::string Reason;
 };
 
@@ -34,22 +35,35 @@ namespace Files
 [[nodiscard]] std::string Read(std::string_view Path);
 /// Writes a file in place, making or truncating it: for generated files. Throws EFileError.
 void Write(std::string_view Path, std::string_view Bytes);
+/// Whether a power cut, too, is to leave the old content or the new one whole: it takes as long as the disk does.
+enum class TFlush { Yes, No };
 /// Replaces a file's content whole or not at all: a new file beside it is renamed over the old one,
 /// keeping owner, mode and access list and, through a symbolic link, the link. Makes the file if there is none. Throws
 /// EFileError, also where owner or group cannot be kept.
-void ReplaceContent(std::string_view Path, std::string_view Bytes);
+void ReplaceContent(std::string_view Path, std::string_view Bytes, TFlush Flush = TFlush::Yes);
+/// Removes the new files that processes which died before they were complete have left in a folder. Those of living
+/// ones stay.
+void RemoveLeftovers(std::string_view Folder);
 /// Deletes a file; false if it is there and cannot be deleted.
 [[nodiscard]] bool Delete(std::string_view Path);
 /// Copies a file, overwriting. False on any failure, which leaves no half-written target.
 [[nodiscard]] bool Copy(std::string_view From, std::string_view To);
 /// Makes a folder and its parents; false if it is not there afterwards.
 [[nodiscard]] bool ForceFolders(std::string_view Path);
+/// ForceFolders, with folders that only this user may use, whatever the umask.
+[[nodiscard]] bool ForcePrivateFolders(std::string_view Path);
+/// Makes the folders Below, one in the other, in Base for programs that are started from there: false unless nobody but
+/// this user can change what is in them. One of this user's that others could write to is made anew, empty.
+[[nodiscard]] bool ForceTrustedFolders(std::string_view Base, std::string_view Below);
+/// Makes a folder for this user alone in one that is there; false also if something is there already.
+[[nodiscard]] bool MakePrivateFolder(std::string_view Path);
 /// Whether a file has no write permission at all, whoever asks.
 [[nodiscard]] bool IsReadOnly(std::string_view Path);
 
 /// What Enumerate looks for: files are ordinary ones; own folders are those that are no symbolic links.
 enum class TEntryKind { Files, Folders, OwnFolders };
-/// The bare names of the entries of Folder that match Mask, sorted; "." and ".." are never among them.
+/// The bare names of the entries of Folder that match Mask, sorted; never ".", ".." and new files that are not yet in
+/// their place.
 /// A folder that is not there has none. Throws EFileError for one that cannot be read.
 [[nodiscard]] std::vector<std::string> Enumerate(std::string_view Folder, std::string_view Mask, TEntryKind Kind);
 /// Matches a name against a mask with `*`, `?` and character sets `[a-z]`, `[!a-z]`, ignoring case.

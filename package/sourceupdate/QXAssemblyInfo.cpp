@@ -139,7 +139,7 @@ void TQXAssemblyInfo::Leave()
 bool TQXAssemblyInfo::Load()
 {
     Leave();
-    Source.emplace(FileName, Mode.ReadAhead);
+    Source.emplace(FileName, Mode.ReadAhead, Mode.Batch);
     if (Source->State() == TFileRewrite::TState::Missing)
         return Refuse("- does not exist!");
     if (Source->State() == TFileRewrite::TState::ReadOnly)

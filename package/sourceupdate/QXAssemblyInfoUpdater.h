@@ -7,6 +7,7 @@
 
 class IQXAssemblyInfoUpdater;
 class TReadAhead;
+class TRewriteBatch;
 
 /// The owner of an updater: it sees every file and every declaration, and may change what is written.
 class IQXAssemblyInfoCallBack
@@ -51,6 +52,7 @@ struct TAssemblyInfoMode
     bool UpdateOnly = false;         ///< adds no declarations that a file lacks
     bool DryRun = false;             ///< writes nothing, and says what it would write
     TReadAhead* ReadAhead = nullptr; ///< of the files to be processed, in their order
+    TRewriteBatch* Batch = nullptr;  ///< that the files are replaced with, else each by itself
 };
 
 /// An updater without entries, which has not met a declaration yet: one for all files of a run.

@@ -3,7 +3,7 @@
 #include "host/QXServices.h"
 #include "host/QXUtilities.h"
 #include "package/plugin/QXActionHelpers.h"
-#include "platform/Files.h"
+#include "platform/FileRewrite.h"
 #include "platform/Paths.h"
 #include "platform/ReadAhead.h"
 
@@ -17,6 +17,18 @@ struct TEnded
 {
 };
 } // namespace
+
+bool TQXAssemblyInfoUpdaterAction::IsDryRun() const
+{
+    return Host() != nullptr && Host()->IsDryRun();
+}
+
+/// A folder in which files are going to be replaced.
+void TQXAssemblyInfoUpdaterAction::Visit(const std::string& Folder) const
+{
+    if (!IsDryRun())
+        Files::RemoveLeftovers(Folder);
+}
 
 TQXAssemblyInfoUpdaterAction::TQXAssemblyInfoUpdaterAction()
 {
@@ -69,7 +81,11 @@ bool TQXAssemblyInfoUpdaterAction::BuildFileList()
         if (!TryExpandExpression("Selection", Line, Path, false))
             return false;
         if (Path.find_first_of("*?") == std::string::npos)
+        {
+            if (FFiles.empty() || Paths::Folder(FFiles.back()) != Paths::Folder(Path))
+                Visit(Paths::Folder(Path));
             FFiles.push_back(std::move(Path));
+        }
         else
             ProcessWildCard(Files::Spelling(Paths::Folder(Path)), Paths::FileName(Path));
         if (FTerminated)
@@ -82,6 +98,7 @@ void TQXAssemblyInfoUpdaterAction::ProcessWildCard(const std::string& Folder, st
 {
     if (Host() != nullptr)
         Host()->Poll();
+    Visit(Folder);
     for (const std::string& Name : Files::Enumerate(Folder, Mask, Files::TEntryKind::Files))
         FFiles.push_back(Folder + Name);
     if (!Recurse)
@@ -94,9 +111,26 @@ void TQXAssemblyInfoUpdaterAction::ProcessWildCard(const std::string& Folder, st
 
 bool TQXAssemblyInfoUpdaterAction::ProcessFiles()
 {
-    const bool DryRun = Host() != nullptr && Host()->IsDryRun();
+    TRewriteBatch Batch;
+    bool Result = false;
+    try
+    {
+        Result = ProcessFiles(Batch);
+    }
+    catch (const EFileError&)
+    {
+        // The files before it are updated.
+        Batch.Finish();
+        throw;
+    }
+    Batch.Finish();
+    return Result;
+}
+
+bool TQXAssemblyInfoUpdaterAction::ProcessFiles(TRewriteBatch& Batch)
+{
     TReadAhead Ahead(FFiles);
-    const auto Updater = NewAssemblyInfoUpdater({UpdateOnly, DryRun, &Ahead});
+    const auto Updater = NewAssemblyInfoUpdater({UpdateOnly, IsDryRun(), &Ahead, &Batch});
     Updater->SetCallBack(*this);
     bool Result = true;
     for (std::size_t Index = 0; Index < FFiles.size() && Result && !FTerminated; ++Index)

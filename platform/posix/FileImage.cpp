@@ -68,6 +68,11 @@ bool IsSame(const timespec& Left, const timespec& Right)
 {
     return Left.tv_sec == Right.tv_sec && Left.tv_nsec == Right.tv_nsec;
 }
+
+bool HasChangedNothing(const struct stat& Now, const struct stat& Then)
+{
+    return Now.st_size == Then.st_size && IsSame(Now.st_ctim, Then.st_ctim);
+}
 } // namespace
 
 TFileImage LoadImage(const std::string& Path, std::size_t MaximumSize)
@@ -104,7 +109,13 @@ bool IsOld(const TFileImage& Image)
 bool IsCurrent(const TFileImage& Image)
 {
     struct stat Now = {};
-    const struct stat& Read = Image.Status;
-    return ::fstat(Image.File.Value(), &Now) == 0 && Now.st_size == Read.st_size && IsSame(Now.st_ctim, Read.st_ctim) &&
+    return ::fstat(Image.File.Value(), &Now) == 0 && HasChangedNothing(Now, Image.Status) &&
            (!IsOld(Image) || IsAtItsPath(Image));
+}
+
+bool IsUnchanged(const std::string& Path, const struct stat& Then)
+{
+    struct stat Now = {};
+    return ::lstat(Path.c_str(), &Now) == 0 && Now.st_ino == Then.st_ino && Now.st_dev == Then.st_dev &&
+           HasChangedNothing(Now, Then);
 }

@@ -28,3 +28,5 @@ struct TFileImage
 [[nodiscard]] bool IsOld(const TFileImage& Image);
 /// Whether the file is still the one that was read.
 [[nodiscard]] bool IsCurrent(const TFileImage& Image);
+/// Whether a path leads to the file that was there, unchanged: for one that is not open any longer.
+[[nodiscard]] bool IsUnchanged(const std::string& Path, const struct stat& Then);

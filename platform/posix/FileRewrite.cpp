@@ -1,15 +1,17 @@
 #include "platform/FileRewrite.h"
 
 #include "platform/Paths.h"
-#include "platform/posix/FilesReplacement.h"
+#include "platform/posix/FileImage.h"
 #include "platform/posix/ReadAhead.h"
+#include "platform/posix/RewriteBatch.h"
 
+#include <atomic>
 #include <fcntl.h>
 #include <optional>
 
 struct TFileRewrite::TImpl
 {
-    TImpl(TFileImage AImage, TReadAhead::TImpl* AAhead) : Image(std::move(AImage)), Ahead(AAhead) {}
+    TImpl(const std::string& Path, TReadAhead::TImpl* AAhead, TRewriteBatch::TImpl* ABatch);
     ~TImpl()
     {
         if (Ahead)
@@ -19,10 +21,41 @@ struct TFileRewrite::TImpl
     TImpl& operator=(const TImpl&) = delete;
 
     void CheckAccess() const;
+    [[nodiscard]] TPendingFile NewFile(const std::string& Path, std::span<const std::string_view> Pieces) const;
+    void Settle(const struct stat& Replaced);
 
-    TFileImage Image;
+    [[nodiscard]] TFileImage TakeImage(const std::string& Path) const;
+
     TReadAhead::TImpl* Ahead;
+    TRewriteBatch::TImpl Own; ///< of a file that is rewritten alone
+    TRewriteBatch::TImpl* Batch;
+    TFileImage Image;
+    std::size_t Number; ///< another one for each file
 };
+
+namespace
+{
+std::size_t NextNumber()
+{
+    static std::atomic<std::size_t> Last = 0;
+    return ++Last;
+}
+} // namespace
+
+TFileImage TFileRewrite::TImpl::TakeImage(const std::string& Path) const
+{
+    std::optional<TFileImage> Taken = Ahead ? Ahead->Take(Path) : std::nullopt;
+    TFileImage Loaded = Taken ? *std::move(Taken) : LoadImage(Path);
+    if (Batch->IsEmpty() || (Loaded.State != TState::Missing && !Batch->Awaits(Loaded.Status)))
+        return Loaded;
+    // It is about to be there, or to be another one.
+    Batch->Finish();
+    return LoadImage(Path);
+}
+
+TFileRewrite::TImpl::TImpl(const std::string& Path, TReadAhead::TImpl* AAhead, TRewriteBatch::TImpl* ABatch)
+    : Ahead(AAhead), Batch(ABatch ? ABatch : &Own), Image(TakeImage(Path)), Number(NextNumber())
+{}
 
 /// The folder's permissions alone decide about a rename, but a write-protected file is not to change.
 void TFileRewrite::TImpl::CheckAccess() const
@@ -32,12 +65,25 @@ void TFileRewrite::TImpl::CheckAccess() const
         throw SystemError(Image.Path);
 }
 
-TFileRewrite::TFileRewrite(const std::string& Path, TReadAhead* Ahead)
+/// A file like this one, written.
+TPendingFile TFileRewrite::TImpl::NewFile(const std::string& Path, std::span<const std::string_view> Pieces) const
 {
-    TReadAhead::TImpl* Reader = Ahead ? Ahead->FImpl.get() : nullptr;
-    std::optional<TFileImage> Image = Reader ? Reader->Take(Path) : std::nullopt;
-    FImpl = std::make_unique<TImpl>(Image ? *std::move(Image) : LoadImage(Path), Reader);
+    auto New = std::make_unique<TReplacement>(Path, TModelFile{Image.Status, Image.AccessList});
+    New->Write(Pieces);
+    return {std::move(New), std::nullopt, Number};
 }
+
+/// What follows when a file is about to be replaced.
+void TFileRewrite::TImpl::Settle(const struct stat& Replaced)
+{
+    if (Ahead)
+        Ahead->Forget(Replaced);
+    Own.Finish();
+}
+
+TFileRewrite::TFileRewrite(const std::string& Path, TReadAhead* Ahead, TRewriteBatch* Batch)
+    : FImpl(std::make_unique<TImpl>(Path, Ahead ? Ahead->FImpl.get() : nullptr, Batch ? Batch->FImpl.get() : nullptr))
+{}
 
 TFileRewrite::~TFileRewrite() = default;
 
@@ -58,22 +104,20 @@ void TFileRewrite::Backup(const std::string& Path) const
     const bool Exists = ::lstat(Target.c_str(), &Old) == 0;
     if (Exists && (S_ISDIR(Old.st_mode) || (!S_ISLNK(Old.st_mode) && HasNoWriteBit(Old))))
         return;
-    TReplacement Replacement(Target, {FImpl->Image.Status, FImpl->Image.AccessList});
-    Replacement.Write(FImpl->Image.Bytes);
-    Replacement.Finish();
-    if (FImpl->Ahead && Exists)
-        FImpl->Ahead->Forget(Old);
+    const std::string_view Bytes = FImpl->Image.Bytes;
+    auto New = FImpl->NewFile(Target, {&Bytes, 1});
+    if (Exists)
+        New.Old = Old;
+    FImpl->Batch->AddBackup(std::move(New));
+    FImpl->Settle(Old);
 }
 
 void TFileRewrite::Replace(std::span<const std::string_view> Pieces)
 {
     const TFileImage& Image = FImpl->Image;
     FImpl->CheckAccess();
-    TReplacement Replacement(Image.Path, {Image.Status, Image.AccessList});
-    Replacement.Write(Pieces);
-    if (!IsCurrent(Image))
-        throw EFileError(Image.Path, "Another program has changed the file meanwhile");
-    Replacement.Finish();
-    if (FImpl->Ahead)
-        FImpl->Ahead->Forget(Image.Status);
+    auto New = FImpl->NewFile(Image.Path, Pieces);
+    New.Old = Image.Status;
+    FImpl->Batch->AddSource(std::move(New));
+    FImpl->Settle(Image.Status);
 }

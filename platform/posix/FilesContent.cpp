@@ -1,4 +1,5 @@
 // What is in files: reading, writing, replacing, copying.
+#include "platform/Paths.h"
 #include "platform/posix/FilesReplacement.h"
 
 #include <algorithm>
@@ -123,15 +124,18 @@ void Files::Write(std::string_view Path, std::string_view Bytes)
     }
 }
 
-void Files::ReplaceContent(std::string_view Path, std::string_view Bytes)
+void Files::ReplaceContent(std::string_view Path, std::string_view Bytes, TFlush Flush)
 {
     const std::string Target = FollowLinks(SystemPath(Path));
     // The folder's permissions alone decide about a rename, but a write-protected file is not to change.
     const bool Protected = ::faccessat(AT_FDCWD, Target.c_str(), W_OK, AT_EACCESS) != 0 && errno != ENOENT;
     if (Protected || IsReadOnly(Target))
         throw SystemError(Target, Protected ? errno : EACCES);
+    RemoveLeftovers(Paths::Folder(Target));
     TReplacement Replacement = ReplacementOf(Target);
     Replacement.Write(Bytes);
+    if (Flush == TFlush::Yes)
+        Replacement.Flush();
     Replacement.Finish();
 }
 

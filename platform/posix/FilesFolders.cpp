@@ -1,12 +1,14 @@
 // Folders: their entries, the current one and those of the user.
 #include "platform/Paths.h"
-#include "platform/posix/FilesPosix.h"
+#include "platform/posix/FilesReplacement.h"
 
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <pwd.h>
+#include <system_error>
 
 namespace
 {
@@ -47,6 +49,51 @@ std::string HomeFolder()
     return Record.pw_dir;
 }
 
+constexpr mode_t ForOthersToWrite = S_IWGRP | S_IWOTH;
+
+bool MakeFolder(const std::string& Path, mode_t Mode)
+{
+    const bool IsMade = ::mkdir(Path.c_str(), Mode) == 0;
+    // The umask leaves little where it is strict.
+    return IsMade && (Mode != S_IRWXU || ::chmod(Path.c_str(), Mode) == 0);
+}
+
+bool MakeFolders(std::string_view Path, mode_t Mode)
+{
+    const std::string Target = Paths::WithTrailing(SystemPath(Path));
+    struct stat Status = {};
+    // Whether a step worked shows at the end: another process may have made the folder meanwhile.
+    if (!GetStatus(Target, Status))
+        for (std::size_t End = Target.find('/', 1); End != std::string::npos; End = Target.find('/', End + 1))
+            static_cast<void>(MakeFolder(Target.substr(0, End), Mode));
+    return GetStatus(Target, Status);
+}
+
+/// Whether a folder is this user's and no link.
+bool IsOwnFolder(const std::string& Path, struct stat& Status)
+{
+    return ::lstat(Path.c_str(), &Status) == 0 && S_ISDIR(Status.st_mode) && Status.st_uid == ::geteuid();
+}
+
+/// Whether no other user can put a folder into this one in the place of ours.
+bool IsTrustedBase(const std::string& Path)
+{
+    struct stat Status = {};
+    if (!GetStatus(Path, Status) || (Status.st_uid != ::geteuid() && Status.st_uid != 0))
+        return false;
+    return (Status.st_mode & S_IWOTH) == 0 || (Status.st_mode & S_ISVTX) != 0;
+}
+
+bool ForceTrustedFolder(const std::string& Path)
+{
+    struct stat Status = {};
+    std::error_code Error;
+    if (IsOwnFolder(Path, Status) && (Status.st_mode & ForOthersToWrite) != 0)
+        std::filesystem::remove_all(Path, Error);
+    static_cast<void>(MakeFolder(Path, S_IRWXU));
+    return IsOwnFolder(Path, Status) && (Status.st_mode & ForOthersToWrite) == 0;
+}
+
 /// A base folder that a variable names, if it does so absolutely, or that lies in the home folder.
 std::string BaseFolder(const char* Variable, std::string_view BelowHome)
 {
@@ -72,7 +119,8 @@ std::vector<std::string> Files::Enumerate(std::string_view Folder, std::string_v
     while (const dirent* Entry = Handle ? ReadEntry(Handle.get(), Path) : nullptr)
     {
         const std::string_view Name = Entry->d_name;
-        if (Name != "." && Name != ".." && MatchesMask(Name, Mask) && IsKind(Handle.get(), *Entry, Kind))
+        if (Name != "." && Name != ".." && !IsTemporaryName(Name) && MatchesMask(Name, Mask) &&
+            IsKind(Handle.get(), *Entry, Kind))
             Result.emplace_back(Name);
     }
     std::sort(Result.begin(), Result.end());
@@ -81,13 +129,33 @@ std::vector<std::string> Files::Enumerate(std::string_view Folder, std::string_v
 
 bool Files::ForceFolders(std::string_view Path)
 {
-    const std::string Target = Paths::WithTrailing(SystemPath(Path));
-    struct stat Status = {};
-    // Whether a step worked shows at the end: another process may have made the folder meanwhile.
-    if (!GetStatus(Target, Status))
-        for (std::size_t End = Target.find('/', 1); End != std::string::npos; End = Target.find('/', End + 1))
-            ::mkdir(Target.substr(0, End).c_str(), 0777);
-    return GetStatus(Target, Status);
+    return MakeFolders(Path, 0777);
+}
+
+bool Files::ForcePrivateFolders(std::string_view Path)
+{
+    return MakeFolders(Path, S_IRWXU);
+}
+
+bool Files::ForceTrustedFolders(std::string_view Base, std::string_view Below)
+{
+    std::string Folder = Paths::WithTrailing(SystemPath(Base));
+    if (!MakeFolders(Folder, S_IRWXU) || !IsTrustedBase(Folder))
+        return false;
+    for (std::size_t Begin = 0; Begin < Below.size(); Folder += '/')
+    {
+        const std::size_t End = std::min(Below.find('/', Begin), Below.size());
+        Folder += Below.substr(Begin, End - Begin);
+        if (!ForceTrustedFolder(Folder))
+            return false;
+        Begin = End + 1;
+    }
+    return true;
+}
+
+bool Files::MakePrivateFolder(std::string_view Path)
+{
+    return MakeFolder(SystemPath(Path), S_IRWXU);
 }
 
 std::string Files::CurrentFolder()

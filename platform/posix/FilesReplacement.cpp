@@ -3,32 +3,14 @@
 #include "platform/Paths.h"
 
 #include <algorithm>
-#include <atomic>
 #include <climits>
 #include <fcntl.h>
-#include <linux/magic.h>
-#include <optional>
-#include <sys/statfs.h>
 #include <sys/xattr.h>
 
 namespace
 {
 constexpr mode_t PermissionBits = 07777;
 constexpr const char* AccessListName = "system.posix_acl_access";
-
-/// Whether a file lies on a file system that is not in memory; asked once for each device in a row.
-bool IsOnDisk(int File, dev_t Device)
-{
-    static thread_local std::optional<dev_t> LastDevice;
-    static thread_local bool LastAnswer = false;
-    if (LastDevice != Device)
-    {
-        struct statfs System = {};
-        LastAnswer = ::fstatfs(File, &System) == 0 && System.f_type != TMPFS_MAGIC;
-        LastDevice = Device;
-    }
-    return LastAnswer;
-}
 
 /// What is no ordinary file, a device or a folder, is not to be replaced by one.
 std::string Replaceable(std::string Path)
@@ -86,36 +68,6 @@ std::string FollowLinks(std::string Path)
     throw SystemError(Path, ELOOP);
 }
 
-TTemporaryFile::~TTemporaryFile()
-{
-    if (!FPath.empty())
-        ::unlink(FPath.c_str());
-}
-
-int TTemporaryFile::Create(const std::string& Beside, mode_t Mode)
-{
-    static std::atomic<unsigned> Number = 0;
-    static const std::string Start = ".quexley-" + std::to_string(::getpid()) + "-";
-    for (;;)
-    {
-        std::string Path = Paths::Folder(Beside).append(Start).append(std::to_string(++Number)).append(".tmp");
-        const int File = ::open(Path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, Mode);
-        if (File < 0 && errno == EEXIST)
-            continue;
-        if (File < 0)
-            throw EFileError(Beside, "No file could be made in its folder: " + SystemError(Beside).Reason);
-        FPath = std::move(Path);
-        return File;
-    }
-}
-
-void TTemporaryFile::Rename(const std::string& Path)
-{
-    if (!FFile.Close() || ::rename(FPath.c_str(), Path.c_str()) != 0)
-        throw SystemError(Path);
-    FPath.clear();
-}
-
 TReplacement::TReplacement(std::string Path) : FPath(Replaceable(std::move(Path))), FNew(FPath, 0666) {}
 
 TReplacement::TReplacement(std::string Path, mode_t Mode)
@@ -138,7 +90,6 @@ void TReplacement::TakeOver(const TModelFile& Model)
     struct stat Status = {};
     if (::fstat(File, &Status) != 0)
         throw SystemError(FPath);
-    FOnDisk = IsOnDisk(File, Status.st_dev);
     const bool SameOwner = Status.st_uid == Model.Status.st_uid && Status.st_gid == Model.Status.st_gid;
     if (!SameOwner && ::fchown(File, Model.Status.st_uid, Model.Status.st_gid) != 0)
         throw EFileError(FPath, "Its owner or group could not be kept: " + SystemError(FPath).Reason);
@@ -163,13 +114,9 @@ bool TReplacement::TakeAccessList(const std::string& List)
     return false;
 }
 
-/// On a disk a full one shows before anything is written, and blocks that are there before the rename save it from
-/// finding them.
-void TReplacement::Reserve(std::size_t Size)
+void TReplacement::Flush() const
 {
-    const int File = FNew.File().Value();
-    // A file system that cannot do this finds out while writing.
-    if (Size != 0 && FOnDisk && ::fallocate(File, 0, 0, static_cast<off_t>(Size)) != 0 && errno == ENOSPC)
+    if (::fdatasync(FNew.File().Value()) != 0)
         throw SystemError(FPath);
 }
 
@@ -179,7 +126,6 @@ void TReplacement::Write(std::span<const std::string_view> Pieces)
     std::size_t Size = 0;
     for (const std::string_view Piece : Pieces)
         Size += Piece.size();
-    Reserve(Size);
     std::string Block;
     Block.reserve(std::min(Size, BlockSize));
     for (const std::string_view Piece : Pieces)

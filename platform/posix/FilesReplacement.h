@@ -24,11 +24,12 @@ struct TModelFile
     const std::string& AccessList;
 };
 
-/// A new file beside another one, gone with the object unless it was renamed.
+/// A new file beside another one, without a name until it takes its place, where the file system can do that. Its lock
+/// tells other processes that its maker lives.
 class TTemporaryFile
 {
 public:
-    TTemporaryFile(const std::string& Beside, mode_t Mode) : FFile(Create(Beside, Mode)) {}
+    TTemporaryFile(const std::string& Beside, mode_t Mode);
     ~TTemporaryFile();
     TTemporaryFile(const TTemporaryFile&) = delete;
     TTemporaryFile& operator=(const TTemporaryFile&) = delete;
@@ -37,11 +38,17 @@ public:
     void Rename(const std::string& Path);
 
 private:
-    int Create(const std::string& Beside, mode_t Mode);
+    [[nodiscard]] bool CreateNamed(mode_t Mode);
+    void GiveName();
+    [[nodiscard]] std::string NewName() const;
 
-    std::string FPath;
-    TDescriptor FFile;
+    std::string FFolder;
+    std::string FPath; ///< while it has a name of its own
+    TDescriptor FFile{-1};
 };
+
+/// Whether a name is one that new files have until they are in their place.
+[[nodiscard]] bool IsTemporaryName(std::string_view Name);
 
 /// Puts a new file in the place of another when it is complete. Other hard links to the old file keep its content.
 class TReplacement
@@ -52,17 +59,19 @@ public:
     TReplacement(std::string Path, mode_t Mode);
     TReplacement(std::string Path, const TModelFile& Model);
 
+    [[nodiscard]] const std::string& Path() const { return FPath; }
+    [[nodiscard]] const TDescriptor& File() const { return FNew.File(); }
     void Write(std::string_view Bytes) { WriteAll(FNew.File(), FPath, Bytes); }
-    /// Writes texts one behind the other, when there is room for all of them.
+    /// Writes texts one behind the other.
     void Write(std::span<const std::string_view> Pieces);
+    /// Waits until what was written is on disk: a power cut after Finish could otherwise leave a file without content.
+    void Flush() const;
     void Finish() { FNew.Rename(FPath); }
 
 private:
     void TakeOver(const TModelFile& Model);
     [[nodiscard]] bool TakeAccessList(const std::string& List);
-    void Reserve(std::size_t Size);
 
     std::string FPath;
     TTemporaryFile FNew;
-    bool FOnDisk = false;
 };

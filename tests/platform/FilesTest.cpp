@@ -6,13 +6,16 @@
 
 #include "gtest/gtest.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <optional>
 #include <pthread.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -34,7 +37,15 @@ protected:
         return static_cast<unsigned>(fs::status(Path).permissions());
     }
     /// What is in the folder, so that nothing is left over unseen.
-    [[nodiscard]] std::vector<std::string> Names() const { return Files::Enumerate(Folder.Path(), "*.*", AllFiles); }
+    [[nodiscard]] std::vector<std::string> Names() const
+    {
+        std::vector<std::string> Result;
+        for (const fs::directory_entry& Entry : fs::directory_iterator(Folder.Path()))
+            if (std::error_code Error; Entry.is_regular_file(Error))
+                Result.push_back(Entry.path().filename().string());
+        std::sort(Result.begin(), Result.end());
+        return Result;
+    }
 
     static constexpr auto AllFiles = Files::TEntryKind::Files;
     TWorkFolder Folder;
@@ -291,6 +302,47 @@ TEST_F(FilesTest, ARewriteKeepsWhatTheFileIsAndNoticesOthers)
     EXPECT_EQ(TFileRewrite("Real.cs/x").State(), TFileRewrite::TState::Missing);
     EXPECT_EQ(TFileRewrite(".").State(), TFileRewrite::TState::Missing);
     EXPECT_EQ(Names(), (std::vector<std::string>{"Link.cs", "Real.cs"})); // a pipe is no file
+}
+
+TEST_F(FilesTest, FilesOfABatchTakeTheirPlacesTogether)
+{
+    const std::string_view Pieces[] = {"new"};
+    for (const char* Name : {"a.cs", "b.cs", "c.cs"})
+        Make(Name, "old");
+    {
+        TRewriteBatch Batch;
+        TFileRewrite("a.cs", nullptr, &Batch).Backup("a.bak");
+        TFileRewrite("a.cs", nullptr, &Batch).Replace(Pieces);
+        EXPECT_EQ(Names(), (std::vector<std::string>{"a.cs", "b.cs", "c.cs"}));
+        EXPECT_EQ(TFileRewrite("a.bak", nullptr, &Batch).Bytes(), "old"); // is there now, and so is what waited with it
+        EXPECT_EQ(Files::Read("a.cs"), "new");
+        for (const char* Name : {"b.cs", "c.cs"})
+            TFileRewrite(Name, nullptr, &Batch).Replace(Pieces);
+        Make("b.cs", "by another");
+        EXPECT_THROW(Batch.Finish(), EFileError);
+        TFileRewrite("a.cs", nullptr, &Batch).Replace(std::array<std::string_view, 1>{"dropped"});
+    }
+    EXPECT_EQ(Files::Read("b.cs"), "by another");
+    EXPECT_EQ(Files::Read("a.cs") + Files::Read("c.cs"), "newnew");
+    EXPECT_EQ(Names(), (std::vector<std::string>{"a.bak", "a.cs", "b.cs", "c.cs"}));
+}
+
+TEST_F(FilesTest, WhatADeadProcessLeftIsPassedOverAndRemoved)
+{
+    for (const char* Name : {".quexley-1-1.tmp", ".quexley-2-2.tmp", ".quexley-.tmp.cs", ".quexley-mine.tmp"})
+        Make(Name);
+    fs::create_symlink(".quexley-2-2.tmp", Folder / ".quexley-3-3.tmp");
+    const std::vector<std::string> Others = {".quexley-.tmp.cs", ".quexley-mine.tmp"};
+    EXPECT_EQ(Files::Enumerate("", "*", AllFiles), Others);
+    const int Living = ::open(".quexley-2-2.tmp", O_WRONLY | O_CLOEXEC);
+    ASSERT_EQ(::flock(Living, LOCK_EX), 0);
+    Files::RemoveLeftovers("");
+    EXPECT_FALSE(fs::exists(".quexley-1-1.tmp"));
+    EXPECT_TRUE(fs::is_symlink(".quexley-3-3.tmp") && fs::exists(".quexley-3-3.tmp"));
+    ::close(Living);
+    Files::RemoveLeftovers("");
+    EXPECT_FALSE(fs::exists(".quexley-2-2.tmp"));
+    EXPECT_EQ(Names(), Others);
 }
 
 TEST_F(FilesTest, FilesAreReadAlsoWhereNoThreadCanBeStarted)

@@ -54,7 +54,7 @@ void TResumeNote::Write(const TPlace& Place)
 {
     if (!FFile && !FIsTaken)
     {
-        if (!Files::ForceFolders(Paths::Folder(FFileName)))
+        if (!Files::ForcePrivateFolders(Paths::Folder(FFileName)))
             throw EFileError(Paths::Folder(FFileName), "cannot be made");
         FFile = THeldFile::Hold(FFileName);
         FIsTaken = FFile == nullptr;

@@ -88,20 +88,19 @@ void PlaceLink(const fs::path& Link, const fs::path& Target)
     fs::rename(Temporary, Link);
 }
 
-/// Makes or completes the folder. Throws std::runtime_error.
+/// Completes a folder. Throws std::runtime_error.
 void FillFolder(const std::string& Folder, const std::string& Profile)
 {
     const std::string State = StateOf(Profile);
     if (IsComplete(Folder, State))
         return;
-    fs::create_directories(Folder);
     const std::map<std::string, std::string> Wanted = WantedLinks(Profile);
     for (const auto& [Name, Target] : Wanted)
         PlaceLink(Paths::Join(Folder, Name), Target);
     for (const fs::directory_entry& Entry : fs::directory_iterator(Folder))
         if (std::error_code Error; fs::is_symlink(Entry.symlink_status(Error)) && !fs::exists(Entry.path(), Error))
             fs::remove(Entry.path(), Error); // a tool that Mono has no more
-    Files::ReplaceContent(Paths::Join(Folder, MarkerName), State);
+    Files::ReplaceContent(Paths::Join(Folder, MarkerName), State, Files::TFlush::No);
 }
 } // namespace
 
@@ -127,7 +126,10 @@ const std::string& TMonoToolFolder::Path() const
         if (!Cache.is_absolute())
             throw std::runtime_error("there is no cache folder");
         const std::string Installation = fmt::format("{:016x}", std::hash<std::string>()(Paths::Folder(FProfile)));
-        const fs::path Folder = Cache / "quexley" / "mono" / Installation / VersionName();
+        const std::string Below = fmt::format("quexley/mono/{}/{}", Installation, VersionName());
+        const fs::path Folder = Cache / Below;
+        if (!Files::ForceTrustedFolders(Cache.string(), Below))
+            throw std::runtime_error("others could put their own tools there");
         FillFolder(Folder.string(), FProfile);
         FPath = Folder.string();
     }
@@ -143,11 +145,12 @@ std::string TMonoToolFolder::MakeTemporary() const
     try
     {
         const fs::path Folder = fs::temp_directory_path() / fmt::format("quexley-mono-{:016x}", RandomNumber());
-        if (!fs::create_directory(Folder))
+        if (!Files::MakePrivateFolder(Folder.string()))
             return FProfile;
         FTemporary = Folder.string();
-        fs::permissions(Folder, fs::perms::owner_all);
         const fs::path Tools = Folder / VersionName();
+        if (!Files::MakePrivateFolder(Tools.string()))
+            return FProfile;
         FillFolder(Tools.string(), FProfile);
         return Tools.string();
     }

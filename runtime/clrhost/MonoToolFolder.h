@@ -18,8 +18,8 @@ public:
 
     /// The name of the profile's version: "v4.5".
     [[nodiscard]] std::string VersionName() const;
-    /// The folder, complete and up to date. Where the cache folder cannot be written it is a temporary one, and
-    /// where that fails too the profile's own, which lacks the other names.
+    /// The folder, complete and up to date. Where the cache folder cannot be written, or others can change what lies in
+    /// it, it is a temporary one, and where that fails too the profile's own, which lacks the other names.
     [[nodiscard]] const std::string& Path() const;
 
 private:

@@ -147,7 +147,7 @@ const std::string& TOptionsFile::Text() const
 void TOptionsFile::Save() const
 {
     const std::string Folder = Paths::Folder(FImpl->FileName);
-    if (!Folder.empty() && !Files::ForceFolders(Folder))
+    if (!Folder.empty() && !Files::ForcePrivateFolders(Folder))
         throw EFileError(Folder, "the folder cannot be made");
     Files::ReplaceContent(FImpl->FileName, Text());
 }

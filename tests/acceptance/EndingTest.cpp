@@ -46,9 +46,9 @@ protected:
     }
 
     /// Runs the program under a limit of the shell's and gives what it says, with its exit code in the last line.
-    [[nodiscard]] std::string RunLimited(const std::string& Limit, const std::string& Arguments = "") const
+    [[nodiscard]] std::string RunLimited(const std::string& Limit, const std::string& Arguments = "run") const
     {
-        WriteTool("limited", "((ulimit " + Limit + "; exec '" QUEXLEY_BINARY_DIR "/bin/quexley' run " + Arguments +
+        WriteTool("limited", "((ulimit " + Limit + "; exec '" QUEXLEY_BINARY_DIR "/bin/quexley' " + Arguments +
                                  ") 2>&1; echo \"exit code $?\") | cat > log");
         const std::filesystem::path Options = OptionsFile();
         const std::string Home = Options.parent_path().parent_path().parent_path().string();
@@ -256,7 +256,7 @@ TEST_F(TEndingTest, AFullDiskIsToldAndEndsWithTwo)
 TEST_F(TEndingTest, HeldBackLinesThatFindNoRoomAreShortened)
 {
     WriteProject("seq 1 200000; exit 1");
-    const std::string Log = RunLimited("-f 100", "--keep-going --quiet");
+    const std::string Log = RunLimited("-f 100", "run --keep-going --quiet");
     EXPECT_THAT(Log, AllOf(HasSubstr("\n  1\n"), HasSubstr("\n  20000\n"), HasSubstr("\n  200000\n"),
                            HasSubstr(" lines were left out: the temporary folder has no room: File too large]\n"),
                            HasSubstr("exit code 1\n")));
@@ -295,4 +295,22 @@ TEST_F(TEndingTest, ASizeLimitIsAnErrorThatLeavesSourcesWhole)
                                           HasSubstr("exit code 1\n")));
     EXPECT_EQ(ReadFile("a.cs"), Source);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder()), {}), 5) << "something is left";
+
+    WriteFile("other.toml", "#" + Source);
+    EXPECT_THAT(RunLimited("-f 4", "options set host.windows_dir x --options other.toml"),
+                AllOf(HasSubstr("other.toml: File too large\n"), HasSubstr("exit code 2\n")));
+    EXPECT_EQ(ReadFile("other.toml"), "#" + Source);
+}
+
+TEST_F(TEndingTest, OptionsSetAtTheSameTimeAreAllKept)
+{
+    for (int Round = 0; Round < 10; ++Round)
+    {
+        const std::string Value = std::to_string(100 + Round);
+        TRunningProgram First = Start({"options", "set", "host.windows_dir", Value});
+        TRunningProgram Second = Start({"options", "set", "host.script_timeout", Value});
+        EXPECT_EQ(First.Wait().ExitCode + Second.Wait().ExitCode, 0);
+        EXPECT_THAT(ReadFile(OptionsFile()),
+                    AllOf(HasSubstr("windows_dir = \"" + Value + "\""), HasSubstr("script_timeout = " + Value)));
+    }
 }

@@ -159,6 +159,35 @@ TEST_F(MonoTest, WithoutACacheFolderThereIsATemporaryOne)
     ::unsetenv("TMPDIR");
 }
 
+TEST_F(MonoTest, ToolsComeFromNoFolderThatOthersCanWriteTo)
+{
+    const mode_t Before = ::umask(0);
+    const fs::path Folder = ToolFolder();
+    ::umask(Before);
+    for (fs::path Own = Folder; Own != Root; Own = Own.parent_path())
+        EXPECT_EQ(fs::status(Own).permissions(), fs::perms::owner_all) << Own;
+
+    fs::remove(Folder / "csc.exe");
+    Files::Write((Folder / "csc.exe").string(), "poisoned");
+    fs::permissions(Folder, fs::perms::all);
+    EXPECT_EQ(ToolFolder(), Folder);
+    EXPECT_EQ(Files::Read((Folder / "csc.exe").string()), "lib/mono/4.5/mcs.exe"); // made anew
+
+    fs::rename(Folder, Root / "elsewhere");
+    fs::create_symlink(Root / "elsewhere", Folder);
+    EXPECT_NE(ToolFolder(), Folder);
+    fs::remove_all(Cache);
+    fs::create_directory(Cache);
+    fs::permissions(Cache, fs::perms::all);
+    EXPECT_NE(ToolFolder(), Folder);
+    fs::permissions(Cache, fs::perms::owner_all);
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can make another user's folder";
+    fs::create_directories(Folder);
+    ASSERT_EQ(::chown(Folder.c_str(), 65534, 65534), 0);
+    EXPECT_NE(ToolFolder(), Folder);
+}
+
 /// Runs a tool of the real Mono in Root and gives its exit code; what it printed is added to Output.
 int RunTool(const fs::path& Tool, const std::string& Arguments, const fs::path& Folder, std::string& Output)
 {

@@ -1,6 +1,7 @@
 #include "apps/quexley/Answer.h"
 #include "apps/quexley/commands/Commands.h"
 #include "apps/quexley/commands/PropertyTexts.h"
+#include "platform/FolderLock.h"
 #include "runtime/HostErrors.h"
 #include "runtime/Runtime.h"
 #include "runtime/projects/FileFindings.h"
@@ -95,8 +96,10 @@ std::string ListOptions(TQXRuntime& Runtime)
     return AlignColumns(Rows);
 }
 
-int SetOption(TQXRuntime& Runtime, const std::string& Name, const std::string& Text)
+int SetOption(TQXRuntime& Runtime, const std::string& FileName, const std::string& Name, const std::string& Text)
 {
+    // Before the file is read: of two that set an option at once none is to lose what the other one wrote.
+    const TFolderLock Lock(FileName);
     FindOption(Runtime, Name).Set(Text);
     const TOptionsFile& File = Runtime.Options();
     // What no program could read again is not stored.
@@ -114,6 +117,8 @@ int OptionsCommand(const TArguments& Arguments, TQXRuntime& Runtime)
     if (Words.front() == "get" && Words.size() == 2)
         return WriteAnswer(FindOption(Runtime, Words[1]).Get() + "\n");
     if (Words.front() == "set" && Words.size() == 3)
-        return SetOption(Runtime, Words[1], Words[2]);
+        return SetOption(Runtime,
+                         Arguments.OptionsFile.empty() ? TOptionsFile::DefaultFileName() : Arguments.OptionsFile,
+                         Words[1], Words[2]);
     throw EUsageError("options wants \"list\", \"get KEY.NAME\" or \"set KEY.NAME VALUE\"");
 }

@@ -1,5 +1,6 @@
 #include "apps/quexley/Answer.h"
 #include "apps/quexley/commands/Commands.h"
+#include "apps/quexley/commands/LogFile.h"
 #include "apps/quexley/writers/GitHubWriter.h"
 #include "apps/quexley/writers/JsonWriter.h"
 #include "apps/quexley/writers/TeeWriter.h"
@@ -9,11 +10,13 @@
 #include "platform/Paths.h"
 #include "platform/Processes.h"
 #include "runtime/ProjectRunner.h"
+#include "runtime/Runtime.h"
 
 #include <exception>
 #include <memory>
 #include <string>
 #include <system_error>
+#include <vector>
 
 namespace
 {
@@ -120,11 +123,22 @@ int ExitCode(TRunResult Result)
     return SignalExitCode + Termination::Requested();
 }
 
+/// The files that say what a run does.
+std::vector<std::string> InputsOf(const TArguments& Arguments, const TProject& Project, const TOptionsFile& Options)
+{
+    std::vector<std::string> Result = {Project.File, Options.FileName(), Arguments.RegistryFile, Arguments.PackageFile};
+    if (!Options.Host().Registry.empty())
+        Result.push_back(Paths::Expand(Options.Host().Registry, Paths::Folder(Options.FileName())));
+    return Result;
+}
+
 /// Begins a log, does Work with the project's runner, and ends the log, also when Work throws: what was said until
 /// then comes before the reason that the program gives.
-template <typename TWork> TRunResult WithLog(const TArguments& Arguments, TWork Work)
+template <typename TWork> TRunResult WithLog(const TArguments& Arguments, TQXRuntime& Runtime, TWork Work)
 {
     TProject Project = TProject::Load(Arguments.Project);
+    if (!Arguments.LogFile.empty())
+        CheckLogFile(Arguments.LogFile, InputsOf(Arguments, Project, Runtime.Options()), Project);
     TLog Log(Arguments);
     try
     {
@@ -141,17 +155,17 @@ template <typename TWork> TRunResult WithLog(const TArguments& Arguments, TWork 
 }
 } // namespace
 
-int RunCommand(const TArguments& Arguments, TQXRuntime&)
+int RunCommand(const TArguments& Arguments, TQXRuntime& Runtime)
 {
-    return ExitCode(WithLog(Arguments, [](TProjectRunner& Runner, IRunEvents&) {
+    return ExitCode(WithLog(Arguments, Runtime, [](TProjectRunner& Runner, IRunEvents&) {
         Termination::CatchSignals(); // from here on there is something to be put in order before the end
         return Runner.Run();
     }));
 }
 
-int ValidateCommand(const TArguments& Arguments, TQXRuntime&)
+int ValidateCommand(const TArguments& Arguments, TQXRuntime& Runtime)
 {
-    return ExitCode(WithLog(Arguments, [&](TProjectRunner& Runner, IRunEvents& Events) {
+    return ExitCode(WithLog(Arguments, Runtime, [&](TProjectRunner& Runner, IRunEvents& Events) {
         const TRunResult Result = Runner.Validate();
         if (Result == TRunResult::Success && Arguments.Format != TLogFormat::Json)
             Events.Handle(TMessageEvent{0, "The project is valid."});

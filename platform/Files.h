@@ -2,6 +2,7 @@
 // ignoring case, as projects made on Windows need it.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -57,6 +58,10 @@ void RemoveLeftovers(std::string_view Folder);
 [[nodiscard]] bool ForceTrustedFolders(std::string_view Base, std::string_view Below);
 /// Makes a folder for this user alone in one that is there; false also if something is there already.
 [[nodiscard]] bool MakePrivateFolder(std::string_view Path);
+/// Deletes a folder with everything in it; what cannot be deleted stays.
+void DeleteTree(const std::string& Folder);
+/// A number that changes when names in a folder come, go or are replaced; 0 if it is not there.
+[[nodiscard]] std::int64_t FolderStamp(std::string_view Folder);
 /// Whether a file has no write permission at all, whoever asks.
 [[nodiscard]] bool IsReadOnly(std::string_view Path);
 
@@ -80,6 +85,10 @@ void SetCurrentFolder(std::string_view Folder);
 [[nodiscard]] std::string ConfigurationFolder();
 [[nodiscard]] std::string StateFolder();
 [[nodiscard]] std::string CacheFolder();
+/// The folder for files that nobody misses later.
+[[nodiscard]] std::string TemporaryFolder();
+/// Makes a new folder in it for this user alone, its name beginning with Prefix. Throws EFileError.
+[[nodiscard]] std::string MakeTemporaryFolder(std::string_view Prefix);
 } // namespace Files
 
 namespace Environment
@@ -88,4 +97,6 @@ namespace Environment
 [[nodiscard]] bool Get(const std::string& Name, std::string& Value);
 /// The same with the name compared ignoring case everywhere; the exact spelling wins.
 [[nodiscard]] bool GetSame(std::string_view Name, std::string& Value);
+/// The folders in which programs are looked for by their bare name, in that order.
+[[nodiscard]] std::vector<std::string> SearchFolders();
 } // namespace Environment

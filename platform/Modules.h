@@ -15,6 +15,9 @@ public:
 class TModule
 {
 public:
+    /// The file of the module of this name that is installed with the running program.
+    [[nodiscard]] static std::string FileBesideProgram(const std::string& Name);
+
     /// Loads the file, binding all of its symbols at once. Throws EModuleError.
     explicit TModule(const std::string& FileName);
 

@@ -16,7 +16,7 @@
 
 namespace
 {
-constexpr std::string_view PackageBesideProgram = "../lib/QX40DotNetFrameWork.so";
+constexpr const char* PackageName = "QX40DotNetFrameWork";
 
 /// The path as it counts from the folder in which the user stands: a run has another current folder.
 std::string FromHere(const std::string& File)
@@ -83,9 +83,8 @@ THostSetup::THostSetup(const TArguments& Arguments)
     const std::string Registry = FromHere(Arguments.RegistryFile);
     if (!Registry.empty() && !Files::FileExists(Registry))
         throw EHostFileError(Arguments.RegistryFile + ": no such file");
-    const std::string Package = Arguments.PackageFile.empty()
-                                    ? Paths::Expand(PackageBesideProgram, Paths::Folder(Files::ProgramFile()))
-                                    : FromHere(Arguments.PackageFile);
+    const std::string Package =
+        Arguments.PackageFile.empty() ? TModule::FileBesideProgram(PackageName) : FromHere(Arguments.PackageFile);
 
     FRuntime.SetOptionsSource(Remember([File = FromHere(Arguments.OptionsFile)] {
         return TOptionsFile::Load(File.empty() ? TOptionsFile::DefaultFileName() : File, !File.empty());

@@ -158,6 +158,20 @@ bool Files::MakePrivateFolder(std::string_view Path)
     return MakeFolder(SystemPath(Path), S_IRWXU);
 }
 
+void Files::DeleteTree(const std::string& Folder)
+{
+    std::error_code Error;
+    std::filesystem::remove_all(Folder, Error);
+}
+
+std::int64_t Files::FolderStamp(std::string_view Folder)
+{
+    struct stat Status = {};
+    constexpr std::int64_t NanosecondsInSecond = 1'000'000'000;
+    return GetStatus(SystemPath(Folder), Status) ? Status.st_mtim.tv_sec * NanosecondsInSecond + Status.st_mtim.tv_nsec
+                                                 : 0;
+}
+
 std::string Files::CurrentFolder()
 {
     char Buffer[PATH_MAX];
@@ -193,10 +207,39 @@ std::string Files::CacheFolder()
     return BaseFolder("XDG_CACHE_HOME", ".cache");
 }
 
+std::string Files::TemporaryFolder()
+{
+    std::string Folder;
+    return Environment::Get("TMPDIR", Folder) && !Folder.empty() ? Folder : "/tmp";
+}
+
+std::string Files::MakeTemporaryFolder(std::string_view Prefix)
+{
+    std::string Folder = Paths::Join(TemporaryFolder(), std::string(Prefix) + "-XXXXXX");
+    if (::mkdtemp(Folder.data()) == nullptr || ::chmod(Folder.c_str(), S_IRWXU) != 0)
+        throw SystemError(Folder);
+    return Folder;
+}
+
 bool Environment::Get(const std::string& Name, std::string& Value)
 {
     const char* Found = std::getenv(Name.c_str());
     if (Found != nullptr)
         Value = Found;
     return Found != nullptr;
+}
+
+std::vector<std::string> Environment::SearchFolders()
+{
+    std::vector<std::string> Result;
+    std::string Folders;
+    if (!Get("PATH", Folders))
+        return Result;
+    for (std::size_t Begin = 0; Begin < Folders.size();)
+    {
+        const std::size_t End = std::min(Folders.find(':', Begin), Folders.size());
+        Result.push_back(Folders.substr(Begin, End - Begin));
+        Begin = End + 1;
+    }
+    return Result;
 }

@@ -1,5 +1,8 @@
 #include "platform/Modules.h"
 
+#include "platform/Files.h"
+#include "platform/Paths.h"
+
 #include <dlfcn.h>
 
 #include <string_view>
@@ -17,6 +20,11 @@ std::string LastReason(const std::string& FileName)
     return Reason;
 }
 } // namespace
+
+std::string TModule::FileBesideProgram(const std::string& Name)
+{
+    return Paths::Expand("../lib/" + Name + ".so", Paths::Folder(Files::ProgramFile()));
+}
 
 TModule::TModule(const std::string& FileName)
     : FFileName(FileName), FHandle(::dlopen(FileName.c_str(), RTLD_NOW | RTLD_LOCAL))

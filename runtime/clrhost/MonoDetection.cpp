@@ -1,11 +1,9 @@
 #include "runtime/clrhost/MonoDetection.h"
 
 #include "platform/Files.h"
+#include "platform/Links.h"
 #include "platform/Paths.h"
 #include "runtime/clrhost/MonoToolFolder.h"
-
-#include <algorithm>
-#include <filesystem>
 
 namespace
 {
@@ -28,10 +26,9 @@ void AddPrefixesOf(const std::string& Folder, std::vector<std::string>& Prefixes
     const std::string Program = Paths::Join(Folder, "mono");
     if (!Paths::IsAbsolute(Folder) || !Files::FileExists(Program))
         return;
-    std::error_code Error;
-    const std::string Real = std::filesystem::canonical(Program, Error).string();
+    const std::string Real = Links::Resolve(Program);
     Prefixes.push_back(Paths::WithoutTrailing(Paths::Normalise(Paths::Join(Folder, ".."))));
-    if (!Error)
+    if (!Real.empty())
         Prefixes.push_back(Paths::WithoutTrailing(Paths::Normalise(Paths::Join(Paths::Folder(Real), ".."))));
 }
 
@@ -59,14 +56,8 @@ std::vector<std::string> FoldersIn(const std::string& Folder)
 std::vector<std::string> MonoPrefixes()
 {
     std::vector<std::string> Result;
-    std::string Folders;
-    if (Environment::Get("PATH", Folders))
-        for (std::size_t Begin = 0; Begin < Folders.size();)
-        {
-            const std::size_t End = std::min(Folders.find(':', Begin), Folders.size());
-            AddPrefixesOf(Folders.substr(Begin, End - Begin), Result);
-            Begin = End + 1;
-        }
+    for (const std::string& Folder : Environment::SearchFolders())
+        AddPrefixesOf(Folder, Result);
     Result.insert(Result.end(), {"/usr", "/usr/local"});
     return Result;
 }

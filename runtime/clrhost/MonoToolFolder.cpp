@@ -1,17 +1,14 @@
 #include "runtime/clrhost/MonoToolFolder.h"
 
 #include "platform/Files.h"
+#include "platform/Links.h"
 #include "platform/Paths.h"
 
 #include <fmt/format.h>
 
 #include <array>
-#include <filesystem>
 #include <functional>
 #include <map>
-#include <random>
-
-namespace fs = std::filesystem;
 
 namespace
 {
@@ -32,12 +29,6 @@ constexpr std::array ToolNames{
 };
 /// Written last: with it, a folder is complete for the state of the installation that it names.
 constexpr std::string_view MarkerName = ".complete";
-
-std::uint64_t RandomNumber()
-{
-    std::random_device Device;
-    return (std::uint64_t{Device()} << 32U) | Device();
-}
 
 /// Where each name of the tool folder leads.
 std::map<std::string, std::string> WantedLinks(const std::string& Profile)
@@ -63,32 +54,18 @@ std::string StateOf(const std::string& Profile)
 {
     std::string Result = Profile + "\n";
     for (const std::string& Folder : {Profile, Paths::Expand("../xbuild/14.0/bin", Profile)})
-    {
-        std::error_code Error;
-        const auto Time = fs::last_write_time(Folder, Error);
-        Result += fmt::format("{}\n", Error ? 0 : Time.time_since_epoch().count());
-    }
+        Result += fmt::format("{}\n", Files::FolderStamp(Folder));
     return Result;
 }
 
 bool IsComplete(const std::string& Folder, const std::string& State)
 {
     const std::string Marker = Paths::Join(Folder, MarkerName);
-    return fs::exists(Paths::Join(Folder, "csc.exe")) && Files::FileExists(Marker) && Files::Read(Marker) == State;
+    return Files::FileExists(Paths::Join(Folder, "csc.exe")) && Files::FileExists(Marker) &&
+           Files::Read(Marker) == State;
 }
 
-/// Puts the link in place whatever stood there; another run that does the same does no harm.
-void PlaceLink(const fs::path& Link, const fs::path& Target)
-{
-    std::error_code Error;
-    if (fs::read_symlink(Link, Error) == Target)
-        return;
-    const fs::path Temporary = fmt::format("{}.{:016x}", Link.string(), RandomNumber());
-    fs::create_symlink(Target, Temporary);
-    fs::rename(Temporary, Link);
-}
-
-/// Completes a folder. Throws std::runtime_error.
+/// Completes a folder. Throws EFileError.
 void FillFolder(const std::string& Folder, const std::string& Profile)
 {
     const std::string State = StateOf(Profile);
@@ -96,19 +73,16 @@ void FillFolder(const std::string& Folder, const std::string& Profile)
         return;
     const std::map<std::string, std::string> Wanted = WantedLinks(Profile);
     for (const auto& [Name, Target] : Wanted)
-        PlaceLink(Paths::Join(Folder, Name), Target);
-    for (const fs::directory_entry& Entry : fs::directory_iterator(Folder))
-        if (std::error_code Error; fs::is_symlink(Entry.symlink_status(Error)) && !fs::exists(Entry.path(), Error))
-            fs::remove(Entry.path(), Error); // a tool that Mono has no more
+        Links::Place(Paths::Join(Folder, Name), Target);
+    Links::RemoveDead(Folder); // tools that Mono has no more
     Files::ReplaceContent(Paths::Join(Folder, MarkerName), State, Files::TFlush::No);
 }
 } // namespace
 
 TMonoToolFolder::~TMonoToolFolder()
 {
-    std::error_code Error;
     if (!FTemporary.empty())
-        fs::remove_all(FTemporary, Error);
+        Files::DeleteTree(FTemporary);
 }
 
 std::string TMonoToolFolder::VersionName() const
@@ -122,18 +96,18 @@ const std::string& TMonoToolFolder::Path() const
         return FPath;
     try
     {
-        const fs::path Cache = Files::CacheFolder();
-        if (!Cache.is_absolute())
-            throw std::runtime_error("there is no cache folder");
+        const std::string Cache = Files::CacheFolder();
+        if (!Paths::IsAbsolute(Cache))
+            throw EFileError(Cache, "the cache folder is not an absolute path");
         const std::string Installation = fmt::format("{:016x}", std::hash<std::string>()(Paths::Folder(FProfile)));
         const std::string Below = fmt::format("quexley/mono/{}/{}", Installation, VersionName());
-        const fs::path Folder = Cache / Below;
-        if (!Files::ForceTrustedFolders(Cache.string(), Below))
-            throw std::runtime_error("others could put their own tools there");
-        FillFolder(Folder.string(), FProfile);
-        FPath = Folder.string();
+        const std::string Folder = Paths::Join(Cache, Below);
+        if (!Files::ForceTrustedFolders(Cache, Below))
+            throw EFileError(Folder, "others could put their own tools there");
+        FillFolder(Folder, FProfile);
+        FPath = Folder;
     }
-    catch (const std::runtime_error&)
+    catch (const EFileError&)
     {
         FPath = MakeTemporary();
     }
@@ -144,17 +118,14 @@ std::string TMonoToolFolder::MakeTemporary() const
 {
     try
     {
-        const fs::path Folder = fs::temp_directory_path() / fmt::format("quexley-mono-{:016x}", RandomNumber());
-        if (!Files::MakePrivateFolder(Folder.string()))
+        FTemporary = Files::MakeTemporaryFolder("quexley-mono");
+        std::string Tools = Paths::Join(FTemporary, VersionName());
+        if (!Files::MakePrivateFolder(Tools))
             return FProfile;
-        FTemporary = Folder.string();
-        const fs::path Tools = Folder / VersionName();
-        if (!Files::MakePrivateFolder(Tools.string()))
-            return FProfile;
-        FillFolder(Tools.string(), FProfile);
-        return Tools.string();
+        FillFolder(Tools, FProfile);
+        return Tools;
     }
-    catch (const std::runtime_error&)
+    catch (const EFileError&)
     {
         return FProfile;
     }

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstddef>
 #include <system_error>
 #include <utility>
@@ -12,8 +11,6 @@ namespace
 {
 constexpr std::size_t MostInMemory = 256 * 1024;
 } // namespace
-
-TSpillBuffer::TSpillBuffer() : FFile(nullptr, &std::fclose) {}
 
 void TSpillBuffer::Append(std::string_view Text)
 {
@@ -26,26 +23,24 @@ void TSpillBuffer::MakeRoom()
 {
     if (!FProblem.empty())
         DropLines();
-    else if (Spill())
-        FMemory.clear();
-    else
+    else if (const std::error_code Error = Spill())
     {
-        FProblem = std::generic_category().message(errno);
+        FProblem = Error.message();
         FHead = std::exchange(FMemory, {});
     }
+    else
+        FMemory.clear();
 }
 
-bool TSpillBuffer::Spill()
+std::error_code TSpillBuffer::Spill()
 {
-    if (!FFile)
-        FFile.reset(std::tmpfile());
-    if (!FFile)
-        return false;
-    std::setvbuf(FFile.get(), nullptr, _IONBF, 0);
-    if (std::fwrite(FMemory.data(), 1, FMemory.size(), FFile.get()) != FMemory.size())
-        return false;
+    if (!FFile.IsOpen())
+        if (const std::error_code Error = FFile.Create())
+            return Error;
+    if (const std::error_code Error = FFile.Write(FMemory))
+        return Error;
     FInFile += FMemory.size();
-    return true;
+    return {};
 }
 
 /// Forgets the older half of the lines in memory.
@@ -59,13 +54,13 @@ void TSpillBuffer::DropLines()
 
 void TSpillBuffer::MoveTo(TOutput& Output)
 {
-    if (FFile)
+    if (FFile.IsOpen())
     {
-        std::rewind(FFile.get());
+        FFile.Rewind();
         std::string Block(MostInMemory, '\0');
         for (std::size_t Size = 0; FInFile > 0; FInFile -= Size)
         {
-            Size = std::fread(Block.data(), 1, std::min(Block.size(), FInFile), FFile.get());
+            Size = FFile.Read(Block.data(), std::min(Block.size(), FInFile));
             if (Size == 0)
                 break;
             Output.Append(std::string_view(Block).substr(0, Size));
@@ -84,6 +79,6 @@ void TSpillBuffer::Clear()
     FMemory.clear();
     FHead.clear();
     FProblem.clear();
-    FFile.reset();
+    FFile.Close();
     FInFile = FDropped = 0;
 }

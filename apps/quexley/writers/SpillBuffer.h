@@ -1,9 +1,8 @@
 #pragma once
 
 #include "apps/quexley/writers/Output.h"
+#include "platform/SpillFile.h"
 
-#include <cstdio>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -12,7 +11,6 @@
 class TSpillBuffer
 {
 public:
-    TSpillBuffer();
     void Append(std::string_view Text);
     /// Brings what was held back to Output and forgets it.
     void MoveTo(TOutput& Output);
@@ -20,10 +18,10 @@ public:
 
 private:
     void MakeRoom();
-    [[nodiscard]] bool Spill();
+    [[nodiscard]] std::error_code Spill();
     void DropLines();
 
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> FFile;
+    TSpillFile FFile;
     std::size_t FInFile = 0;
     std::string FHead; ///< what did not fit into the file first
     std::string FMemory;

@@ -6,12 +6,15 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
-# The program finds its libraries and its package beside itself, in the build tree as when installed. A run path of the
-# build tree alone would be filled up with empty entries, which are the current folder.
+if(WIN32)
+    set(QUEXLEY_SYSTEM win32)
+else()
+    set(QUEXLEY_SYSTEM posix)
+endif()
+include(${CMAKE_SOURCE_DIR}/platform/${QUEXLEY_SYSTEM}/Linking.cmake)
+
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
-set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
-set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib")
 
 find_program(QUEXLEY_CCACHE ccache)
 if(QUEXLEY_CCACHE)

@@ -26,22 +26,34 @@ std::string Between(const std::string& Text, char Open, char Close)
     return End == std::string::npos ? std::string() : Text.substr(Start + 1, End - Start - 1);
 }
 
+bool IsSource(const fs::path& File)
+{
+    const std::string Extension = File.extension().string();
+    return Extension == ".cpp" || Extension == ".h" || Extension == ".cc" || File.filename() == "CMakeLists.txt";
+}
+
+/// Calls Use with each line of the sources and build files below a folder, and with the file's name.
+template <typename TUse> void ForEachLine(const fs::path& Root, const std::string& Folder, TUse Use)
+{
+    for (const auto& Entry : fs::recursive_directory_iterator(Root / Folder))
+    {
+        if (!IsSource(Entry.path()))
+            continue;
+        std::ifstream Stream(Entry.path());
+        for (std::string Line; std::getline(Stream, Line);)
+            Use(fs::relative(Entry.path(), Root).string(), Line);
+    }
+}
+
 std::vector<TInclude> IncludesBelow(const fs::path& Root, const std::string& Layer)
 {
     std::vector<TInclude> Result;
-    for (const auto& Entry : fs::recursive_directory_iterator(Root / Layer))
-    {
-        const std::string Extension = Entry.path().extension().string();
-        if (Extension != ".cpp" && Extension != ".h")
-            continue;
-        const std::string File = fs::relative(Entry.path(), Root).string();
-        std::ifstream Stream(Entry.path());
-        for (std::string Line; std::getline(Stream, Line);)
-            if (Line.starts_with("#include <"))
-                Result.push_back({File, Between(Line, '<', '>'), false});
-            else if (Line.starts_with("#include \""))
-                Result.push_back({File, Between(Line, '"', '"'), true});
-    }
+    ForEachLine(Root, Layer, [&](const std::string& File, const std::string& Line) {
+        if (Line.starts_with("#include <"))
+            Result.push_back({File, Between(Line, '<', '>'), false});
+        else if (Line.starts_with("#include \""))
+            Result.push_back({File, Between(Line, '"', '"'), true});
+    });
     return Result;
 }
 
@@ -67,7 +79,7 @@ struct TLayer
 const std::vector<TLayer> Layers = {
     {"host", {"host/"}, {}},
     {"platform", {"platform/"}, {"*"}},
-    {"runtime", {"host/", "platform/", "runtime/"}, {"fmt/", "toml++/", "duktape.h"}},
+    {"runtime", {"host/", "platform/", "runtime/"}, {"fmt/", "toml++/", "duktape."}},
     {"package", {"host/", "platform/", "package/"}, {}},
     {"apps/quexley", {"host/", "platform/", "runtime/", "apps/quexley/"}, {"fmt/", "CLI/", "nlohmann/"}},
 };
@@ -75,9 +87,15 @@ const std::vector<TLayer> Layers = {
 /// Libraries that one place alone knows.
 const std::vector<std::pair<std::string, std::string>> Rooms = {
     {"toml++/", "runtime/projects/Toml"},
-    {"duktape.h", "runtime/scripting/"},
+    {"duktape.", "runtime/scripting/"},
     {"libxml/", "platform/Xml"},
     {"uv.h", "platform/"},
+};
+
+/// What systems differ in, by which it is called.
+const std::vector<std::string> WordsOfSystems = {
+    "fopen(",  "tmpfile(", "getenv(",  "<filesystem>", "std::filesystem",
+    "symlink", ".so\"",    "\"PATH\"", "-Wl,",         "-fvisibility",
 };
 } // namespace
 
@@ -109,4 +127,13 @@ TEST(Layers, ALibraryIsKnownInOneRoom)
                 {
                     EXPECT_TRUE(Include.File.starts_with(Room)) << Include.File << " includes " << Include.Path;
                 }
+}
+
+TEST(Layers, WhatSystemsDifferInStandsInPlatform)
+{
+    for (const std::string Folder : {"host", "runtime", "package", "apps"})
+        ForEachLine(QUEXLEY_SOURCE_DIR, Folder, [](const std::string& File, const std::string& Line) {
+            for (const std::string& Word : WordsOfSystems)
+                EXPECT_EQ(Line.find(Word), std::string::npos) << File << ": " << Line;
+        });
 }

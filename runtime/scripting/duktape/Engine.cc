@@ -1,5 +1,5 @@
 // The script engine, compiled as C++ with our settings, and what needs to see inside it.
-#include "duktape.c"
+#include <duktape.c>
 
 #include "runtime/scripting/duktape/CurrentLine.h"
 

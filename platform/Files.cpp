@@ -2,6 +2,7 @@
 
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 
@@ -10,12 +11,7 @@ namespace
 /// The length of the character at Index of a text in UTF-8; a malformed byte counts as one.
 std::size_t CharacterLength(std::string_view Text, std::size_t Index)
 {
-    const auto IsTrail = [](char Byte) { return (static_cast<unsigned char>(Byte) & 0xC0) == 0x80; };
-    std::size_t End = Index + 1;
-    if (static_cast<unsigned char>(Text[Index]) >= 0xC0)
-        while (End < Text.size() && IsTrail(Text[End]))
-            ++End;
-    return End - Index;
+    return std::max<std::size_t>(Text::CharacterLength(Text.substr(Index)), 1);
 }
 
 /// A character set of a mask, `[a-z]` or `[!a-z]`.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Text.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -20,7 +22,6 @@ private:
     template <typename TDeliver> static void DeliverLine(std::string_view Line, const TDeliver& Deliver);
     template <typename TDeliver>
     static std::string_view DeliverPieces(std::string_view Text, std::size_t Limit, const TDeliver& Deliver);
-    static std::size_t PieceLength(std::string_view Text);
 
     std::string FRest;
 };
@@ -67,26 +68,9 @@ std::string_view TLineSplitter::DeliverPieces(std::string_view Text, std::size_t
 {
     while (Text.size() > Limit)
     {
-        const std::size_t Length = PieceLength(Text);
+        const std::size_t Length = Text::CutLength(Text, MaximumLength);
         Deliver(Text.substr(0, Length));
         Text.remove_prefix(Length);
     }
     return Text;
-}
-
-/// The length of the first piece: no UTF-8 character is cut in two, unless the bytes are none.
-inline std::size_t TLineSplitter::PieceLength(std::string_view Text)
-{
-    constexpr std::size_t LongestTail = 3;
-    constexpr unsigned char FirstTail = 0x80;
-    constexpr unsigned char FirstLead = 0xC0;
-    for (std::size_t Back = 0; Back <= LongestTail; ++Back)
-    {
-        const auto Byte = static_cast<unsigned char>(Text[MaximumLength - Back]);
-        if (Byte >= FirstLead)
-            return MaximumLength - Back;
-        if (Byte < FirstTail)
-            break;
-    }
-    return MaximumLength;
 }

@@ -3,7 +3,6 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -223,10 +222,10 @@ private:
         unsigned Type = BinaryType;
         if (Skip('('))
         {
-            const std::string_view Digits = TakeHexDigits();
-            const auto Result = std::from_chars(Digits.data(), Digits.data() + Digits.size(), Type, 16);
-            if (Result.ec != std::errc() || !Skip(')'))
+            const auto Number = Text::ParseWhole<unsigned>(TakeHexDigits(), 16);
+            if (!Number || !Skip(')'))
                 Fail("expected a type in parentheses behind \"hex\"");
+            Type = *Number;
         }
         if (!Skip(':'))
             Fail("expected \":\" behind \"hex\"");
@@ -245,12 +244,11 @@ private:
             if (AtLineEnd() || Current() == ';')
                 return Bytes;
             const std::string_view Digits = TakeHexDigits();
-            unsigned char Byte = 0;
-            std::from_chars(Digits.data(), Digits.data() + Digits.size(), Byte, 16);
-            if (Digits.empty() || Digits.size() > 2)
+            const auto Byte = Text::ParseWhole<unsigned char>(Digits, 16);
+            if (!Byte || Digits.size() > 2)
                 Fail("a byte needs one or two hexadecimal digits");
             if (Keep)
-                Bytes += static_cast<char>(Byte);
+                Bytes += static_cast<char>(*Byte);
             SkipBlanks();
             if (!Skip(',') && !AtLineEnd() && Current() != ';' && Current() != '\\')
                 Fail("expected a comma between two bytes");

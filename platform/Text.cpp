@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -59,55 +60,6 @@ constexpr TLeadRange LeadRanges[] = {
     {0xEE, 0xEF, 3, 0x80, 0xBF}, {0xF0, 0xF0, 4, 0x90, 0xBF}, {0xF1, 0xF3, 4, 0x80, 0xBF}, {0xF4, 0xF4, 4, 0x80, 0x8F},
 };
 
-/// The length of the well-formed character at the start of Bytes, which are not empty; 0 for a malformed one.
-std::size_t CharacterLength(std::string_view Bytes)
-{
-    const auto At = [&](std::size_t Index) { return static_cast<unsigned char>(Bytes[Index]); };
-    if (At(0) < 0x80)
-        return 1;
-    const auto* Range = std::find_if(std::begin(LeadRanges), std::end(LeadRanges),
-                                     [&](const TLeadRange& Item) { return At(0) >= Item.First && At(0) <= Item.Last; });
-    if (Range == std::end(LeadRanges) || Bytes.size() < Range->Length || At(1) < Range->SecondFirst ||
-        At(1) > Range->SecondLast)
-        return 0;
-    for (std::size_t Index = 2; Index < Range->Length; ++Index)
-        if ((At(Index) & 0xC0) != 0x80)
-            return 0;
-    return Range->Length;
-}
-
-/// The character of a well-formed sequence.
-char32_t Character(std::string_view Sequence)
-{
-    constexpr unsigned char LeadMasks[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
-    char32_t Result = static_cast<unsigned char>(Sequence[0]) & LeadMasks[Sequence.size()];
-    for (const char Byte : Sequence.substr(1))
-        Result = (Result << 6) | (static_cast<unsigned char>(Byte) & 0x3FU);
-    return Result;
-}
-
-void Append(std::string& Text, char32_t Character)
-{
-    const auto Add = [&Text](char32_t Byte) { Text += static_cast<char>(Byte); };
-    const auto AddTrail = [&](unsigned Shift) { Add(0x80 | ((Character >> Shift) & 0x3F)); };
-    if (Character < 0x80)
-        return Add(Character);
-    if (Character < 0x800)
-    {
-        Add(0xC0 | (Character >> 6));
-        return AddTrail(0);
-    }
-    if (Character < 0x10000)
-        Add(0xE0 | (Character >> 12));
-    else
-    {
-        Add(0xF0 | (Character >> 18));
-        AddTrail(12);
-    }
-    AddTrail(6);
-    AddTrail(0);
-}
-
 /// The byte that stands for a character in Windows-1252.
 std::optional<char> Windows1252Byte(char32_t Code)
 {
@@ -155,7 +107,7 @@ std::string Text::FoldCase(std::string_view Text)
         if (Length == 0)
             Result += Text.front();
         else
-            Append(Result, LowerCharacter(Character(Text.substr(0, Length))));
+            AppendCodePoint(Result, LowerCharacter(CodePoint(Text.substr(0, Length))));
         Text.remove_prefix(std::max<std::size_t>(Length, 1));
     }
     return Result;
@@ -193,16 +145,92 @@ bool Text::IsAscii(std::string_view Text)
     return AsciiLength(Text) == Text.size();
 }
 
+std::size_t Text::ValidLength(std::string_view Text)
+{
+    std::size_t Result = AsciiLength(Text);
+    while (Result < Text.size())
+    {
+        const std::size_t Length = CharacterLength(Text.substr(Result));
+        if (Length == 0)
+            return Result;
+        Result += Length;
+        Result += AsciiLength(Text.substr(Result));
+    }
+    return Result;
+}
+
 bool Text::IsValidUtf8(std::string_view Text)
 {
-    for (Text.remove_prefix(AsciiLength(Text)); !Text.empty(); Text.remove_prefix(AsciiLength(Text)))
+    return ValidLength(Text) == Text.size();
+}
+
+std::size_t Text::CharacterLength(std::string_view Text)
+{
+    const auto At = [&](std::size_t Index) { return static_cast<unsigned char>(Text[Index]); };
+    if (At(0) < 0x80)
+        return 1;
+    const auto* Range = std::find_if(std::begin(LeadRanges), std::end(LeadRanges),
+                                     [&](const TLeadRange& Item) { return At(0) >= Item.First && At(0) <= Item.Last; });
+    if (Range == std::end(LeadRanges) || Text.size() < Range->Length || At(1) < Range->SecondFirst ||
+        At(1) > Range->SecondLast)
+        return 0;
+    for (std::size_t Index = 2; Index < Range->Length; ++Index)
+        if ((At(Index) & 0xC0) != 0x80)
+            return 0;
+    return Range->Length;
+}
+
+std::size_t Text::CountCharacters(std::string_view Text)
+{
+    return static_cast<std::size_t>(std::count_if(Text.begin(), Text.end(), std::not_fn(IsTrailByte)));
+}
+
+std::string_view Text::FirstCharacters(std::string_view Text, std::size_t Count)
+{
+    for (std::size_t Index = 0; Index < Text.size(); ++Index)
+        if (!IsTrailByte(Text[Index]) && Count-- == 0)
+            return Text.substr(0, Index);
+    return Text;
+}
+
+std::size_t Text::CutLength(std::string_view Text, std::size_t Limit)
+{
+    constexpr std::size_t LongestTail = 3;
+    for (std::size_t Length = Limit; Length > 0 && Limit - Length <= LongestTail; --Length)
+        if (!IsTrailByte(Text[Length]))
+            return static_cast<unsigned char>(Text[Length]) < 0x80 ? Limit : Length;
+    return Limit;
+}
+
+char32_t Text::CodePoint(std::string_view Sequence)
+{
+    constexpr unsigned char LeadMasks[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
+    char32_t Result = static_cast<unsigned char>(Sequence[0]) & LeadMasks[Sequence.size()];
+    for (const char Byte : Sequence.substr(1))
+        Result = (Result << 6) | (static_cast<unsigned char>(Byte) & 0x3FU);
+    return Result;
+}
+
+void Text::AppendCodePoint(std::string& Text, char32_t Code)
+{
+    const auto Add = [&Text](char32_t Byte) { Text += static_cast<char>(Byte); };
+    const auto AddTrail = [&](unsigned Shift) { Add(0x80 | ((Code >> Shift) & 0x3F)); };
+    if (Code < 0x80)
+        return Add(Code);
+    if (Code < 0x800)
     {
-        const std::size_t Length = CharacterLength(Text);
-        if (Length == 0)
-            return false;
-        Text.remove_prefix(Length);
+        Add(0xC0 | (Code >> 6));
+        return AddTrail(0);
     }
-    return true;
+    if (Code < 0x10000)
+        Add(0xE0 | (Code >> 12));
+    else
+    {
+        Add(0xF0 | (Code >> 18));
+        AddTrail(12);
+    }
+    AddTrail(6);
+    AddTrail(0);
 }
 
 std::string Text::MakeValidUtf8(std::string_view Text)
@@ -216,7 +244,7 @@ std::string Text::MakeValidUtf8(std::string_view Text)
             Length = CharacterLength(Text);
         Result.append(Text, 0, Length);
         if (Length == 0)
-            Append(Result, Replacement);
+            AppendCodePoint(Result, Replacement);
         Text.remove_prefix(std::max<std::size_t>(Length, 1));
     }
     return Result;
@@ -239,14 +267,14 @@ std::string Text::FromUtf16(std::string_view Bytes, bool BigEndian)
     {
         if (IsSurrogate(Index, 0xD800) && IsSurrogate(Index + 1, 0xDC00))
         {
-            Append(Result, 0x10000 + ((Unit(Index) & 0x3FF) << 10) + (Unit(Index + 1) & 0x3FF));
+            AppendCodePoint(Result, 0x10000 + ((Unit(Index) & 0x3FF) << 10) + (Unit(Index + 1) & 0x3FF));
             ++Index;
         }
         else
-            Append(Result, (Unit(Index) & 0xF800) == 0xD800 ? Replacement : Unit(Index));
+            AppendCodePoint(Result, (Unit(Index) & 0xF800) == 0xD800 ? Replacement : Unit(Index));
     }
     if (Bytes.size() % 2 != 0)
-        Append(Result, Replacement);
+        AppendCodePoint(Result, Replacement);
     return Result;
 }
 
@@ -257,7 +285,7 @@ std::string Text::FromWindows1252(std::string_view Bytes)
     for (const char Item : Bytes)
     {
         const auto Byte = static_cast<unsigned char>(Item);
-        Append(Result, Byte >= 0x80 && Byte < 0xA0 ? char32_t{Windows1252[Byte - 0x80]} : char32_t{Byte});
+        AppendCodePoint(Result, Byte >= 0x80 && Byte < 0xA0 ? char32_t{Windows1252[Byte - 0x80]} : char32_t{Byte});
     }
     return Result;
 }
@@ -268,7 +296,7 @@ std::optional<std::string> Text::ToWindows1252(std::string_view Text)
     while (!Text.empty())
     {
         const std::size_t Length = CharacterLength(Text);
-        const auto Byte = Length == 0 ? std::nullopt : Windows1252Byte(Character(Text.substr(0, Length)));
+        const auto Byte = Length == 0 ? std::nullopt : Windows1252Byte(CodePoint(Text.substr(0, Length)));
         if (!Byte)
             return std::nullopt;
         Result += *Byte;

@@ -1,10 +1,12 @@
 // Helpers over UTF-8 text.
 #pragma once
 
+#include <charconv>
 #include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace Text
 {
@@ -21,8 +23,34 @@ namespace Text
 /// Every occurrence of From replaced by To.
 [[nodiscard]] std::string Replace(std::string_view Text, std::string_view From, std::string_view To);
 
+/// The whole number that all of Text is, in digits of Base; none for another text or what T does not hold.
+template <typename T> [[nodiscard]] std::optional<T> ParseWhole(std::string_view Text, int Base = 10)
+{
+    T Result{};
+    const char* End = Text.data() + Text.size();
+    const auto [Stop, Error] = std::from_chars(Text.data(), End, Result, Base);
+    return Error == std::errc() && Stop == End ? std::optional(Result) : std::nullopt;
+}
+
 [[nodiscard]] bool IsAscii(std::string_view Text);
 [[nodiscard]] bool IsValidUtf8(std::string_view Text);
+/// How many bytes at the beginning are valid UTF-8.
+[[nodiscard]] std::size_t ValidLength(std::string_view Text);
+/// Whether a byte goes on with a character of UTF-8.
+[[nodiscard]] constexpr bool IsTrailByte(char Byte)
+{
+    return (static_cast<unsigned char>(Byte) & 0xC0U) == 0x80U;
+}
+/// The length of the well-formed character at the start of Text, which is not empty; 0 for a malformed one.
+[[nodiscard]] std::size_t CharacterLength(std::string_view Text);
+[[nodiscard]] std::size_t CountCharacters(std::string_view Text);
+/// The text's first characters.
+[[nodiscard]] std::string_view FirstCharacters(std::string_view Text, std::size_t Count);
+/// The most bytes up to Limit, which Text exceeds, that cut no character in two; Limit where the bytes are no UTF-8.
+[[nodiscard]] std::size_t CutLength(std::string_view Text, std::size_t Limit);
+/// The code point of a well-formed character, and the character of a code point or surrogate at the end of Text.
+[[nodiscard]] char32_t CodePoint(std::string_view Sequence);
+void AppendCodePoint(std::string& Text, char32_t Code);
 /// With each malformed byte replaced by U+FFFD.
 [[nodiscard]] std::string MakeValidUtf8(std::string_view Text);
 /// The bytes of a text file as UTF-8: an encoding mark (UTF-8, UTF-16 of either order) decides and is

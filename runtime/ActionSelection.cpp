@@ -2,20 +2,16 @@
 
 #include "platform/Text.h"
 #include "runtime/HostErrors.h"
+#include "runtime/NearestName.h"
 
 #include <fmt/format.h>
-
-#include <algorithm>
-#include <charconv>
 
 namespace
 {
 /// The number that a text is, if an action has it: names may be numbers too, and numbers go first.
 bool IsNumberOf(const TProjectAction& Action, std::string_view Text)
 {
-    int Number = 0;
-    const auto [End, Error] = std::from_chars(Text.data(), Text.data() + Text.size(), Number);
-    return Error == std::errc() && End == Text.data() + Text.size() && Number == Action.Index;
+    return Text::ParseWhole<int>(Text) == Action.Index;
 }
 
 using TMatch = bool (*)(const TProjectAction& Action, std::string_view Text);
@@ -29,16 +25,10 @@ constexpr TMatch Matches[] = {
 
 [[noreturn]] void ThrowUnknown(const TProject& Project, std::string_view Text)
 {
-    const TProjectAction* Nearest = nullptr;
-    std::size_t Distance = Text.size() / 2 + 1;
+    std::vector<std::string_view> Names;
     for (const TProjectAction& Action : Project.Actions)
-        if (const std::size_t Edits = Text::EditDistance(Text::Lower(Text), Text::Lower(Action.Name)); Edits < Distance)
-        {
-            Distance = Edits;
-            Nearest = &Action;
-        }
-    const std::string Advice = Nearest ? fmt::format("; did you mean \"{}\"?", Nearest->Name) : std::string();
-    throw EUsageError(fmt::format("the project has no action \"{}\"{}", Text, Advice));
+        Names.push_back(Action.Name);
+    throw EUsageError(fmt::format("the project has no action \"{}\"{}", Text, DidYouMean(Text, Names)));
 }
 
 /// The places of all actions of this number or name.

@@ -2,14 +2,13 @@
 
 #include "host/QXStringList.h"
 #include "platform/Files.h"
+#include "platform/Links.h"
 #include "platform/Paths.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 
-#include <charconv>
 #include <cstdint>
-#include <filesystem>
-#include <system_error>
 
 namespace
 {
@@ -24,9 +23,8 @@ std::uint64_t Hash(std::string_view Text)
 
 std::string BehindLinks(const std::string& FileName)
 {
-    std::error_code Error;
-    const std::filesystem::path Result = std::filesystem::canonical(FileName, Error);
-    return Error ? FileName : Result.string();
+    const std::string Result = Links::Resolve(FileName);
+    return Result.empty() ? FileName : Result;
 }
 } // namespace
 
@@ -44,9 +42,7 @@ std::optional<TResumeNote::TPlace> TResumeNote::Read() const
     Lines.SetText(Files::Read(FFileName));
     if (Lines.Count() < 3 || Lines[0] != FProjectFile)
         return std::nullopt;
-    TPlace Place{0, Lines[2]};
-    std::from_chars(Lines[1].data(), Lines[1].data() + Lines[1].size(), Place.Index);
-    return Place;
+    return TPlace{Text::ParseWhole<int>(Lines[1]).value_or(0), Lines[2]};
 }
 
 // The file is made once and then rewritten in one piece: making a file for each action can take longer than a tool.

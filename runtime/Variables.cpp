@@ -23,15 +23,19 @@ bool IsNamePart(char Character)
     return IsNameStart(Character) || (Character >= '0' && Character <= '9') || Character == '.';
 }
 
+/// How much at the beginning of Text may be the name of a variable.
+std::size_t NameLength(std::string_view Text)
+{
+    if (Text.empty() || !IsNameStart(Text.front()))
+        return 0;
+    return static_cast<std::size_t>(std::find_if_not(Text.begin(), Text.end(), IsNamePart) - Text.begin());
+}
+
 /// The name at the beginning of Text if a percent sign follows it, else empty.
 std::string_view NameBeforePercent(std::string_view Text)
 {
-    if (Text.empty() || !IsNameStart(Text.front()))
-        return {};
-    const auto End = std::find_if_not(Text.begin(), Text.end(), IsNamePart);
-    if (End == Text.end() || *End != '%')
-        return {};
-    return Text.substr(0, static_cast<std::size_t>(End - Text.begin()));
+    const std::size_t Length = NameLength(Text);
+    return Text.substr(Length).starts_with('%') ? Text.substr(0, Length) : std::string_view();
 }
 
 /// One expansion. Values wait for the variables that they use on a stack of its own, so that long chains of
@@ -153,6 +157,11 @@ private:
     std::string FReason;
 };
 } // namespace
+
+bool IsVariableName(std::string_view Name)
+{
+    return !Name.empty() && NameLength(Name) == Name.size();
+}
 
 TVariables::TMap TVariables::Index(const TPairs& Pairs)
 {

@@ -6,6 +6,12 @@
 #include <utility>
 #include <vector>
 
+/// What may name a variable: the rule for schemas, for people and as it is asked.
+constexpr std::string_view VariableNamePattern = "^[A-Za-z_][A-Za-z0-9_.]*$";
+constexpr std::string_view VariableNameRule =
+    "a name is a letter or \"_\", followed by letters, digits, \"_\" and \".\"";
+[[nodiscard]] bool IsVariableName(std::string_view Name);
+
 /// What became of an expression: its text, or why there is none.
 struct TExpansion
 {

@@ -1,7 +1,8 @@
 #include "apps/quexley/CommandLine.h"
 
 #include "runtime/HostErrors.h"
-#include "runtime/projects/FileFindings.h"
+#include "runtime/NearestName.h"
+#include "runtime/Variables.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -38,16 +39,6 @@ TElement ParseChoice(std::string_view Option, std::string_view Text, std::span<c
             return static_cast<TElement>(Index);
     throw EUsageError(fmt::format("{} is one of {}, not {}{}", Option, fmt::join(Names, ", "), Quoted(Text),
                                   DidYouMean(Text, Names)));
-}
-
-bool IsVariableName(std::string_view Name)
-{
-    const auto IsLetter = [](char Character) {
-        return (Character >= 'a' && Character <= 'z') || (Character >= 'A' && Character <= 'Z') || Character == '_';
-    };
-    return !Name.empty() && IsLetter(Name.front()) && std::all_of(Name.begin(), Name.end(), [&](char Character) {
-        return IsLetter(Character) || (Character >= '0' && Character <= '9') || Character == '.';
-    });
 }
 
 std::pair<std::string, std::string> ParseSetting(const std::string& Text)

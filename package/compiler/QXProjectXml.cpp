@@ -2,7 +2,6 @@
 
 #include "platform/Text.h"
 
-#include <charconv>
 #include <stdexcept>
 
 std::string GetAttributeValueString(std::string_view Name, const TXmlElement& Element)
@@ -24,13 +23,10 @@ std::string GetProjectPath(const TXmlElement& File)
 int GetAttributeValueNumber(std::string_view Name, const TXmlElement& Element, int Base)
 {
     const std::string Value = Element.Attribute(Name);
-    const std::string_view Digits = Text::Trim(Value);
-    int Result = 0;
-    const auto [End, Error] = std::from_chars(Digits.data(), Digits.data() + Digits.size(), Result, Base);
-    if (Error != std::errc() || End != Digits.data() + Digits.size())
-        throw std::runtime_error(std::string(Name) + " \"" + Value +
-                                 (Base == 16 ? "\" is not a hexadecimal number" : "\" is not a number"));
-    return Result;
+    if (const auto Number = Text::ParseWhole<int>(Text::Trim(Value), Base))
+        return *Number;
+    throw std::runtime_error(std::string(Name) + " \"" + Value +
+                             (Base == 16 ? "\" is not a hexadecimal number" : "\" is not a number"));
 }
 
 std::string GetOptionValueString(std::string_view Name, const TXmlElement& OptionsSet)

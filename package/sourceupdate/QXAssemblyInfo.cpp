@@ -22,12 +22,6 @@ private:
     T& FObject;
 };
 
-/// Whether a byte goes on with a character of UTF-8.
-bool IsTrailByte(char Byte)
-{
-    return (static_cast<unsigned char>(Byte) & 0xC0U) == 0x80;
-}
-
 /// Whether a declaration without quotes ends where its last parenthesis stands: Rest closes it or goes on in the next
 /// line, and no parenthesis before it closes more than was opened.
 bool IsClosedBehind(std::string_view Value, std::string_view Rest)
@@ -257,7 +251,7 @@ void TQXAssemblyInfo::ReadQuotedValue(IStringTokeniser& Scanner, TDeclaration& D
     Declaration.IsClosed = Scanner.Current() == ')';
     Scanner.Next();
     // What stands there instead of a parenthesis may be more than a byte.
-    while (IsTrailByte(Scanner.Current()) && FileLines.IsUtf8())
+    while (Text::IsTrailByte(Scanner.Current()) && FileLines.IsUtf8())
         Scanner.Next();
     if (Scanner.Current() == ' ')
         Declaration.CloseBlank = " ";

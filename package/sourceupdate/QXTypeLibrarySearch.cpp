@@ -1,20 +1,17 @@
 #include "package/sourceupdate/QXTypeLibrarySearch.h"
 
 #include "host/QXServices.h"
+#include "platform/Text.h"
 
 #include <charconv>
 #include <string_view>
-#include <system_error>
 
 namespace
 {
 /// 0 for what is no hexadecimal number as a whole, or a larger one than any version is.
 std::uint32_t ReadHexadecimal(std::string_view Digits)
 {
-    std::uint32_t Result = 0;
-    const char* End = Digits.data() + Digits.size();
-    const auto [Stop, Error] = std::from_chars(Digits.data(), End, Result, 16);
-    return Error == std::errc() && Stop == End ? Result : 0;
+    return Text::ParseWhole<std::uint32_t>(Digits, 16).value_or(0);
 }
 
 /// The version that a key is named after; none for a name without a full stop.

@@ -2,6 +2,7 @@
 
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "platform/Text.h"
 #include "runtime/HostErrors.h"
 #include "runtime/options/OptionsReader.h"
 #include "runtime/projects/TextJoiner.h"
@@ -9,7 +10,6 @@
 #include "runtime/projects/TomlEditor.h"
 #include "runtime/projects/TomlText.h"
 
-#include <charconv>
 #include <fmt/format.h>
 
 struct TOptionsFile::TImpl
@@ -120,11 +120,7 @@ std::optional<std::string> TOptionsFile::ReadString(std::string_view Key, std::s
 std::optional<int> TOptionsFile::ReadInteger(std::string_view Key, std::string_view Name) const
 {
     const auto Text = ReadString(Key, Name);
-    int Value = 0;
-    if (!Text)
-        return {};
-    const auto [End, Error] = std::from_chars(Text->data(), Text->data() + Text->size(), Value);
-    return Error == std::errc() && End == Text->data() + Text->size() ? std::optional(Value) : std::nullopt;
+    return Text ? Text::ParseWhole<int>(*Text) : std::nullopt;
 }
 
 void TOptionsFile::WriteString(std::string_view Key, std::string_view Name, std::string_view Value)

@@ -2,6 +2,7 @@
 
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "runtime/NearestName.h"
 #include "runtime/projects/FileFindings.h"
 #include "runtime/projects/ValueReader.h"
 

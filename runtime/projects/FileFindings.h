@@ -30,9 +30,5 @@ private:
 /// `FILE:LINE:COLUMN: message`, in one line whatever the message quotes.
 [[nodiscard]] std::string FormatFinding(std::string_view File, TTomlPosition Position, std::string_view Message);
 
-/// The candidate that Name was probably meant to be, empty if none is near.
-[[nodiscard]] std::string_view NearestName(std::string_view Name, std::span<const std::string_view> Candidates);
-/// `; did you mean "NEAREST"?`, or nothing.
-[[nodiscard]] std::string DidYouMean(std::string_view Name, std::span<const std::string_view> Candidates);
 /// "A", "B", "C"
 [[nodiscard]] std::string QuotedNames(std::span<const std::string_view> Names);

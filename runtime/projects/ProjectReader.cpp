@@ -4,6 +4,8 @@
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
+#include "runtime/NearestName.h"
+#include "runtime/Variables.h"
 #include "runtime/projects/FileFindings.h"
 #include "runtime/projects/ValueReader.h"
 
@@ -14,20 +16,6 @@
 namespace
 {
 constexpr std::array<std::string_view, 3> RootKeys{"project", "variables", "action"};
-constexpr std::string_view VariableNameRule =
-    "a name is a letter or \"_\", followed by letters, digits, \"_\" and \".\"";
-
-bool IsLetter(char Character)
-{
-    return (Character >= 'a' && Character <= 'z') || (Character >= 'A' && Character <= 'Z') || Character == '_';
-}
-
-bool IsVariableName(std::string_view Name)
-{
-    return !Name.empty() && IsLetter(Name.front()) && std::all_of(Name.begin(), Name.end(), [](char Character) {
-        return IsLetter(Character) || (Character >= '0' && Character <= '9') || Character == '.';
-    });
-}
 
 bool IsOneOf(std::string_view Name, std::span<const std::string_view> Names)
 {

@@ -1,6 +1,7 @@
 #include "runtime/projects/ProjectSchema.h"
 
 #include "host/QXServices.h"
+#include "runtime/Variables.h"
 #include "runtime/projects/JsonText.h"
 #include "runtime/projects/ProjectReader.h"
 
@@ -9,8 +10,6 @@
 
 namespace
 {
-constexpr std::string_view VariableNamePattern = "^[A-Za-z_][A-Za-z0-9_.]*$";
-
 /// Describes the project file to a text, from the outside in.
 class TSchemaWriter
 {

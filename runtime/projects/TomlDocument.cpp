@@ -22,15 +22,6 @@ constexpr std::size_t MaximumKeyParts = 64;
     throw EHostFileError(FormatFinding(FileName, Position, Message));
 }
 
-std::size_t CodePointLength(unsigned char Lead)
-{
-    if (Lead < 0xC0)
-        return 1;
-    if (Lead < 0xE0)
-        return 2;
-    return Lead < 0xF0 ? 3 : 4;
-}
-
 /// Where the byte at Offset stands.
 TTomlPosition PositionOf(std::string_view Text, std::size_t Offset)
 {
@@ -39,24 +30,10 @@ TTomlPosition PositionOf(std::string_view Text, std::size_t Offset)
     {
         if (Text[Index] == '\n')
             Position = {Position.Line + 1, 1};
-        else if ((static_cast<unsigned char>(Text[Index]) & 0xC0) != 0x80)
+        else if (!Text::IsTrailByte(Text[Index]))
             ++Position.Column;
     }
     return Position;
-}
-
-/// The first byte that is not part of valid UTF-8.
-std::size_t FirstMalformedByte(std::string_view Text)
-{
-    std::size_t Offset = 0;
-    while (Offset < Text.size())
-    {
-        const std::size_t Length = CodePointLength(static_cast<unsigned char>(Text[Offset]));
-        if (!Text::IsValidUtf8(Text.substr(Offset, Length)))
-            break;
-        Offset += Length;
-    }
-    return Offset;
 }
 
 /// Looks for a key with too many parts in a text of which it knows strings and comments only.
@@ -200,7 +177,7 @@ TTomlNode Convert(toml::node& Node)
 void CheckBeforeParsing(const std::string& FileName, std::string_view Text)
 {
     if (!Text::IsValidUtf8(Text))
-        Fail(FileName, PositionOf(Text, FirstMalformedByte(Text)), "the file is not valid UTF-8");
+        Fail(FileName, PositionOf(Text, Text::ValidLength(Text)), "the file is not valid UTF-8");
     if (const auto TooLong = TKeyScanner(Text).FindTooLong())
         Fail(FileName, PositionOf(Text, *TooLong), fmt::format("a key has more than {} parts", MaximumKeyParts));
 }
@@ -248,10 +225,8 @@ std::string_view TTomlDocument::LineEnd() const
 
 std::size_t TTomlDocument::Offset(TTomlPosition Position) const
 {
-    std::size_t Result = LineBegin(Position.Line);
-    for (std::size_t Column = 1; Column < Position.Column && Result < FText.size(); ++Column)
-        Result += CodePointLength(static_cast<unsigned char>(FText[Result]));
-    return std::min(Result, FText.size());
+    const std::size_t Begin = LineBegin(Position.Line);
+    return Begin + Text::FirstCharacters(std::string_view(FText).substr(Begin), Position.Column - 1).size();
 }
 
 std::size_t TTomlDocument::LineBegin(std::size_t Line) const

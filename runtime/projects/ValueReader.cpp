@@ -1,4 +1,5 @@
 #include "runtime/projects/ValueReader.h"
+#include "runtime/NearestName.h"
 
 #include <algorithm>
 #include <fmt/format.h>

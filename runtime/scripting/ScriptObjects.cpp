@@ -1,8 +1,8 @@
 #include "runtime/scripting/ScriptObjects.h"
 
 #include "host/QXAction.h"
+#include "runtime/NearestName.h"
 #include "runtime/actions/RunContext.h"
-#include "runtime/projects/FileFindings.h"
 #include "runtime/scripting/ScriptHeap.h"
 #include "runtime/scripting/ScriptValues.h"
 #include "runtime/services/ScriptingServices.h"

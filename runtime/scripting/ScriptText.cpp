@@ -11,27 +11,13 @@ unsigned Byte(std::string_view Text, std::size_t Index)
     return Index < Text.size() ? static_cast<unsigned char>(Text[Index]) : 0;
 }
 
-void AppendThreeBytes(std::string& Text, unsigned Unit)
-{
-    Text += static_cast<char>(0xE0 | (Unit >> 12));
-    Text += static_cast<char>(0x80 | ((Unit >> 6) & 0x3F));
-    Text += static_cast<char>(0x80 | (Unit & 0x3F));
-}
-
-void AppendFourBytes(std::string& Text, unsigned Code)
-{
-    Text += static_cast<char>(0xF0 | (Code >> 18));
-    Text += static_cast<char>(0x80 | ((Code >> 12) & 0x3F));
-    Text += static_cast<char>(0x80 | ((Code >> 6) & 0x3F));
-    Text += static_cast<char>(0x80 | (Code & 0x3F));
-}
-
 /// The ten bits of a surrogate that stands at Index in three bytes: ED, First to First + 15, and a third.
 bool Surrogate(std::string_view Text, std::size_t Index, unsigned First, unsigned& Bits)
 {
     const unsigned Second = Byte(Text, Index + 1);
     const unsigned Third = Byte(Text, Index + 2);
-    if (Byte(Text, Index) != 0xED || Second < First || Second > First + 15 || (Third & 0xC0) != 0x80)
+    if (Byte(Text, Index) != 0xED || Second < First || Second > First + 15 ||
+        !Text::IsTrailByte(static_cast<char>(Third)))
         return false;
     Bits = ((Second & 0x0F) << 6) | (Third & 0x3F);
     return true;
@@ -50,10 +36,9 @@ std::string ScriptText::FromHost(std::string_view Text)
             Result += Valid[Index];
             continue;
         }
-        const unsigned Code = ((Byte(Valid, Index) & 0x07) << 18) | ((Byte(Valid, Index + 1) & 0x3F) << 12) |
-                              ((Byte(Valid, Index + 2) & 0x3F) << 6) | (Byte(Valid, Index + 3) & 0x3F);
-        AppendThreeBytes(Result, 0xD800 + ((Code - 0x10000) >> 10));
-        AppendThreeBytes(Result, 0xDC00 + ((Code - 0x10000) & 0x3FF));
+        const char32_t Code = Text::CodePoint(std::string_view(Valid).substr(Index, 4));
+        Text::AppendCodePoint(Result, 0xD800 + ((Code - 0x10000) >> 10));
+        Text::AppendCodePoint(Result, 0xDC00 + ((Code - 0x10000) & 0x3FF));
         Index += 3;
     }
     return Result;
@@ -69,7 +54,7 @@ std::string ScriptText::ToHost(std::string_view Text)
         unsigned Low = 0;
         if (Surrogate(Text, Index, 0xA0, High) && Surrogate(Text, Index + 3, 0xB0, Low))
         {
-            AppendFourBytes(Result, 0x10000 + (High << 10) + Low);
+            Text::AppendCodePoint(Result, 0x10000 + (High << 10) + Low);
             Index += 5;
         }
         else

@@ -1,5 +1,6 @@
 #include "runtime/scripting/ScriptValues.h"
 
+#include "runtime/NearestName.h"
 #include "runtime/projects/FileFindings.h"
 #include "runtime/scripting/ScriptHeap.h"
 #include "runtime/scripting/ScriptObjects.h"

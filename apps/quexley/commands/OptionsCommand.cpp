@@ -3,8 +3,8 @@
 #include "apps/quexley/commands/PropertyTexts.h"
 #include "platform/FolderLock.h"
 #include "runtime/HostErrors.h"
+#include "runtime/NearestName.h"
 #include "runtime/Runtime.h"
-#include "runtime/projects/FileFindings.h"
 
 #include <fmt/format.h>
 

@@ -1,12 +1,12 @@
 #include "apps/quexley/commands/PropertyTexts.h"
 
+#include "platform/Text.h"
 #include "runtime/HostErrors.h"
-#include "runtime/projects/FileFindings.h"
+#include "runtime/NearestName.h"
 
 #include <fmt/format.h>
 
 #include <array>
-#include <charconv>
 
 namespace
 {
@@ -76,9 +76,7 @@ TQXPropertyValue ParsePropertyText(const TQXProperty& Property, std::string_view
 
 int ParseIntegerText(std::string_view Name, std::string_view Text)
 {
-    int Number = 0;
-    const auto [End, Error] = std::from_chars(Text.data(), Text.data() + Text.size(), Number);
-    if (Error != std::errc() || End != Text.data() + Text.size())
-        throw EUsageError(fmt::format("{} is a whole number, not \"{}\"", Name, Text));
-    return Number;
+    if (const auto Number = Text::ParseWhole<int>(Text))
+        return *Number;
+    throw EUsageError(fmt::format("{} is a whole number, not \"{}\"", Name, Text));
 }

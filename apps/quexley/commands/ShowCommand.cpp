@@ -2,8 +2,8 @@
 #include "apps/quexley/commands/Commands.h"
 #include "apps/quexley/commands/PropertyTexts.h"
 #include "runtime/HostErrors.h"
+#include "runtime/NearestName.h"
 #include "runtime/Runtime.h"
-#include "runtime/projects/FileFindings.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>

@@ -40,24 +40,6 @@ std::string OneLine(std::string_view Text)
     return Result;
 }
 
-bool StartsCharacter(char Byte)
-{
-    return (static_cast<unsigned char>(Byte) & 0xC0U) != 0x80U;
-}
-
-std::size_t CountCharacters(std::string_view Text)
-{
-    return static_cast<std::size_t>(std::count_if(Text.begin(), Text.end(), StartsCharacter));
-}
-
-std::string_view CutTo(std::string_view Text, std::size_t Characters)
-{
-    for (std::size_t Position = 0; Position < Text.size(); ++Position)
-        if (StartsCharacter(Text[Position]) && Characters-- == 0)
-            return Text.substr(0, Position);
-    return Text;
-}
-
 std::string FormatSeconds(double Seconds)
 {
     if (Seconds < 60)
@@ -185,7 +167,7 @@ void TTextWriter::WriteRow(const TRow& Row, std::string_view Indent, std::size_t
 {
     const auto& [Word, Escape] = ResultWords[static_cast<std::size_t>(Row.Result)];
     const bool Colour = FStyle.Colour;
-    const std::size_t Length = CountCharacters(Row.Name);
+    const std::size_t Length = Text::CountCharacters(Row.Name);
     const std::string Padding(NameWidth > Length ? NameWidth - Length : 0, ' ');
     std::string Line =
         fmt::format("{}{}{:<7}{}  {}", Indent, Colour ? Escape : "", Word, Colour ? Plain : "", Row.Name);
@@ -208,7 +190,7 @@ void TTextWriter::WriteSummary()
 {
     std::size_t Width = 0;
     for (const TRow& Row : FRows)
-        Width = std::max(Width, CountCharacters(Row.Name));
+        Width = std::max(Width, Text::CountCharacters(Row.Name));
     WriteLine("");
     WriteLine("Summary", Bold);
     for (const TRow& Row : FRows)
@@ -267,7 +249,7 @@ void TTextWriter::Write(const TTickEvent&)
             std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - FRunningSince);
         const std::string Text = fmt::format("  {}  {} s", FRunning, Seconds.count());
         RemoveLiveLine();
-        FOutput.Append(CutTo(Text, static_cast<std::size_t>(Console::Width() - 1)));
+        FOutput.Append(Text::FirstCharacters(Text, static_cast<std::size_t>(Console::Width() - 1)));
         FLiveLineShown = true;
     }
     FOutput.Flush();

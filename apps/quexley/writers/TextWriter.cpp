@@ -1,6 +1,7 @@
 #include "apps/quexley/writers/TextWriter.h"
 
 #include "platform/Console.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 

@@ -11,7 +11,7 @@ namespace
 /// The length of the character at Index of a text in UTF-8; a malformed byte counts as one.
 std::size_t CharacterLength(std::string_view Text, std::size_t Index)
 {
-    return std::max<std::size_t>(Text::CharacterLength(Text.substr(Index)), 1);
+    return std::max<std::size_t>(Texts::CharacterLength(Text.substr(Index)), 1);
 }
 
 /// A character set of a mask, `[a-z]` or `[!a-z]`.
@@ -99,5 +99,5 @@ bool Matches(std::string_view Name, std::string_view Mask)
 
 bool Files::MatchesMask(std::string_view Name, std::string_view Mask)
 {
-    return Mask == "*.*" || Matches(Text::FoldCase(Name), Text::FoldCase(Mask));
+    return Mask == "*.*" || Matches(Texts::FoldCase(Name), Texts::FoldCase(Mask));
 }

@@ -102,7 +102,7 @@ std::string PutTogether(const TParts& Parts, TPathStyle Style)
 
 bool SamePart(std::string_view Left, std::string_view Right, TPathStyle Style)
 {
-    return Style == TPathStyle::Windows ? Text::FoldCase(Left) == Text::FoldCase(Right) : Left == Right;
+    return Style == TPathStyle::Windows ? Texts::FoldCase(Left) == Texts::FoldCase(Right) : Left == Right;
 }
 
 bool SameRoot(std::string_view Left, std::string_view Right, TPathStyle Style)

@@ -68,7 +68,7 @@ std::string_view TLineSplitter::DeliverPieces(std::string_view Text, std::size_t
 {
     while (Text.size() > Limit)
     {
-        const std::size_t Length = Text::CutLength(Text, MaximumLength);
+        const std::size_t Length = Texts::CutLength(Text, MaximumLength);
         Deliver(Text.substr(0, Length));
         Text.remove_prefix(Length);
     }

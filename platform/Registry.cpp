@@ -24,19 +24,19 @@ public:
 
     [[nodiscard]] TNode* Find(std::string_view Name) const
     {
-        const auto Found = FIndex.find(Text::FoldCase(Name));
+        const auto Found = FIndex.find(Texts::FoldCase(Name));
         return Found == FIndex.end() ? nullptr : FChildren[Found->second].get();
     }
     TNode& Make(std::string_view Name)
     {
-        const auto [Found, Added] = FIndex.try_emplace(Text::FoldCase(Name), FChildren.size());
+        const auto [Found, Added] = FIndex.try_emplace(Texts::FoldCase(Name), FChildren.size());
         if (Added)
             FChildren.push_back(std::make_unique<TNode>(Name));
         return *FChildren[Found->second];
     }
     void Delete(std::string_view Name)
     {
-        const auto Found = FIndex.find(Text::FoldCase(Name));
+        const auto Found = FIndex.find(Texts::FoldCase(Name));
         if (Found == FIndex.end())
             return;
         FChildren[Found->second].reset();
@@ -76,7 +76,7 @@ public:
     [[nodiscard]] std::optional<std::string> ReadString(std::string_view Name) const override
     {
         for (const auto& Node : FNodes)
-            if (const auto Found = Node->Values().find(Text::FoldCase(Name)); Found != Node->Values().end())
+            if (const auto Found = Node->Values().find(Texts::FoldCase(Name)); Found != Node->Values().end())
                 return Found->second;
         return std::nullopt;
     }
@@ -87,7 +87,7 @@ public:
         std::unordered_set<std::string> Known;
         for (const auto& Node : FNodes)
             for (const auto& Child : Node->Children())
-                if (Child && Known.insert(Text::FoldCase(Child->Name())).second)
+                if (Child && Known.insert(Texts::FoldCase(Child->Name())).second)
                     Result.push_back(Child->Name());
         return Result;
     }
@@ -103,7 +103,7 @@ std::vector<std::string> Branches(const std::string& Path)
     std::vector<std::string> Result;
     const std::string_view BelowRoot = std::string_view(Path).substr(std::min(Path.find('\\'), Path.size()));
     for (const std::string_view Folder : Above)
-        if (Text::StartsWithSame(BelowRoot, Folder) &&
+        if (Texts::StartsWithSame(BelowRoot, Folder) &&
             (BelowRoot.size() == Folder.size() || BelowRoot[Folder.size()] == '\\'))
             Result.push_back(std::string(Path).insert(Path.size() - BelowRoot.size() + Folder.size(), "\\Wow6432Node"));
     Result.push_back(Path);
@@ -172,9 +172,9 @@ public:
         if (FKey == nullptr)
             return;
         if (Value)
-            FKey->Values().insert_or_assign(Text::FoldCase(Name), Expandable ? Expand(*Value, FVariables) : *Value);
+            FKey->Values().insert_or_assign(Texts::FoldCase(Name), Expandable ? Expand(*Value, FVariables) : *Value);
         else
-            FKey->Values().erase(Text::FoldCase(Name));
+            FKey->Values().erase(Texts::FoldCase(Name));
     }
 
 private:
@@ -187,7 +187,7 @@ private:
 std::unique_ptr<IRegistry> ParseRegistryExport(std::string_view Bytes, const TRegistryVariables& Variables)
 {
     auto Registry = std::make_unique<TMemoryRegistry>(Variables);
-    ReadRegistryExport(Text::Decode(Bytes), *Registry);
+    ReadRegistryExport(Texts::Decode(Bytes), *Registry);
     return Registry;
 }
 

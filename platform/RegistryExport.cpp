@@ -82,7 +82,7 @@ private:
     /// Skips a word in any case.
     bool SkipWord(std::string_view Word)
     {
-        if (!Text::StartsWithSame(FText.substr(FPosition), Word))
+        if (!Texts::StartsWithSame(FText.substr(FPosition), Word))
             return false;
         FPosition += Word.size();
         return true;
@@ -119,7 +119,7 @@ private:
 
     void ReadHeader()
     {
-        const std::string_view Header = Text::Trim(TakeRestOfLine());
+        const std::string_view Header = Texts::Trim(TakeRestOfLine());
         FIsOld = Header == "REGEDIT4";
         if (!FIsOld && Header != "Windows Registry Editor Version 5.00")
             Fail("not a registry export: the first line is neither \"REGEDIT4\" nor "
@@ -170,7 +170,7 @@ private:
     {
         const std::string_view Root = Path.substr(0, Path.find('\\'));
         const auto* Found = std::find_if(std::begin(RootNames), std::end(RootNames),
-                                         [&](const TRootName& Item) { return Text::Same(Item.Name, Root); });
+                                         [&](const TRootName& Item) { return Texts::Same(Item.Name, Root); });
         if (Found == std::end(RootNames))
             Fail("unknown root key \"" + std::string(Root.substr(0, 80)) + "\"");
         if (std::count(Path.begin(), Path.end(), '\\') > MaximumDepth)
@@ -212,7 +212,7 @@ private:
         const std::string Bytes = ReadBytes(IsString);
         if (!IsString)
             return std::nullopt;
-        const std::string Value = FIsOld ? Text::FromWindows1252(Bytes) : Text::FromUtf16(Bytes, false);
+        const std::string Value = FIsOld ? Texts::FromWindows1252(Bytes) : Texts::FromUtf16(Bytes, false);
         return Value.substr(0, Value.find('\0'));
     }
 
@@ -222,7 +222,7 @@ private:
         unsigned Type = BinaryType;
         if (Skip('('))
         {
-            const auto Number = Text::ParseWhole<unsigned>(TakeHexDigits(), 16);
+            const auto Number = Texts::ParseWhole<unsigned>(TakeHexDigits(), 16);
             if (!Number || !Skip(')'))
                 Fail("expected a type in parentheses behind \"hex\"");
             Type = *Number;
@@ -244,7 +244,7 @@ private:
             if (AtLineEnd() || Current() == ';')
                 return Bytes;
             const std::string_view Digits = TakeHexDigits();
-            const auto Byte = Text::ParseWhole<unsigned char>(Digits, 16);
+            const auto Byte = Texts::ParseWhole<unsigned char>(Digits, 16);
             if (!Byte || Digits.size() > 2)
                 Fail("a byte needs one or two hexadecimal digits");
             if (Keep)

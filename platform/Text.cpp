@@ -72,7 +72,7 @@ std::optional<char> Windows1252Byte(char32_t Code)
 }
 } // namespace
 
-std::string_view Text::Trim(std::string_view Text)
+std::string_view Texts::Trim(std::string_view Text)
 {
     const auto IsBlank = [](char Character) { return static_cast<unsigned char>(Character) <= ' '; };
     while (!Text.empty() && IsBlank(Text.front()))
@@ -82,21 +82,21 @@ std::string_view Text::Trim(std::string_view Text)
     return Text;
 }
 
-std::string Text::Lower(std::string_view Text)
+std::string Texts::Lower(std::string_view Text)
 {
     std::string Result(Text);
     std::transform(Result.begin(), Result.end(), Result.begin(), LowerAscii);
     return Result;
 }
 
-std::string Text::Upper(std::string_view Text)
+std::string Texts::Upper(std::string_view Text)
 {
     std::string Result(Text);
     std::transform(Result.begin(), Result.end(), Result.begin(), UpperAscii);
     return Result;
 }
 
-std::string Text::FoldCase(std::string_view Text)
+std::string Texts::FoldCase(std::string_view Text)
 {
     const std::size_t Ascii = AsciiLength(Text);
     std::string Result = Lower(Text.substr(0, Ascii));
@@ -113,18 +113,18 @@ std::string Text::FoldCase(std::string_view Text)
     return Result;
 }
 
-bool Text::Same(std::string_view Left, std::string_view Right)
+bool Texts::Same(std::string_view Left, std::string_view Right)
 {
     return Left.size() == Right.size() && StartsWithSame(Left, Right);
 }
 
-bool Text::StartsWithSame(std::string_view Text, std::string_view Prefix)
+bool Texts::StartsWithSame(std::string_view Text, std::string_view Prefix)
 {
     return Text.size() >= Prefix.size() && std::equal(Prefix.begin(), Prefix.end(), Text.begin(),
                                                       [](char A, char B) { return LowerAscii(A) == LowerAscii(B); });
 }
 
-std::string Text::Replace(std::string_view Text, std::string_view From, std::string_view To)
+std::string Texts::Replace(std::string_view Text, std::string_view From, std::string_view To)
 {
     std::string Result;
     Result.reserve(Text.size());
@@ -140,12 +140,12 @@ std::string Text::Replace(std::string_view Text, std::string_view From, std::str
     return Result.append(Text, Start);
 }
 
-bool Text::IsAscii(std::string_view Text)
+bool Texts::IsAscii(std::string_view Text)
 {
     return AsciiLength(Text) == Text.size();
 }
 
-std::size_t Text::ValidLength(std::string_view Text)
+std::size_t Texts::ValidLength(std::string_view Text)
 {
     std::size_t Result = AsciiLength(Text);
     while (Result < Text.size())
@@ -159,12 +159,12 @@ std::size_t Text::ValidLength(std::string_view Text)
     return Result;
 }
 
-bool Text::IsValidUtf8(std::string_view Text)
+bool Texts::IsValidUtf8(std::string_view Text)
 {
     return ValidLength(Text) == Text.size();
 }
 
-std::size_t Text::CharacterLength(std::string_view Text)
+std::size_t Texts::CharacterLength(std::string_view Text)
 {
     const auto At = [&](std::size_t Index) { return static_cast<unsigned char>(Text[Index]); };
     if (At(0) < 0x80)
@@ -180,12 +180,12 @@ std::size_t Text::CharacterLength(std::string_view Text)
     return Range->Length;
 }
 
-std::size_t Text::CountCharacters(std::string_view Text)
+std::size_t Texts::CountCharacters(std::string_view Text)
 {
     return static_cast<std::size_t>(std::count_if(Text.begin(), Text.end(), std::not_fn(IsTrailByte)));
 }
 
-std::string_view Text::FirstCharacters(std::string_view Text, std::size_t Count)
+std::string_view Texts::FirstCharacters(std::string_view Text, std::size_t Count)
 {
     for (std::size_t Index = 0; Index < Text.size(); ++Index)
         if (!IsTrailByte(Text[Index]) && Count-- == 0)
@@ -193,7 +193,7 @@ std::string_view Text::FirstCharacters(std::string_view Text, std::size_t Count)
     return Text;
 }
 
-std::size_t Text::CutLength(std::string_view Text, std::size_t Limit)
+std::size_t Texts::CutLength(std::string_view Text, std::size_t Limit)
 {
     constexpr std::size_t LongestTail = 3;
     for (std::size_t Length = Limit; Length > 0 && Limit - Length <= LongestTail; --Length)
@@ -202,7 +202,7 @@ std::size_t Text::CutLength(std::string_view Text, std::size_t Limit)
     return Limit;
 }
 
-char32_t Text::CodePoint(std::string_view Sequence)
+char32_t Texts::CodePoint(std::string_view Sequence)
 {
     constexpr unsigned char LeadMasks[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
     char32_t Result = static_cast<unsigned char>(Sequence[0]) & LeadMasks[Sequence.size()];
@@ -211,7 +211,7 @@ char32_t Text::CodePoint(std::string_view Sequence)
     return Result;
 }
 
-void Text::AppendCodePoint(std::string& Text, char32_t Code)
+void Texts::AppendCodePoint(std::string& Text, char32_t Code)
 {
     const auto Add = [&Text](char32_t Byte) { Text += static_cast<char>(Byte); };
     const auto AddTrail = [&](unsigned Shift) { Add(0x80 | ((Code >> Shift) & 0x3F)); };
@@ -233,7 +233,7 @@ void Text::AppendCodePoint(std::string& Text, char32_t Code)
     AddTrail(0);
 }
 
-std::string Text::MakeValidUtf8(std::string_view Text)
+std::string Texts::MakeValidUtf8(std::string_view Text)
 {
     std::string Result;
     Result.reserve(Text.size());
@@ -250,7 +250,7 @@ std::string Text::MakeValidUtf8(std::string_view Text)
     return Result;
 }
 
-std::string Text::FromUtf16(std::string_view Bytes, bool BigEndian)
+std::string Texts::FromUtf16(std::string_view Bytes, bool BigEndian)
 {
     const std::size_t Count = Bytes.size() / 2;
     const auto Unit = [&](std::size_t Index) -> char32_t {
@@ -278,7 +278,7 @@ std::string Text::FromUtf16(std::string_view Bytes, bool BigEndian)
     return Result;
 }
 
-std::string Text::FromWindows1252(std::string_view Bytes)
+std::string Texts::FromWindows1252(std::string_view Bytes)
 {
     std::string Result;
     Result.reserve(Bytes.size());
@@ -290,7 +290,7 @@ std::string Text::FromWindows1252(std::string_view Bytes)
     return Result;
 }
 
-std::optional<std::string> Text::ToWindows1252(std::string_view Text)
+std::optional<std::string> Texts::ToWindows1252(std::string_view Text)
 {
     std::string Result;
     while (!Text.empty())
@@ -305,7 +305,7 @@ std::optional<std::string> Text::ToWindows1252(std::string_view Text)
     return Result;
 }
 
-std::string_view Text::ForeignEncoding(std::string_view Bytes)
+std::string_view Texts::ForeignEncoding(std::string_view Bytes)
 {
     // The mark of UTF-32 begins with that of UTF-16.
     if (Bytes.starts_with(std::string_view("\xFF\xFE\0\0", 4)) ||
@@ -316,7 +316,7 @@ std::string_view Text::ForeignEncoding(std::string_view Bytes)
     return Bytes.find('\0') == std::string_view::npos ? "" : "NUL characters";
 }
 
-std::string Text::Decode(std::string_view Bytes)
+std::string Texts::Decode(std::string_view Bytes)
 {
     if (Bytes.starts_with("\xEF\xBB\xBF"))
         return MakeValidUtf8(Bytes.substr(3));
@@ -327,7 +327,7 @@ std::string Text::Decode(std::string_view Bytes)
     return IsValidUtf8(Bytes) ? std::string(Bytes) : FromWindows1252(Bytes);
 }
 
-std::size_t Text::EditDistance(std::string_view Left, std::string_view Right)
+std::size_t Texts::EditDistance(std::string_view Left, std::string_view Right)
 {
     std::vector<std::size_t> Row(Right.size() + 1);
     std::iota(Row.begin(), Row.end(), std::size_t{0});

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <system_error>
 
-namespace Text
+namespace Texts
 {
 /// Without the blanks and control characters at both ends.
 [[nodiscard]] std::string_view Trim(std::string_view Text);
@@ -66,4 +66,4 @@ void AppendCodePoint(std::string& Text, char32_t Code);
 [[nodiscard]] std::string_view ForeignEncoding(std::string_view Bytes);
 /// How many single-byte edits turn one name into the other; for "did you mean".
 [[nodiscard]] std::size_t EditDistance(std::string_view Left, std::string_view Right);
-} // namespace Text
+} // namespace Texts

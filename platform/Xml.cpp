@@ -62,7 +62,7 @@ public:
     void Add(std::string_view Reason, int Line)
     {
         if (FFirst.Reason.empty())
-            FFirst = {Text::Replace(Text::Trim(Reason), "\n", " "), Line};
+            FFirst = {Texts::Replace(Texts::Trim(Reason), "\n", " "), Line};
     }
     [[nodiscard]] const TXmlParseError& First() const { return FFirst; }
 
@@ -294,7 +294,7 @@ std::string TXmlElement::Attribute(std::string_view Name) const
 void TXmlElement::SetAttribute(std::string_view Name, std::string_view Value)
 {
     const TErrorCollector Silence;
-    xmlSetProp(Node(FNode), ToXml(std::string(Name)), ToXml(Text::MakeValidUtf8(Value)));
+    xmlSetProp(Node(FNode), ToXml(std::string(Name)), ToXml(Texts::MakeValidUtf8(Value)));
 }
 
 std::optional<TXmlElement> TXmlElement::SelectNode(const std::string& Path) const

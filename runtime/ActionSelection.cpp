@@ -11,7 +11,7 @@ namespace
 /// The number that a text is, if an action has it: names may be numbers too, and numbers go first.
 bool IsNumberOf(const TProjectAction& Action, std::string_view Text)
 {
-    return Text::ParseWhole<int>(Text) == Action.Index;
+    return Texts::ParseWhole<int>(Text) == Action.Index;
 }
 
 using TMatch = bool (*)(const TProjectAction& Action, std::string_view Text);
@@ -20,7 +20,7 @@ using TMatch = bool (*)(const TProjectAction& Action, std::string_view Text);
 constexpr TMatch Matches[] = {
     IsNumberOf,
     [](const TProjectAction& Action, std::string_view Text) { return Action.Name == Text; },
-    [](const TProjectAction& Action, std::string_view Text) { return Text::Same(Action.Name, Text); },
+    [](const TProjectAction& Action, std::string_view Text) { return Texts::Same(Action.Name, Text); },
 };
 
 [[noreturn]] void ThrowUnknown(const TProject& Project, std::string_view Text)

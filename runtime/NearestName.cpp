@@ -21,17 +21,17 @@ std::size_t Difference(std::size_t Left, std::size_t Right)
 
 std::string_view NearestName(std::string_view Name, std::span<const std::string_view> Candidates)
 {
-    const std::string Lower = Text::Lower(Name);
+    const std::string Lower = Texts::Lower(Name);
     const std::size_t Allowed = AllowedEdits(Name.size());
     std::string_view Nearest;
     std::size_t Fewest = Allowed + 1;
     for (const std::string_view Candidate : Candidates)
     {
-        if (Text::Same(Candidate, Name))
+        if (Texts::Same(Candidate, Name))
             return Candidate;
         if (Difference(Candidate.size(), Name.size()) > Allowed)
             continue;
-        if (const std::size_t Edits = Text::EditDistance(Lower, Text::Lower(Candidate)); Edits < Fewest)
+        if (const std::size_t Edits = Texts::EditDistance(Lower, Texts::Lower(Candidate)); Edits < Fewest)
         {
             Fewest = Edits;
             Nearest = Candidate;

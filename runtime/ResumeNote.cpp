@@ -42,7 +42,7 @@ std::optional<TResumeNote::TPlace> TResumeNote::Read() const
     Lines.SetText(Files::Read(FFileName));
     if (Lines.Count() < 3 || Lines[0] != FProjectFile)
         return std::nullopt;
-    return TPlace{Text::ParseWhole<int>(Lines[1]).value_or(0), Lines[2]};
+    return TPlace{Texts::ParseWhole<int>(Lines[1]).value_or(0), Lines[2]};
 }
 
 // The file is made once and then rewritten in one piece: making a file for each action can take longer than a tool.

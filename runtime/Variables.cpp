@@ -116,7 +116,7 @@ private:
 
     bool ReadVariable(std::string_view Name)
     {
-        std::string Key = Text::Lower(Name);
+        std::string Key = Texts::Lower(Name);
         if (const auto Known = FKnown.find(Key); Known != FKnown.end())
         {
             if (Known->second.IsOpen)
@@ -167,13 +167,13 @@ TVariables::TMap TVariables::Index(const TPairs& Pairs)
 {
     TMap Map;
     for (const auto& [Name, Value] : Pairs)
-        Map[Text::Lower(Name)] = Value;
+        Map[Texts::Lower(Name)] = Value;
     return Map;
 }
 
 TVariables::TValue TVariables::Find(std::string_view Name) const
 {
-    const std::string Key = Text::Lower(Name);
+    const std::string Key = Texts::Lower(Name);
     for (const TMap* Map : {&FOverrides, &FProject, &FHost})
         if (const auto Found = Map->find(Key); Found != Map->end())
             return {true, Map == &FHost, Found->second, {}};

@@ -40,7 +40,7 @@ catch (const EModuleError& Error)
 std::optional<std::string> WindowsVariable(std::string_view Name)
 {
     std::string Value;
-    if (Text::Same(Name, "windir") || Text::Same(Name, "SystemRoot"))
+    if (Texts::Same(Name, "windir") || Texts::Same(Name, "SystemRoot"))
         Value = GetWinDirectory();
     return !Value.empty() || Environment::GetSame(Name, Value) ? std::optional(Value) : std::nullopt;
 }

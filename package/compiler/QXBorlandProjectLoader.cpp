@@ -16,7 +16,7 @@ constexpr std::string_view PictureContainers[] = {"jpg", "jpeg", "bmp", "gif", "
 
 bool IsPicture(const std::string& Container)
 {
-    const std::string Lower = Text::Lower(Container);
+    const std::string Lower = Texts::Lower(Container);
     return std::find(std::begin(PictureContainers), std::end(PictureContainers), Lower) != std::end(PictureContainers);
 }
 } // namespace

@@ -15,7 +15,7 @@ constexpr TNamedValue<TCSharpFileAlign> FileAlignments[] = {{"512", TCSharpFileA
 
 bool IsCompactProject(const std::string& FileName)
 {
-    return Text::Same(Paths::Extension(FileName), ".csdproj");
+    return Texts::Same(Paths::Extension(FileName), ".csdproj");
 }
 } // namespace
 

@@ -37,7 +37,7 @@ bool TQXCustomCSharpCompilerAction::GenerateResponseFile(TQXResponseFile& File)
 
 bool TQXCustomCSharpCompilerAction::AddLibraryPath(TQXResponseFile& File) const
 {
-    if (Text::Trim(LibLocations).empty())
+    if (Texts::Trim(LibLocations).empty())
         return true;
     std::string Expanded;
     if (!TryExpandExpression("Library Locations", LibLocations, Expanded, false))

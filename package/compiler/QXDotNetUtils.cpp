@@ -25,7 +25,7 @@ std::string HexNumber(int Number)
 {
     std::array<char, std::numeric_limits<unsigned>::digits / 4> Digits{};
     const auto End = std::to_chars(Digits.begin(), Digits.end(), static_cast<unsigned>(Number), 16).ptr;
-    return Text::Upper({Digits.begin(), End});
+    return Texts::Upper({Digits.begin(), End});
 }
 } // namespace
 
@@ -70,16 +70,16 @@ std::string FindAssemblyPath(std::string_view Name, TRegistryRoot Root, std::str
     const auto Assemblies = QXRegistry().OpenKey(Root, Key);
     if (!Assemblies)
         return {};
-    const std::string Wanted = Text::Upper(Name);
+    const std::string Wanted = Texts::Upper(Name);
     for (const std::string& Assembly : Assemblies->SubKeyNames())
-        if (Text::Upper(Assembly).find(Wanted) != std::string::npos)
-            return Text::Replace(Assembly, "|", "\\");
+        if (Texts::Upper(Assembly).find(Wanted) != std::string::npos)
+            return Texts::Replace(Assembly, "|", "\\");
     return {};
 }
 
 std::string WithLibraryExtension(const std::string& Name)
 {
-    return Text::Upper(Name).find(".DLL") == std::string::npos ? Name + ".dll" : Name;
+    return Texts::Upper(Name).find(".DLL") == std::string::npos ? Name + ".dll" : Name;
 }
 
 std::string DottedName(const std::string& Path, const std::string& Folder)

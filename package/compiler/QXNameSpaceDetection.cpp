@@ -25,7 +25,7 @@ std::string Word(std::string_view Text, int Number)
 bool FindClass(const std::string& Line, std::string& Rest)
 {
     static constexpr std::string_view Keyword = " class ";
-    const auto Place = Text::Lower(Line).find(Keyword);
+    const auto Place = Texts::Lower(Line).find(Keyword);
     if (Place == std::string::npos)
         return false;
     Rest = Line.substr(Place + Keyword.size());
@@ -39,10 +39,10 @@ bool FindVBClass(const std::string& FileName, std::string& Name)
     std::string Rest;
     for (const std::string& Item : LoadUnicodeFile(FileName))
     {
-        const std::string Line(Text::Trim(Item));
+        const std::string Line(Texts::Trim(Item));
         if (Line.starts_with('\''))
             continue;
-        if (Text::StartsWithSame(Line, Keyword))
+        if (Texts::StartsWithSame(Line, Keyword))
             NameSpace = Word(Line.substr(Keyword.size()));
         else if (FindClass(Line, Rest))
         {
@@ -61,7 +61,7 @@ bool DetectCSharpNameSpace(const std::string& FileName, std::string& Name)
     std::string Rest;
     for (const std::string& Item : LoadUnicodeFile(FileName))
     {
-        const std::string Line = Text::Replace(Text::Trim(Item), "\t", " ");
+        const std::string Line = Texts::Replace(Texts::Trim(Item), "\t", " ");
         if (Line.starts_with("//"))
             continue;
         if (!HasNameSpace && Line.find("namespace") != std::string::npos)
@@ -92,7 +92,7 @@ bool DetectJSharpNameSpace(const std::string& FileName, const std::string& Root,
     Name = Root + '.';
     for (const std::string& Item : LoadUnicodeFile(FileName))
     {
-        const std::string_view Line = Text::Trim(Item);
+        const std::string_view Line = Texts::Trim(Item);
         if (Line.starts_with("//") || Line.find("public class ") == std::string_view::npos)
             continue;
         Name += Word(Line, 3);

@@ -40,9 +40,9 @@ bool TQXProjectLoader::ExpandConfigName()
 
 const TXmlElement* TQXProjectLoader::FindConfiguration(const std::vector<TXmlElement>& Configurations) const
 {
-    const std::string Wanted = Text::FoldCase(FLoad.ConfigName);
+    const std::string Wanted = Texts::FoldCase(FLoad.ConfigName);
     const auto Found = std::find_if(Configurations.begin(), Configurations.end(), [&](const TXmlElement& Element) {
-        return Text::FoldCase(Element.Attribute("Name")) == Wanted;
+        return Texts::FoldCase(Element.Attribute("Name")) == Wanted;
     });
     return Found == Configurations.end() ? nullptr : &*Found;
 }
@@ -78,5 +78,5 @@ void TQXProjectLoader::ShowFiles()
 
 std::string RepairAmpersands(std::string_view Text)
 {
-    return Text::Replace(Text::Replace(Text::Replace(Text, "&amp;", "##amp##"), "&", "&amp;"), "##amp##", "&amp;");
+    return Texts::Replace(Texts::Replace(Texts::Replace(Text, "&amp;", "##amp##"), "&", "&amp;"), "##amp##", "&amp;");
 }

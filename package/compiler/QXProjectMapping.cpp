@@ -14,7 +14,7 @@ bool TQXProjectMapping::LoadProjectFile(const std::string& FileName)
 {
     try
     {
-        if (Text::Same(Paths::Extension(FileName), ".bdsproj"))
+        if (Texts::Same(Paths::Extension(FileName), ".bdsproj"))
             return TQXBorlandProjectLoader(FAction, *this, FileName).Load();
         return TQXVisualStudioProjectLoader(FAction, *this, FileName).Load();
     }
@@ -51,7 +51,7 @@ bool TQXProjectMapping::LoadConfigListFromProject(const std::string& FileName, T
     List.Clear();
     if (!Files::FileExists(FileName))
         return false;
-    const bool IsBorland = Text::Same(Paths::Extension(FileName), ".bdsproj");
+    const bool IsBorland = Texts::Same(Paths::Extension(FileName), ".bdsproj");
     TXmlDocument Document;
     if (!(IsBorland ? Document.LoadFromFile(FileName)
                     : Document.LoadFromText(RepairAmpersands(LoadUnicodeFile(FileName).Text()))))

@@ -12,7 +12,7 @@ std::string GetAttributeValueString(std::string_view Name, const TXmlElement& El
 bool GetAttributeValueBoolean(std::string_view Name, const TXmlElement& Element)
 {
     const std::string Value = Element.Attribute(Name);
-    return Text::Same(Value, "TRUE") || Text::Same(Value, "ON");
+    return Texts::Same(Value, "TRUE") || Texts::Same(Value, "ON");
 }
 
 std::string GetProjectPath(const TXmlElement& File)
@@ -23,7 +23,7 @@ std::string GetProjectPath(const TXmlElement& File)
 int GetAttributeValueNumber(std::string_view Name, const TXmlElement& Element, int Base)
 {
     const std::string Value = Element.Attribute(Name);
-    if (const auto Number = Text::ParseWhole<int>(Text::Trim(Value), Base))
+    if (const auto Number = Texts::ParseWhole<int>(Texts::Trim(Value), Base))
         return *Number;
     throw std::runtime_error(std::string(Name) + " \"" + Value +
                              (Base == 16 ? "\" is not a hexadecimal number" : "\" is not a number"));
@@ -37,7 +37,7 @@ std::string GetOptionValueString(std::string_view Name, const TXmlElement& Optio
 
 bool GetOptionValueBoolean(std::string_view Name, const TXmlElement& OptionsSet)
 {
-    return Text::Same(GetOptionValueString(Name, OptionsSet), "TRUE");
+    return Texts::Same(GetOptionValueString(Name, OptionsSet), "TRUE");
 }
 
 TDotNetWarningLevels FindWarningLevel(std::string_view Text)

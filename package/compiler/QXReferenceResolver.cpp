@@ -68,7 +68,7 @@ bool TQXReferenceResolver::ResolveProjectReference(TXmlElement& Reference)
 
 bool TQXReferenceResolver::ResolveComReference(const TXmlElement& Reference)
 {
-    const std::string Tool = Text::Lower(Reference.Attribute("WrapperTool"));
+    const std::string Tool = Texts::Lower(Reference.Attribute("WrapperTool"));
     if (Tool == "tlbimp")
         return AddWrapper(Reference);
     if (Tool == "aximp")

@@ -67,18 +67,18 @@ std::string TQXResourceProcessor::CultureBesideNeutral(const TXmlElement& File, 
 {
     const std::string Stem = Paths::BareName(Path);
     const std::string Form = Paths::BareName(File.Attribute("DependentUpon"));
-    if (Stem.size() <= Form.size() + 1 || !Text::StartsWithSame(Stem, Form + '.'))
+    if (Stem.size() <= Form.size() + 1 || !Texts::StartsWithSame(Stem, Form + '.'))
         return {};
     if (FFormResources.empty())
         for (const TXmlElement& Other : File.SelectNodes("../File[@DependentUpon]"))
-            FFormResources.insert(Text::FoldCase(Paths::Expand(GetProjectPath(Other), FLoad.Folder)));
+            FFormResources.insert(Texts::FoldCase(Paths::Expand(GetProjectPath(Other), FLoad.Folder)));
     const std::string Neutral = Paths::Folder(Path) + Form + Paths::Extension(Path);
-    return FFormResources.contains(Text::FoldCase(Neutral)) ? Stem.substr(Form.size()) : "";
+    return FFormResources.contains(Texts::FoldCase(Neutral)) ? Stem.substr(Form.size()) : "";
 }
 
 bool TQXResourceProcessor::ProcessByExtension(const std::string& Path) const
 {
-    const std::string Extension = Text::Lower(Paths::Extension(Path));
+    const std::string Extension = Texts::Lower(Paths::Extension(Path));
     if (Extension == ".resx")
         return ChooseResourceCompiler() && ProcessResx(Path);
     if (Extension == ".licx")
@@ -104,7 +104,7 @@ bool TQXResourceProcessor::ChooseResourceCompiler() const
 {
     const std::string Compiler =
         FAction.IsCompactFramework() ? FAction.ExpandExpression(FAction.CFResGen, true) : FSDKFolder + "resgen.exe";
-    if (Text::Trim(Compiler).empty())
+    if (Texts::Trim(Compiler).empty())
     {
         Log("Compact Framework resource compiler not specified!");
         return false;
@@ -206,9 +206,9 @@ std::vector<std::string> TQXResourceProcessor::LicensedModules(const std::string
     {
         Log("Processing License string : " + Line);
         const auto Fields = CreateStringTokeniser(Line);
-        const std::string ControlClass(Text::Trim(Fields->ReadUntilChar(',')));
+        const std::string ControlClass(Texts::Trim(Fields->ReadUntilChar(',')));
         Fields->Next();
-        Modules.push_back(std::string(Text::Trim(Fields->ReadUntilChar(','))) + ".dll");
+        Modules.push_back(std::string(Texts::Trim(Fields->ReadUntilChar(','))) + ".dll");
         WarnOfMissingLicense(ControlClass);
     }
     return Modules;

@@ -17,7 +17,7 @@ constexpr std::string_view ResourceSeparators = ",;";
 TStringList SplitList(std::string Text, std::string_view Separators)
 {
     for (const char Separator : Separators)
-        Text = Text::Replace(Text, std::string_view(&Separator, 1), "\r\n");
+        Text = Texts::Replace(Text, std::string_view(&Separator, 1), "\r\n");
     TStringList Items;
     Items.SetText(Text);
     return Items;
@@ -28,7 +28,7 @@ std::string ResourceItem(const std::string& Entry, bool StripPlain)
 {
     const auto Equals = Entry.find('=');
     if (Equals == std::string::npos)
-        return StripPlain ? StripQuotes(Text::Trim(Entry)) : Entry;
+        return StripPlain ? StripQuotes(Texts::Trim(Entry)) : Entry;
     const std::string Identifier = Entry.substr(Equals + 1);
     return Identifier.empty() ? Entry.substr(0, Equals) : Entry.substr(0, Equals) + ',' + Identifier;
 }
@@ -43,7 +43,7 @@ std::string QuoteIfParted(std::string_view Value, std::string_view Separators)
 std::string ResourceName(const std::string& File, TQXResourceNaming Naming, const std::string& RootNameSpace,
                          const std::string& BaseDir)
 {
-    const bool IsCompiled = Text::Same(Paths::Extension(File), ".resources");
+    const bool IsCompiled = Texts::Same(Paths::Extension(File), ".resources");
     if (RootNameSpace.empty() || Naming == TQXResourceNaming::None ||
         (Naming == TQXResourceNaming::UnlessCompiled && IsCompiled))
         return {};
@@ -62,8 +62,8 @@ bool TQXResponseFile::AddOption(std::string_view Switch, std::string_view Label,
 {
     std::string First;
     std::string Second;
-    if (!FAction.TryExpandExpression(Label, Text::Trim(Value), First, false) ||
-        !FAction.TryExpandExpression(std::string(Label) + " (2nd parameter)", Text::Trim(SecondValue), Second, false))
+    if (!FAction.TryExpandExpression(Label, Texts::Trim(Value), First, false) ||
+        !FAction.TryExpandExpression(std::string(Label) + " (2nd parameter)", Texts::Trim(SecondValue), Second, false))
         return false;
     if (First.empty())
         return true;
@@ -110,7 +110,7 @@ bool TQXResponseFile::AddFileSwitches(std::string_view Switch, const TQXFileSett
     if (!Split(Files, ";,", Items))
         return false;
     for (const std::string& Item : Items)
-        if (const std::string_view Name = Text::Trim(Item); !Name.empty())
+        if (const std::string_view Name = Texts::Trim(Item); !Name.empty())
             FLines.Add(std::string(Switch) + ':' + DoubleQuoteString(Name, true));
     return true;
 }
@@ -120,12 +120,12 @@ bool TQXResponseFile::AddReferences(const TQXFileSetting& References)
     if (References.Exact)
     {
         for (const std::string& Path : *References.Exact)
-            if (const std::string File(Text::Trim(Path)); !File.empty())
+            if (const std::string File(Texts::Trim(Path)); !File.empty())
                 AddExact("/reference", QuoteIfParted(Unparted(File, ReferenceSeparators), ReferenceSeparators));
         return true;
     }
     TStringList Items;
-    Items.SetCommaText('"' + Text::Replace(References.Typed, ",", "\",\"") + '"');
+    Items.SetCommaText('"' + Texts::Replace(References.Typed, ",", "\",\"") + '"');
     return std::all_of(Items.begin(), Items.end(),
                        [&](const std::string& Item) { return AddOption("/reference", References.Label, Item); });
 }

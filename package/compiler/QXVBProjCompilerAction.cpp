@@ -9,7 +9,7 @@ namespace
 {
 bool IsCompactProject(const std::string& FileName)
 {
-    return Text::Same(Paths::Extension(FileName), ".vbdproj");
+    return Texts::Same(Paths::Extension(FileName), ".vbdproj");
 }
 } // namespace
 

@@ -82,7 +82,7 @@ bool TQXVisualStudioProjectLoader::LoadSettings(const TXmlElement& Root)
     const auto Settings = Root.SelectNode(LanguagePath("/Build/Settings"));
     if (!Settings)
         return Fail("Unable to find Settings node in project document");
-    const bool IsLibrary = Text::Same(Settings->Attribute("OutputType"), "Library");
+    const bool IsLibrary = Texts::Same(Settings->Attribute("OutputType"), "Library");
     FLoad.AssemblyFileName = Settings->Attribute("AssemblyName") + (IsLibrary ? ".dll" : ".exe");
     if (const std::string KeyFile = Settings->Attribute("AssemblyOriginatorKeyFile"); !KeyFile.empty())
         FLoad.KeyFile = ExpandRelativePath(KeyFile, FLoad.Folder);
@@ -130,7 +130,7 @@ void TQXVisualStudioProjectLoader::CopyConfigurationFiles() const
 {
     for (const std::string& Name : Files::Enumerate(FLoad.Folder, "*.config", Files::TEntryKind::Files))
     {
-        const bool OfProgram = Text::Same(Name, "app.config") && FLoad.AssemblyFileName.ends_with(".exe");
+        const bool OfProgram = Texts::Same(Name, "app.config") && FLoad.AssemblyFileName.ends_with(".exe");
         const std::string& Folder = FLoad.OutputFolder;
         const std::string Target = Folder + (OfProgram ? FLoad.AssemblyFileName + ".config" : Name);
         std::string Message = "Copying : ";

@@ -18,7 +18,7 @@ double VersionNumber(std::string_view Version)
     if (const auto Place = Number.find_first_of("vV"); Place != std::string::npos)
         Number.erase(Place, 1);
 
-    const std::string_view Digits = Text::Trim(Number);
+    const std::string_view Digits = Texts::Trim(Number);
     double Value = 0;
     const auto [End, Error] = std::from_chars(Digits.data(), Digits.data() + Digits.size(), Value);
     const bool IsNumber = Error == std::errc() && End == Digits.data() + Digits.size() && std::isfinite(Value);

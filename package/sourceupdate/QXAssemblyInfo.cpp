@@ -32,7 +32,7 @@ bool IsClosedBehind(std::string_view Value, std::string_view Rest)
             ++Depth;
         else if (Character == ')' && --Depth < 0)
             return false;
-    Rest = Text::Trim(Rest);
+    Rest = Texts::Trim(Rest);
     return Rest.empty() || Rest.starts_with(']') || Rest.starts_with('>') || Rest.starts_with("*/");
 }
 
@@ -76,7 +76,7 @@ void RegisterAssemblyInfoMethods()
 std::vector<TQXAssemblyInfo::TEntry>::iterator TQXAssemblyInfo::FindEntry(std::string_view Name)
 {
     return std::find_if(Entries.begin(), Entries.end(),
-                        [Name](const TEntry& Entry) { return Text::Same(Entry.Name, Name); });
+                        [Name](const TEntry& Entry) { return Texts::Same(Entry.Name, Name); });
 }
 
 void TQXAssemblyInfo::AddEntry(const std::string& EntryName, const std::string& EntryValue, bool IsQuoted)
@@ -138,7 +138,7 @@ bool TQXAssemblyInfo::Load()
         return Refuse("- does not exist!");
     if (Source->State() == TFileRewrite::TState::ReadOnly)
         return Refuse("- is read only!");
-    const std::string Foreign(Text::ForeignEncoding(Source->Bytes()));
+    const std::string Foreign(Texts::ForeignEncoding(Source->Bytes()));
     if (!Foreign.empty())
         return Refuse("- holds " + Foreign + ", only UTF-8 and 8-bit text can be updated!");
     FileLines.SetBytes(Source->Bytes());
@@ -147,7 +147,7 @@ bool TQXAssemblyInfo::Load()
 
 void TQXAssemblyInfo::SetLanguage()
 {
-    FileExt = Text::Lower(Paths::Extension(FileName));
+    FileExt = Texts::Lower(Paths::Extension(FileName));
     Language = AssemblyInfoLanguage(FileExt);
     QuoteChar = AssemblyInfoForm(Language).QuoteChar;
 }
@@ -182,9 +182,9 @@ void TQXAssemblyInfo::ScanLines()
 bool TQXAssemblyInfo::IsEndOfScan()
 {
     const std::string_view EndWord = AssemblyInfoEndWord(FileExt);
-    if (EndWord.empty() || !Text::Same(Text::Trim(FileLines.Line()), EndWord))
+    if (EndWord.empty() || !Texts::Same(Texts::Trim(FileLines.Line()), EndWord))
         return false;
-    const bool HasAttribute = Text::Trim(FileLines.PreviousLine()).starts_with('[');
+    const bool HasAttribute = Texts::Trim(FileLines.PreviousLine()).starts_with('[');
     InsertIndex = FileLines.Place(HasAttribute ? FileLines.PreviousLine() : FileLines.Line());
     return true;
 }
@@ -219,9 +219,9 @@ bool TQXAssemblyInfo::ReadBracket(IStringTokeniser& Scanner)
 {
     const char Open = Scanner.Current();
     Scanner.Next();
-    const std::string_view Word = Text::Trim(Scanner.ReadUntilAny(": "));
+    const std::string_view Word = Texts::Trim(Scanner.ReadUntilAny(": "));
     Scanner.SkipWhiteSpace();
-    if (Scanner.Current() != ':' || !Text::Same(Word, "assembly"))
+    if (Scanner.Current() != ':' || !Texts::Same(Word, "assembly"))
         return false;
     DeclarationOpen = Open;
     DeclarationPrefix = std::string(Word) + ':';
@@ -234,8 +234,8 @@ bool TQXAssemblyInfo::ReadComment(IStringTokeniser& Scanner)
         return false;
     Scanner.Next();
     Scanner.SkipWhiteSpace();
-    const std::string_view Word = Text::Trim(Scanner.ReadUntilChar(' '));
-    if (!Text::Same(Word, "@assembly"))
+    const std::string_view Word = Texts::Trim(Scanner.ReadUntilChar(' '));
+    if (!Texts::Same(Word, "@assembly"))
         return false;
     DeclarationOpen = "/** ";
     DeclarationPrefix = Word;
@@ -251,7 +251,7 @@ void TQXAssemblyInfo::ReadQuotedValue(IStringTokeniser& Scanner, TDeclaration& D
     Declaration.IsClosed = Scanner.Current() == ')';
     Scanner.Next();
     // What stands there instead of a parenthesis may be more than a byte.
-    while (Text::IsTrailByte(Scanner.Current()) && FileLines.IsUtf8())
+    while (Texts::IsTrailByte(Scanner.Current()) && FileLines.IsUtf8())
         Scanner.Next();
     if (Scanner.Current() == ' ')
         Declaration.CloseBlank = " ";
@@ -380,7 +380,7 @@ std::string TQXAssemblyInfo::Encoded(const std::string& Text, const std::string&
 {
     constexpr std::string_view Nul("\0", 1);
     if (Text.find_first_of("\r\n") != std::string::npos || Text.find(Nul) != std::string::npos)
-        throw EFileError(FileName, Text::Replace(EntryName, Nul, "?") +
+        throw EFileError(FileName, Texts::Replace(EntryName, Nul, "?") +
                                        " is to hold a line end or a NUL character, which no declaration can");
     std::optional<std::string> Bytes = FileLines.Encode(Text);
     if (!Bytes)

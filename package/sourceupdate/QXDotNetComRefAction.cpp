@@ -25,7 +25,7 @@ constexpr std::pair<std::string_view, std::string_view> ProjectTypes[] = {
 /// Visual Studio declares no encoding: what is no UTF-8 then is in the 8-bit code page.
 bool Parse(const std::string& Bytes, TXmlDocument& Document)
 {
-    return Bytes.starts_with("<?xml") ? Document.LoadFromBytes(Bytes) : Document.LoadFromText(Text::Decode(Bytes));
+    return Bytes.starts_with("<?xml") ? Document.LoadFromBytes(Bytes) : Document.LoadFromText(Texts::Decode(Bytes));
 }
 
 /// Sets attributes of a reference in a project file and keeps the rest of the file to the byte.
@@ -40,7 +40,7 @@ public:
     {
         if (!Load())
             return false;
-        const std::string Path = Text::Replace(ProjectTypeFromFileExt(FFileName), "%s", FName);
+        const std::string Path = Texts::Replace(ProjectTypeFromFileExt(FFileName), "%s", FName);
         const auto Reference = FDocument.DocumentElement().SelectNode(Path);
         if (!Reference)
             return Fail("Unable to locate reference in project file!");
@@ -82,7 +82,7 @@ private:
         {
             return FailLoading(Error.Reason);
         }
-        if (const std::string Foreign(Text::ForeignEncoding(FBytes)); !Foreign.empty())
+        if (const std::string Foreign(Texts::ForeignEncoding(FBytes)); !Foreign.empty())
             return Fail("Cannot update project file, it holds " + Foreign +
                         ", only UTF-8 and 8-bit text can be updated : " + FFileName);
         return Parse(FBytes, FDocument) || FailLoading(FDocument.ParseError().Reason);
@@ -153,7 +153,7 @@ private:
 
 std::string ProjectTypeFromFileExt(std::string_view FileName)
 {
-    const std::string Extension = Text::Lower(Paths::Extension(FileName));
+    const std::string Extension = Texts::Lower(Paths::Extension(FileName));
     const auto* Found = std::find_if(std::begin(ProjectTypes), std::end(ProjectTypes),
                                      [&](const auto& Row) { return Row.first == Extension; });
     return Found == std::end(ProjectTypes) ? "" : std::string(Found->second);

@@ -81,21 +81,21 @@ std::vector<std::string_view> TSourceLines::Pieces() const
 bool TSourceLines::IsUtf8() const
 {
     if (!FIsUtf8)
-        FIsUtf8 = Text::IsValidUtf8(FBytes);
+        FIsUtf8 = Texts::IsValidUtf8(FBytes);
     return *FIsUtf8;
 }
 
 std::string TSourceLines::Decode(std::string_view Bytes) const
 {
-    return Text::IsAscii(Bytes) || IsUtf8() ? std::string(Bytes) : Text::FromWindows1252(Bytes);
+    return Texts::IsAscii(Bytes) || IsUtf8() ? std::string(Bytes) : Texts::FromWindows1252(Bytes);
 }
 
 bool TSourceLines::IsSame(std::string_view Bytes, std::string_view Text) const
 {
-    return Text::IsAscii(Bytes) || IsUtf8() ? Bytes == Text : Text::FromWindows1252(Bytes) == Text;
+    return Texts::IsAscii(Bytes) || IsUtf8() ? Bytes == Text : Texts::FromWindows1252(Bytes) == Text;
 }
 
 std::optional<std::string> TSourceLines::Encode(const std::string& Text) const
 {
-    return Text::IsAscii(Text) || IsUtf8() ? std::optional(Text) : Text::ToWindows1252(Text);
+    return Texts::IsAscii(Text) || IsUtf8() ? std::optional(Text) : Texts::ToWindows1252(Text);
 }

@@ -11,7 +11,7 @@ namespace
 /// 0 for what is no hexadecimal number as a whole, or a larger one than any version is.
 std::uint32_t ReadHexadecimal(std::string_view Digits)
 {
-    return Text::ParseWhole<std::uint32_t>(Digits, 16).value_or(0);
+    return Texts::ParseWhole<std::uint32_t>(Digits, 16).value_or(0);
 }
 
 /// The version that a key is named after; none for a name without a full stop.

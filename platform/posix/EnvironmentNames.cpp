@@ -11,7 +11,7 @@ bool Environment::GetSame(std::string_view Name, std::string& Value)
     {
         const std::string_view Line(*Entry);
         const std::size_t Sign = Line.find('=');
-        if (Sign == std::string_view::npos || !Text::Same(Line.substr(0, Sign), Name))
+        if (Sign == std::string_view::npos || !Texts::Same(Line.substr(0, Sign), Name))
             continue;
         Value = Line.substr(Sign + 1);
         return true;

@@ -24,7 +24,7 @@ public:
         FSettled = std::chrono::system_clock::now().time_since_epoch() - FChanged >= Tick;
         const TFolderHandle Handle = OpenFolder(Folder.empty() ? "." : Folder);
         while (const dirent* Entry = Handle ? ::readdir(Handle.get()) : nullptr)
-            FNames.emplace_back(Text::FoldCase(static_cast<const char*>(Entry->d_name)), Entry->d_name);
+            FNames.emplace_back(Texts::FoldCase(static_cast<const char*>(Entry->d_name)), Entry->d_name);
         std::sort(FNames.begin(), FNames.end());
     }
 
@@ -33,7 +33,7 @@ public:
     /// The names of the same folded form, the exact one first.
     [[nodiscard]] std::vector<std::string> Matches(std::string_view Name) const
     {
-        const std::string Folded = Text::FoldCase(Name);
+        const std::string Folded = Texts::FoldCase(Name);
         std::vector<std::string> Result;
         for (auto Item = std::lower_bound(FNames.begin(), FNames.end(), std::pair(Folded, std::string()));
              Item != FNames.end() && Item->first == Folded; ++Item)

@@ -70,7 +70,7 @@ std::optional<std::string> ResponseFileText(const TProcessStart& Start)
             continue;
         const std::string File = Paths::Join(Start.Folder, std::string_view(Argument).substr(1));
         if (Files::FileExists(File))
-            return Text::Decode(Files::Read(File));
+            return Texts::Decode(Files::Read(File));
     }
     return std::nullopt;
 }

@@ -19,9 +19,9 @@ public:
         std::string& Buffer = FBuffers[FUsed++];
         if (!FMask.IsEmpty())
             Text = FMask.Apply(Text, Buffer);
-        if (Text::IsAscii(Text) || Text::IsValidUtf8(Text))
+        if (Texts::IsAscii(Text) || Texts::IsValidUtf8(Text))
             return;
-        Buffer = Text::MakeValidUtf8(Text);
+        Buffer = Texts::MakeValidUtf8(Text);
         Text = Buffer;
     }
     void operator()(std::optional<std::string_view>& Text)

@@ -17,7 +17,7 @@ std::vector<std::string_view> Parts(std::string_view Text, std::string_view Sepa
     while (!Text.empty())
     {
         const std::size_t End = std::min(Text.find_first_of(Separators), Text.size());
-        if (const std::string_view Part = Text::Trim(Text.substr(0, End)); !Part.empty())
+        if (const std::string_view Part = Texts::Trim(Text.substr(0, End)); !Part.empty())
             Result.push_back(Part);
         Text.remove_prefix(std::min(End + 1, Text.size()));
     }
@@ -35,7 +35,7 @@ std::string Join(const std::vector<std::string_view>& Parts, char Separator)
 
 std::string WithEscapes(const std::string& Text)
 {
-    return Text::Replace(Text::Replace(Text::Replace(Text, "\\", "\\\\"), "\"", "\\\""), "\t", "\\t");
+    return Texts::Replace(Texts::Replace(Texts::Replace(Text, "\\", "\\\\"), "\"", "\\\""), "\t", "\\t");
 }
 
 /// As an argument, without the quotes around it.
@@ -71,13 +71,13 @@ void TSecretMask::AddForms(std::string_view Secret)
 {
     std::vector<std::string> Forms{std::string(Secret)};
     if (Secret.find_first_of("\\/") != std::string_view::npos)
-        Forms.insert(Forms.end(), {Text::Replace(Secret, "\\", "/"), Text::Replace(Secret, "/", "\\")});
+        Forms.insert(Forms.end(), {Texts::Replace(Secret, "\\", "/"), Texts::Replace(Secret, "/", "\\")});
     for (const std::string& Form : Forms)
     {
         AddEncodings(Form);
         if (Form.find_first_of("\\\"'\t") != std::string::npos)
-            for (const std::string& Other :
-                 {WithEscapes(Form), Argument(Form), Text::Replace(Form, "\"", "\"\""), Text::Replace(Form, "'", "''")})
+            for (const std::string& Other : {WithEscapes(Form), Argument(Form), Texts::Replace(Form, "\"", "\"\""),
+                                             Texts::Replace(Form, "'", "''")})
                 AddEncodings(Other);
     }
 }
@@ -86,11 +86,11 @@ void TSecretMask::AddForms(std::string_view Secret)
 void TSecretMask::AddEncodings(const std::string& Secret)
 {
     FTexts.push_back(Secret);
-    if (Text::IsAscii(Secret))
+    if (Texts::IsAscii(Secret))
         return;
-    const bool IsUtf8 = Text::IsValidUtf8(Secret);
-    const std::string Bytes = IsUtf8 ? Text::ToWindows1252(Secret).value_or(Secret) : Secret;
-    FTexts.insert(FTexts.end(), {Bytes, Text::FromWindows1252(Bytes), Text::MakeValidUtf8(Bytes)});
+    const bool IsUtf8 = Texts::IsValidUtf8(Secret);
+    const std::string Bytes = IsUtf8 ? Texts::ToWindows1252(Secret).value_or(Secret) : Secret;
+    FTexts.insert(FTexts.end(), {Bytes, Texts::FromWindows1252(Bytes), Texts::MakeValidUtf8(Bytes)});
 }
 
 const TTextFinder& TSecretMask::Finder() const

@@ -120,7 +120,7 @@ std::optional<std::string> TOptionsFile::ReadString(std::string_view Key, std::s
 std::optional<int> TOptionsFile::ReadInteger(std::string_view Key, std::string_view Name) const
 {
     const auto Text = ReadString(Key, Name);
-    return Text ? Text::ParseWhole<int>(*Text) : std::nullopt;
+    return Text ? Texts::ParseWhole<int>(*Text) : std::nullopt;
 }
 
 void TOptionsFile::WriteString(std::string_view Key, std::string_view Name, std::string_view Value)

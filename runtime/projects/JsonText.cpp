@@ -9,7 +9,7 @@ namespace
 std::string Quoted(std::string_view Value)
 {
     std::string Result = "\"";
-    for (const char Character : Text::MakeValidUtf8(Value))
+    for (const char Character : Texts::MakeValidUtf8(Value))
         if (Character == '"' || Character == '\\')
             Result += {'\\', Character};
         else if (static_cast<unsigned char>(Character) < 0x20)

@@ -104,7 +104,7 @@ void TReader::ReadVariable(const TTomlEntry& Entry)
     }
     if (!IsVariableName(Entry.Key))
         FFindings.Add(Entry.Position, fmt::format("\"{}\" cannot name a variable: {}", Entry.Key, VariableNameRule));
-    const auto [Known, IsNew] = FVariables.emplace(Text::Lower(Entry.Key), &Entry);
+    const auto [Known, IsNew] = FVariables.emplace(Texts::Lower(Entry.Key), &Entry);
     if (!IsNew)
         FFindings.Add(Entry.Position, fmt::format("variable \"{}\" is \"{}\" of line {} again: names ignore case",
                                                   Entry.Key, Known->second->Key, Known->second->Position.Line));

@@ -106,7 +106,7 @@ void TAssembler::AddSection(std::size_t Place)
 /// A header of scripts from which all were removed goes too.
 bool TAssembler::IsEmptied(const TTomlSection& Section, const std::string& Edited) const
 {
-    return Section.Table && !Section.Table->Entries.empty() && Text::Trim(Edited) == ScriptsHeader;
+    return Section.Table && !Section.Table->Entries.empty() && Texts::Trim(Edited) == ScriptsHeader;
 }
 
 void TAssembler::AddBlock(const TActionBlock& Block)

@@ -30,7 +30,7 @@ TTomlPosition PositionOf(std::string_view Text, std::size_t Offset)
     {
         if (Text[Index] == '\n')
             Position = {Position.Line + 1, 1};
-        else if (!Text::IsTrailByte(Text[Index]))
+        else if (!Texts::IsTrailByte(Text[Index]))
             ++Position.Column;
     }
     return Position;
@@ -176,8 +176,8 @@ TTomlNode Convert(toml::node& Node)
 /// Refuses what the library would not survive, or would report without its place.
 void CheckBeforeParsing(const std::string& FileName, std::string_view Text)
 {
-    if (!Text::IsValidUtf8(Text))
-        Fail(FileName, PositionOf(Text, Text::ValidLength(Text)), "the file is not valid UTF-8");
+    if (!Texts::IsValidUtf8(Text))
+        Fail(FileName, PositionOf(Text, Texts::ValidLength(Text)), "the file is not valid UTF-8");
     if (const auto TooLong = TKeyScanner(Text).FindTooLong())
         Fail(FileName, PositionOf(Text, *TooLong), fmt::format("a key has more than {} parts", MaximumKeyParts));
 }
@@ -185,7 +185,7 @@ void CheckBeforeParsing(const std::string& FileName, std::string_view Text)
 /// The library's own words, without the name of one of its macros.
 std::string Reason(const toml::parse_error& Error)
 {
-    std::string Result = Text::Replace(Error.description(), " (TOML_MAX_NESTED_VALUES)", "");
+    std::string Result = Texts::Replace(Error.description(), " (TOML_MAX_NESTED_VALUES)", "");
     if (Result.starts_with("Error"))
         Result[0] = 'e';
     return Result;
@@ -226,7 +226,7 @@ std::string_view TTomlDocument::LineEnd() const
 std::size_t TTomlDocument::Offset(TTomlPosition Position) const
 {
     const std::size_t Begin = LineBegin(Position.Line);
-    return Begin + Text::FirstCharacters(std::string_view(FText).substr(Begin), Position.Column - 1).size();
+    return Begin + Texts::FirstCharacters(std::string_view(FText).substr(Begin), Position.Column - 1).size();
 }
 
 std::size_t TTomlDocument::LineBegin(std::size_t Line) const

@@ -209,7 +209,7 @@ std::vector<TTomlSection> TTomlEditor::Sections() const
               [](const TTomlNode* Left, const TTomlNode* Right) { return Left->Begin < Right->Begin; });
 
     const auto IsComment = [&](std::size_t Line) {
-        return Text::Trim(Bytes(FDocument.LineBegin(Line), FDocument.LineContentEnd(Line))).starts_with('#');
+        return Texts::Trim(Bytes(FDocument.LineBegin(Line), FDocument.LineContentEnd(Line))).starts_with('#');
     };
     std::vector<TTomlSection> Sections{{}};
     for (const TTomlNode* Table : Layout.Tables)

@@ -75,7 +75,7 @@ std::string TomlText::Key(std::string_view Name)
 
 std::string TomlText::String(std::string_view Text)
 {
-    const std::string Valid = Text::MakeValidUtf8(Text);
+    const std::string Valid = Texts::MakeValidUtf8(Text);
     if (Valid.find_first_of("\\\"") != std::string::npos && CanBeLiteral(Valid))
         return fmt::format("'{}'", Valid);
     return fmt::format("\"{}\"", EscapeAll(Valid, "\\n"));
@@ -85,9 +85,9 @@ std::string TomlText::Lines(std::string_view Text, std::string_view LineEnd)
 {
     if (Text.find('\n') == std::string_view::npos)
         return String(Text);
-    const std::string Valid = Text::MakeValidUtf8(Text);
+    const std::string Valid = Texts::MakeValidUtf8(Text);
     if (CanBeLiteralLines(Valid))
-        return fmt::format("'''{}{}'''", LineEnd, Text::Replace(Valid, "\n", LineEnd));
+        return fmt::format("'''{}{}'''", LineEnd, Texts::Replace(Valid, "\n", LineEnd));
     return fmt::format("\"\"\"{}{}\"\"\"", LineEnd, EscapeAll(Valid, LineEnd));
 }
 

@@ -17,7 +17,7 @@ bool Surrogate(std::string_view Text, std::size_t Index, unsigned First, unsigne
     const unsigned Second = Byte(Text, Index + 1);
     const unsigned Third = Byte(Text, Index + 2);
     if (Byte(Text, Index) != 0xED || Second < First || Second > First + 15 ||
-        !Text::IsTrailByte(static_cast<char>(Third)))
+        !Texts::IsTrailByte(static_cast<char>(Third)))
         return false;
     Bits = ((Second & 0x0F) << 6) | (Third & 0x3F);
     return true;
@@ -26,7 +26,7 @@ bool Surrogate(std::string_view Text, std::size_t Index, unsigned First, unsigne
 
 std::string ScriptText::FromHost(std::string_view Text)
 {
-    const std::string Valid = Text::MakeValidUtf8(Text);
+    const std::string Valid = Texts::MakeValidUtf8(Text);
     std::string Result;
     Result.reserve(Valid.size());
     for (std::size_t Index = 0; Index < Valid.size(); ++Index)
@@ -36,9 +36,9 @@ std::string ScriptText::FromHost(std::string_view Text)
             Result += Valid[Index];
             continue;
         }
-        const char32_t Code = Text::CodePoint(std::string_view(Valid).substr(Index, 4));
-        Text::AppendCodePoint(Result, 0xD800 + ((Code - 0x10000) >> 10));
-        Text::AppendCodePoint(Result, 0xDC00 + ((Code - 0x10000) & 0x3FF));
+        const char32_t Code = Texts::CodePoint(std::string_view(Valid).substr(Index, 4));
+        Texts::AppendCodePoint(Result, 0xD800 + ((Code - 0x10000) >> 10));
+        Texts::AppendCodePoint(Result, 0xDC00 + ((Code - 0x10000) & 0x3FF));
         Index += 3;
     }
     return Result;
@@ -54,11 +54,11 @@ std::string ScriptText::ToHost(std::string_view Text)
         unsigned Low = 0;
         if (Surrogate(Text, Index, 0xA0, High) && Surrogate(Text, Index + 3, 0xB0, Low))
         {
-            Text::AppendCodePoint(Result, 0x10000 + (High << 10) + Low);
+            Texts::AppendCodePoint(Result, 0x10000 + (High << 10) + Low);
             Index += 5;
         }
         else
             Result += Text[Index];
     }
-    return Text::MakeValidUtf8(Result);
+    return Texts::MakeValidUtf8(Result);
 }

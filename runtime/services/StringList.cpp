@@ -137,7 +137,7 @@ std::string TStringList::ValueAt(std::size_t Index) const
 std::optional<std::size_t> TStringList::IndexOfName(std::string_view AName) const
 {
     for (std::size_t Index = 0; Index < FItems.size(); ++Index)
-        if (FItems[Index].find('=') != std::string::npos && Text::Same(Name(Index), AName))
+        if (FItems[Index].find('=') != std::string::npos && Texts::Same(Name(Index), AName))
             return Index;
     return std::nullopt;
 }

@@ -40,7 +40,7 @@ std::string ExpandRelativePath(std::string_view Path, std::string_view Folder)
 TStringList LoadUnicodeFile(const std::string& FileName)
 {
     TStringList Lines;
-    Lines.SetText(Text::Decode(Files::Read(FileName)));
+    Lines.SetText(Texts::Decode(Files::Read(FileName)));
     return Lines;
 }
 

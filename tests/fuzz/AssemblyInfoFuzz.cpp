@@ -98,7 +98,7 @@ void CheckEncoding(std::string_view Before, std::string_view After)
 {
     Require(After.find('\0') == After.npos, "no NUL gets into a file");
     Require(After.starts_with(Mark) == Before.starts_with(Mark), "an encoding mark stays");
-    Require(!Text::IsValidUtf8(Before) || Text::IsValidUtf8(After), "UTF-8 stays UTF-8");
+    Require(!Texts::IsValidUtf8(Before) || Texts::IsValidUtf8(After), "UTF-8 stays UTF-8");
 }
 
 /// Every declaration gets a value: as many lines change as values do, and no line end.
@@ -135,7 +135,7 @@ void CheckAddition(IQXAssemblyInfoUpdater& Updater, const std::string& Path, con
     const std::string Before = Files::Read(Path);
     const auto Seen = Look(Path).Seen;
     std::string Name = "Added";
-    while (std::any_of(Seen.begin(), Seen.end(), [&](const auto& Other) { return Text::Same(Name, Other.first); }))
+    while (std::any_of(Seen.begin(), Seen.end(), [&](const auto& Other) { return Texts::Same(Name, Other.first); }))
         Name += '+';
     Updater.AddEntry(Name, Value, true);
     TOwner Owner;
@@ -152,7 +152,7 @@ void CheckAddition(IQXAssemblyInfoUpdater& Updater, const std::string& Path, con
     const auto Back = std::mismatch(Old.rbegin(), Old.rend(), New.rbegin(), New.rend(), IsSame).first - Old.rbegin();
     Require(Front + Back >= std::ssize(Old) && New.size() > Old.size(), "lines are added in one place");
     const auto Place = static_cast<std::size_t>(std::min<std::ptrdiff_t>(Front, std::ssize(Old)));
-    const std::string Held = Text::IsValidUtf8(Before) ? Value : Text::ToWindows1252(Value).value_or("");
+    const std::string Held = Texts::IsValidUtf8(Before) ? Value : Texts::ToWindows1252(Value).value_or("");
     const auto Holds = [&](const TLine& Line) {
         return Line.Text.find(Name) != Line.Text.npos && Line.Text.find(Held) != Line.Text.npos;
     };

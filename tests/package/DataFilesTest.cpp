@@ -25,12 +25,12 @@ public:
         std::string Text = Script.Text();
         for (const TQXScriptParam& Param : Script.Params())
             if (const auto* Value = std::get_if<std::string>(&Param.Value()))
-                Text = Text::Replace(Text, '%' + Param.Name() + '%', *Value);
+                Text = Texts::Replace(Text, '%' + Param.Name() + '%', *Value);
             else if (const auto* Object = std::get_if<TQXPersistent*>(&Param.Value()))
                 for (const TQXProperty& Property : (*Object)->Properties())
                     if (Property.Type == TQXPropertyType::String)
-                        Text = Text::Replace(Text, '%' + std::string(Property.Name) + '%',
-                                             std::get<std::string>(Property.Read()));
+                        Text = Texts::Replace(Text, '%' + std::string(Property.Name) + '%',
+                                              std::get<std::string>(Property.Read()));
         EXPECT_TRUE(Script.Params().back().IsOutput());
         Script.Params().back().SetValue(Text);
         return std::nullopt;
@@ -111,7 +111,7 @@ private:
     {
         const auto [Name, Value] = SplitSetting(Rest);
         if (Line.Word == "file")
-            FHost.Folder.Write(Rest, Text::Replace(Fill(Line.Text), "\n", "\r\n"));
+            FHost.Folder.Write(Rest, Texts::Replace(Fill(Line.Text), "\n", "\r\n"));
         else if (Line.Word == "source")
             FHost.Folder.Write(Name, FSources[Name] = Unescape(Value));
         else if (Line.Word == "tool")
@@ -150,7 +150,7 @@ private:
         if (!Place.empty())
             FRegistry += '[' + Place.substr(0, End) + "]\r\n" +
                          (End == Place.size() ? "@" : '"' + Place.substr(End + 1) + '"') + "=\"" +
-                         Text::Replace(Fill(Value), "\\", "\\\\") + "\"\r\n";
+                         Texts::Replace(Fill(Value), "\\", "\\\\") + "\"\r\n";
     }
 
     TOptionsFile StoredOptions() const
@@ -286,7 +286,7 @@ private:
 
     [[nodiscard]] std::string Fill(const std::string& Text) const
     {
-        return Text::Replace(Text::Replace(Text, "$DIR", FHost.Folder.Path()), "$BLANK", " ");
+        return Texts::Replace(Texts::Replace(Text, "$DIR", FHost.Folder.Path()), "$BLANK", " ");
     }
 
     /// What is expected of a kind; a line without text stands for nothing.
@@ -312,7 +312,7 @@ private:
         for (const TDataLine& Line : Expected(Kind))
         {
             std::string Text = Fill(Line.Rest + (Line.Text.empty() ? "" : "\n" + Line.Text));
-            Text = Text::Replace(Line.Text.empty() ? Text : Text.substr(0, Text.size() - 1), "\n", "\r\n");
+            Text = Texts::Replace(Line.Text.empty() ? Text : Text.substr(0, Text.size() - 1), "\n", "\r\n");
             if (std::string* Other = Index < Actual.size() ? &Actual[Index] : nullptr; Other && Text.ends_with("..."))
                 if (Text.pop_back(), Text.pop_back(), Text.pop_back(), Other->size() > Text.size())
                     Other->resize(Text.size());

@@ -75,12 +75,12 @@ TEST(RealTools, ResourcesAreFoundByTheProgramThatTheyBelongTo)
     Host.Folder.Write(Folder + "bin/Kit.cs", Control);
 
     const auto Kit = Host.Create<TQXManagedCompilerAction>("TQXCSharpCompilerAction");
-    Kit->ProjectDir = Text::Replace(Folder + "bin", "%", "%%");
+    Kit->ProjectDir = Texts::Replace(Folder + "bin", "%", "%%");
     Kit->Files = "Kit.cs";
     Kit->OutputFile = "Kit.dll";
     ASSERT_TRUE(Host.Execute(*Kit)) << testing::PrintToString(Host.Log.Events);
     const auto Action = Host.Create<TQXManagedCompilerAction>("TQXCSProjCompilerAction");
-    Action->ProjectFile = Text::Replace(Folder + "Acme.csproj", "%", "%%");
+    Action->ProjectFile = Texts::Replace(Folder + "Acme.csproj", "%", "%%");
     Action->ConfigName = "Debug";
     ASSERT_TRUE(Host.Execute(*Action)) << testing::PrintToString(Host.Log.Events);
     EXPECT_FALSE(Host.Folder.Exists(Folder + "bin/lc.exe"));

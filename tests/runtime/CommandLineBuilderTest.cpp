@@ -27,7 +27,7 @@ TEST(CommandLineBuilder, BringsToTheToolWhatWasMeant)
             (void)AddRow(*All, Row);
             TColumns Received = CommandLines::Split(Row[4]);
             for (const std::string& Argument : Received)
-                Expected.push_back(Text::Replace(Argument, "\\", "\\\\"));
+                Expected.push_back(Texts::Replace(Argument, "\\", "\\\\"));
             return Received;
         },
         5);

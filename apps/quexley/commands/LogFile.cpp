@@ -65,7 +65,7 @@ bool IsNamedByAnAction(const std::string& File, const TProject& Project)
 
 bool IsNamedLikeASource(const std::string& File)
 {
-    const std::string Extension = Text::Lower(Paths::Extension(File));
+    const std::string Extension = Texts::Lower(Paths::Extension(File));
     return std::find(InputExtensions.begin(), InputExtensions.end(), Extension) != InputExtensions.end();
 }
 } // namespace

@@ -76,7 +76,7 @@ TQXPropertyValue ParsePropertyText(const TQXProperty& Property, std::string_view
 
 int ParseIntegerText(std::string_view Name, std::string_view Text)
 {
-    if (const auto Number = Text::ParseWhole<int>(Text))
+    if (const auto Number = Texts::ParseWhole<int>(Text))
         return *Number;
     throw EUsageError(fmt::format("{} is a whole number, not \"{}\"", Name, Text));
 }

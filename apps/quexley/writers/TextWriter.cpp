@@ -168,7 +168,7 @@ void TTextWriter::WriteRow(const TRow& Row, std::string_view Indent, std::size_t
 {
     const auto& [Word, Escape] = ResultWords[static_cast<std::size_t>(Row.Result)];
     const bool Colour = FStyle.Colour;
-    const std::size_t Length = Text::CountCharacters(Row.Name);
+    const std::size_t Length = Texts::CountCharacters(Row.Name);
     const std::string Padding(NameWidth > Length ? NameWidth - Length : 0, ' ');
     std::string Line =
         fmt::format("{}{}{:<7}{}  {}", Indent, Colour ? Escape : "", Word, Colour ? Plain : "", Row.Name);
@@ -191,7 +191,7 @@ void TTextWriter::WriteSummary()
 {
     std::size_t Width = 0;
     for (const TRow& Row : FRows)
-        Width = std::max(Width, Text::CountCharacters(Row.Name));
+        Width = std::max(Width, Texts::CountCharacters(Row.Name));
     WriteLine("");
     WriteLine("Summary", Bold);
     for (const TRow& Row : FRows)
@@ -250,7 +250,7 @@ void TTextWriter::Write(const TTickEvent&)
             std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - FRunningSince);
         const std::string Text = fmt::format("  {}  {} s", FRunning, Seconds.count());
         RemoveLiveLine();
-        FOutput.Append(Text::FirstCharacters(Text, static_cast<std::size_t>(Console::Width() - 1)));
+        FOutput.Append(Texts::FirstCharacters(Text, static_cast<std::size_t>(Console::Width() - 1)));
         FLiveLineShown = true;
     }
     FOutput.Flush();

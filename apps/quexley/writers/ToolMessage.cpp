@@ -49,7 +49,7 @@ std::optional<TToolMessage> ParseSeverity(std::string_view Text)
     Take(Text, " ");
     if (Message.Code.empty() || !Take(Text, ":"))
         return std::nullopt;
-    Message.Text = Text::Trim(Text);
+    Message.Text = Texts::Trim(Text);
     return Message;
 }
 
@@ -59,7 +59,7 @@ bool ParsePlace(std::string_view Place, TToolMessage& Message)
     const std::size_t Open = Place.rfind('(');
     if (Open == std::string_view::npos || Open == 0 || !Place.ends_with(')'))
         return false;
-    Message.File = Text::Trim(Place.substr(0, Open));
+    Message.File = Texts::Trim(Place.substr(0, Open));
     std::string_view Numbers = Place.substr(Open + 1, Place.size() - Open - 2);
     Message.Line = TakeWhile(Numbers, IsDigit);
     if (Take(Numbers, ","))
@@ -78,5 +78,5 @@ std::optional<TToolMessage> ParseToolMessage(std::string_view Line)
         if (std::optional<TToolMessage> Message = ParseSeverity(Line.substr(End + 3));
             Message && ParsePlace(Line.substr(0, End + 1), *Message))
             return Message;
-    return ParseSeverity(Text::Trim(Line));
+    return ParseSeverity(Texts::Trim(Line));
 }

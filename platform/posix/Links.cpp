@@ -22,6 +22,12 @@ std::string Links::Resolve(const std::string& Path)
     return fs::canonical(Path, Error).string();
 }
 
+bool Links::AreSame(const std::string& Left, const std::string& Right)
+{
+    std::error_code Error;
+    return fs::equivalent(Left, Right, Error) && !Error;
+}
+
 void Links::Place(const std::string& Name, const std::string& Target)
 {
     std::error_code Error;

@@ -1,6 +1,7 @@
 #include "apps/quexley/commands/LogFile.h"
 
 #include "platform/Files.h"
+#include "platform/Links.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 #include "runtime/HostErrors.h"
@@ -8,10 +9,7 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <fmt/format.h>
-
-namespace fs = std::filesystem;
 
 namespace
 {
@@ -23,20 +21,13 @@ constexpr std::array<std::string_view, 36> InputExtensions = {
     ".ico",    ".il",   ".js",   ".jsl",     ".licx",   ".pas",    ".png",     ".rc",  ".reg",
     ".resx",   ".sln",  ".snk",  ".toml",    ".vb",     ".vbproj", ".vjsproj", ".xml", ".xsd"};
 
-/// Whether two paths lead to one file, by whatever links.
-bool IsSame(const std::string& Left, const std::string& Right)
-{
-    std::error_code Error;
-    return fs::equivalent(Left, Right, Error) && !Error;
-}
-
 bool IsInput(const std::string& File, const std::string& Name, const std::string& Folder)
 {
     const std::string Path = Paths::Expand(Name, Folder);
     if (Name.find_first_of("*?") == std::string::npos)
-        return !Name.empty() && IsSame(File, Files::Spelling(Path));
+        return !Name.empty() && Links::AreSame(File, Files::Spelling(Path));
     return Files::MatchesMask(Paths::FileName(File), Paths::FileName(Path)) &&
-           IsSame(Paths::Folder(File), Files::Spelling(Paths::Folder(Path)));
+           Links::AreSame(Paths::Folder(File), Files::Spelling(Paths::Folder(Path)));
 }
 
 std::vector<std::string> FilesOf(const TCustomQXAction& Action)
@@ -72,13 +63,13 @@ bool IsNamedLikeASource(const std::string& File)
 
 void CheckLogFile(const std::string& LogFile, const std::vector<std::string>& Inputs, const TProject& Project)
 {
-    std::error_code Error;
-    if (!fs::is_regular_file(LogFile, Error))
+    if (!Files::FileExists(Links::Resolve(LogFile)))
         return; // there is nothing to lose
-    const std::string File = fs::absolute(LogFile).string();
+    const std::string File = Paths::Expand(LogFile, Files::CurrentFolder());
     const bool IsRead = IsNamedLikeASource(File) || IsNamedByAnAction(File, Project) ||
-                        std::any_of(Inputs.begin(), Inputs.end(),
-                                    [&](const std::string& Input) { return !Input.empty() && IsSame(File, Input); });
+                        std::any_of(Inputs.begin(), Inputs.end(), [&](const std::string& Input) {
+                            return !Input.empty() && Links::AreSame(File, Input);
+                        });
     if (IsRead)
         throw EUsageError(fmt::format("--log would replace {}, which is no log", LogFile));
 }

@@ -82,12 +82,17 @@ struct TQXProperty
     std::string_view HelpText{};                          ///< the long form of Meaning, where there is one
     std::string_view Example{};                           ///< of what validation asks for on a new object, else empty
     TQXTextKind Kind = TQXTextKind::Text;
-    char Separator = '\0'; ///< of a list
-    bool IsSecret = false; ///< its value never reaches a log
+    char Separator = '\0';         ///< of a list
+    bool IsSecret = false;         ///< its value never reaches a log
+    bool IsOrdinal = false;        ///< an option that is stored as the number of its element
+    std::string_view StoredName{}; ///< of an option, where it is not Name
 
     [[nodiscard]] bool IsPersisted() const { return static_cast<bool>(Write); }
     /// Whether validation asks for it on an object that has its defaults.
     [[nodiscard]] bool IsRequired() const { return !Example.empty(); }
+
+    /// The name of an option in the options file.
+    [[nodiscard]] std::string_view StoredUnder() const { return StoredName.empty() ? Name : StoredName; }
 
     // What rows say beside name, member and meaning.
     TQXProperty& Secret() { return Set(IsSecret, true); }
@@ -96,6 +101,8 @@ struct TQXProperty
     TQXProperty& Folder() { return Set(Kind, TQXTextKind::Folder); }
     TQXProperty& List(char ASeparator) { return Set(Kind, TQXTextKind::List).Set(Separator, ASeparator); }
     TQXProperty& Alias(std::string_view AAlias) { return Set(AliasText, AAlias); }
+    TQXProperty& StoredAs(std::string_view AName) { return Set(StoredName, AName); }
+    TQXProperty& StoredAsOrdinal(std::string_view AName) { return StoredAs(AName).Set(IsOrdinal, true); }
     TQXProperty& Help(std::string_view AHelp) { return Set(HelpText, AHelp); }
     /// Validation asks for it on a new object; this value will do.
     TQXProperty& Required(std::string_view AExample) { return Set(Example, AExample); }

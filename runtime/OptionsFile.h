@@ -52,12 +52,18 @@ public:
     /// Stores a value; the rest of the text stays byte for byte.
     void WriteString(std::string_view Key, std::string_view Name, std::string_view Value);
     void WriteInteger(std::string_view Key, std::string_view Name, int Value);
+    /// The stored value of a property of the table Key, under the name that its row gives; none when nothing is stored.
+    /// Throws EHostFileError at the place of a value that the property cannot hold.
+    [[nodiscard]] std::optional<TQXPropertyValue> Read(std::string_view Key, const TQXProperty& Property) const;
+    void Write(std::string_view Key, const TQXProperty& Property, const TQXPropertyValue& Value);
     /// The text to be stored.
     [[nodiscard]] const std::string& Text() const;
     /// Writes the file, making its folder. Throws EFileError.
     void Save() const;
 
 private:
+    void Store(std::string_view Key, std::string_view Name, std::string Value);
+
     struct TImpl;
     std::unique_ptr<TImpl> FImpl;
 };

@@ -25,5 +25,7 @@ struct TArguments
     bool Verbose = false;
     // Other commands.
     bool Json = false;
+    bool Example = false;           ///< of `show`
+    bool Scripts = false;           ///< of `show`
     std::vector<std::string> Words; ///< class of `show`; list, get or set with their operands of `options`
 };

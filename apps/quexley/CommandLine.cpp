@@ -105,7 +105,9 @@ void AddArguments(CLI::App& App, TCommandArguments Kind, TRawArguments& Raw)
         AddProjectArguments(App, Raw);
         break;
     case TCommandArguments::ClassAndJson:
-        AddWords(App, "CLASS", Raw.Arguments, "Class of an action or of an options object");
+        AddWords(App, "CLASS", Raw.Arguments, "Class or registered name of an action or of an options object");
+        App.add_flag("--example", Raw.Arguments.Example, "Write a block that validates");
+        App.add_flag("--scripts", Raw.Arguments.Scripts, "Show the scripts with their parameters");
         [[fallthrough]];
     case TCommandArguments::Json:
         App.add_flag("--json", Raw.Arguments.Json, "Write JSON");

@@ -26,11 +26,8 @@ public:
     static std::string GetCategory() { return ".NET Tools"; }
     static std::string GetOptionKey() { return "Microsoft.NET"; }
 
-    void LoadOptions(IQXOptionsReader& Reader) override;
-    void SaveOptions(IQXOptionsWriter& Writer) const override;
-
     [[nodiscard]] std::string GetDefaultSDKVersion() const override { return FDefaultSDKVersion; }
-    void SetDefaultSDKVersion(std::string_view Version) override;
+    void SetDefaultSDKVersion(std::string_view Version) override { Change(FDefaultSDKVersion, Version); }
     [[nodiscard]] TQXOptionsObject& GetImplementation() override { return *this; }
 
 private:

@@ -6,6 +6,22 @@
 TQXPersistent::~TQXPersistent() = default;
 TQXOptionsObject::~TQXOptionsObject() = default;
 
+void TQXOptionsObject::LoadOptions(IQXOptionsReader& Reader)
+{
+    for (const TQXProperty& Property : Properties())
+        if (Property.IsPersisted())
+            if (const auto Value = Reader.ReadValue(Property))
+                Property.Write(*Value);
+    SetModified(false);
+}
+
+void TQXOptionsObject::SaveOptions(IQXOptionsWriter& Writer) const
+{
+    for (const TQXProperty& Property : Properties())
+        if (Property.IsPersisted())
+            Writer.WriteValue(Property);
+}
+
 const TQXProperty* TQXPersistent::FindProperty(std::string_view Name) const
 {
     for (const TQXProperty& Property : FProperties)

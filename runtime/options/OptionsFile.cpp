@@ -9,8 +9,34 @@
 #include "runtime/projects/TomlDocument.h"
 #include "runtime/projects/TomlEditor.h"
 #include "runtime/projects/TomlText.h"
+#include "runtime/projects/ValueReader.h"
 
+#include <algorithm>
 #include <fmt/format.h>
+
+namespace
+{
+/// Stored numbers may stand for texts, texts for numbers, and the number of an element for its name.
+TGivenValue GivenOption(const TQXProperty& Property, const TTomlNode& Node)
+{
+    if (Node.Kind == TTomlKind::String)
+        return GivenText(Property.Type == TQXPropertyType::Integer ? Property.Type : TQXPropertyType::String,
+                         Node.String);
+    if (Node.Kind != TTomlKind::Integer || (!Property.IsOrdinal && Property.Type != TQXPropertyType::String))
+        return GivenToml(Node);
+    const auto Place = static_cast<std::uint64_t>(Node.Integer);
+    const bool IsElement = Property.IsOrdinal && Place < Property.Elements.size();
+    return {"a string", IsElement ? std::string(Property.Elements[Place]) : std::to_string(Node.Integer)};
+}
+
+std::string StoredText(const TQXProperty& Property, const TQXPropertyValue& Value, std::string_view LineEnd)
+{
+    if (!Property.IsOrdinal)
+        return TomlText::Value(Property.Type, Value, LineEnd);
+    const auto& Names = Property.Elements;
+    return std::to_string(std::find(Names.begin(), Names.end(), std::get<std::string>(Value)) - Names.begin());
+}
+} // namespace
 
 struct TOptionsFile::TImpl
 {
@@ -126,13 +152,38 @@ std::optional<int> TOptionsFile::ReadInteger(std::string_view Key, std::string_v
 void TOptionsFile::WriteString(std::string_view Key, std::string_view Name, std::string_view Value)
 {
     if (ReadString(Key, Name) != Value)
-        FImpl = std::make_unique<TImpl>(FImpl->FileName, FImpl->TextWith(Key, Name, TomlText::String(Value)));
+        Store(Key, Name, TomlText::String(Value));
 }
 
 void TOptionsFile::WriteInteger(std::string_view Key, std::string_view Name, int Value)
 {
     if (ReadInteger(Key, Name) != Value)
-        FImpl = std::make_unique<TImpl>(FImpl->FileName, FImpl->TextWith(Key, Name, std::to_string(Value)));
+        Store(Key, Name, std::to_string(Value));
+}
+
+std::optional<TQXPropertyValue> TOptionsFile::Read(std::string_view Key, const TQXProperty& Property) const
+{
+    const TTomlEntry* Entry = FImpl->Find(Key, Property.StoredUnder());
+    if (!Entry)
+        return {};
+    TValueCheck Check(Entry->Key);
+    auto Value = Check.Property(Property, GivenOption(Property, Entry->Value));
+    TFileFindings Findings(FImpl->FileName);
+    for (const TValueError& Error : Check.Errors())
+        Findings.Add(Entry->Value.Begin, Error.Text);
+    Findings.ThrowIfAny();
+    return Value;
+}
+
+void TOptionsFile::Write(std::string_view Key, const TQXProperty& Property, const TQXPropertyValue& Value)
+{
+    if (Read(Key, Property) != Value)
+        Store(Key, Property.StoredUnder(), StoredText(Property, Value, FImpl->Document.LineEnd()));
+}
+
+void TOptionsFile::Store(std::string_view Key, std::string_view Name, std::string Value)
+{
+    FImpl = std::make_unique<TImpl>(FImpl->FileName, FImpl->TextWith(Key, Name, std::move(Value)));
 }
 
 const std::string& TOptionsFile::Text() const

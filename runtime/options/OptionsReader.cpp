@@ -119,8 +119,10 @@ void TReader::CheckOptions(const TTomlEntry& Table)
                             Table.Key, Entry.Key));
         else if (Entry.Value.Kind == TTomlKind::Integer)
             static_cast<void>(FValues.Integer(Entry));
-        else if (Entry.Value.Kind != TTomlKind::String)
-            FFindings.AddWrongType(Entry.Value, Entry.Key, "a string or an integer");
+        else if (Entry.Value.Kind == TTomlKind::Array)
+            static_cast<void>(FValues.Strings(Entry));
+        else if (Entry.Value.Kind == TTomlKind::Float || Entry.Value.Kind == TTomlKind::DateTime)
+            FFindings.AddWrongType(Entry.Value, Entry.Key, "a string, an integer, a Boolean or an array of strings");
 }
 
 std::string TReader::Path(const TTomlEntry& Entry)

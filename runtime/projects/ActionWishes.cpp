@@ -24,25 +24,6 @@ TTomlWish Wish(std::string_view Key, bool IsUnchanged, bool IsDefault, TMakeValu
     return {TKind::Write, std::string(Key), MakeValue()};
 }
 
-std::string ValueText(const TQXProperty& Property, const TQXPropertyValue& Value, std::string_view LineEnd)
-{
-    switch (Property.Type)
-    {
-    case TQXPropertyType::Boolean:
-        return TomlText::Boolean(std::get<bool>(Value));
-    case TQXPropertyType::Integer:
-        return std::to_string(std::get<int>(Value));
-    case TQXPropertyType::Set:
-        return TomlText::Array(std::get<std::vector<std::string>>(Value));
-    case TQXPropertyType::StringList:
-        return TomlText::List(std::get<std::vector<std::string>>(Value), LineEnd);
-    case TQXPropertyType::String:
-    case TQXPropertyType::Enumeration:
-        break;
-    }
-    return TomlText::Lines(std::get<std::string>(Value), LineEnd);
-}
-
 std::vector<TTomlWish> HostKeyWishes(const TProjectAction& Action, const TProjectAction* Old,
                                      const std::string& DefaultName)
 {
@@ -81,7 +62,7 @@ public:
         if (IsUnchanged || Replayed.Read() == Value)
             return {IsUnchanged || !Entry ? TKind::Keep : TKind::Remove, std::string(Property.Name), {}};
         Replayed.Write(Value);
-        return {TKind::Write, std::string(Property.Name), ValueText(Property, Value, FLineEnd)};
+        return {TKind::Write, std::string(Property.Name), TomlText::Value(Property.Type, Value, FLineEnd)};
     }
 
 private:

@@ -1,5 +1,6 @@
 #include "runtime/projects/TomlText.h"
 
+#include "host/QXOverloads.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -112,4 +113,15 @@ std::string TomlText::List(std::span<const std::string> Items, std::string_view 
     for (const std::string& Item : Items)
         Result += fmt::format("{}    {},", LineEnd, String(Item));
     return fmt::format("{}{}]", Result, LineEnd);
+}
+
+std::string TomlText::Value(TQXPropertyType Type, const TQXPropertyValue& Value, std::string_view LineEnd)
+{
+    return std::visit(TQXOverloads{[&](const std::string& Text) { return Lines(Text, LineEnd); },
+                                   [](bool Flag) { return Boolean(Flag); },
+                                   [](int Number) { return std::to_string(Number); },
+                                   [&](const std::vector<std::string>& Items) {
+                                       return Type == TQXPropertyType::Set ? Array(Items) : List(Items, LineEnd);
+                                   }},
+                      Value);
 }

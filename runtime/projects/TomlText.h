@@ -1,6 +1,8 @@
 // Values and keys as TOML, in the form that a person would choose.
 #pragma once
 
+#include "host/QXProperties.h"
+
 #include <span>
 #include <string>
 #include <string_view>
@@ -18,4 +20,6 @@ namespace TomlText
 [[nodiscard]] std::string Array(std::span<const std::string> Items);
 /// An array with a line for each item; up to one item on one line.
 [[nodiscard]] std::string List(std::span<const std::string> Items, std::string_view LineEnd);
+/// The value of a property of this type.
+[[nodiscard]] std::string Value(TQXPropertyType Type, const TQXPropertyValue& Value, std::string_view LineEnd);
 } // namespace TomlText

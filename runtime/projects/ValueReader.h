@@ -1,9 +1,9 @@
 // Typed values of the host's TOML files, with a finding for each that is not as it should be.
 #pragma once
 
-#include "host/QXProperties.h"
 #include "runtime/projects/FileFindings.h"
 #include "runtime/projects/TomlDocument.h"
+#include "runtime/properties/ValueCheck.h"
 
 #include <limits>
 #include <optional>
@@ -25,18 +25,17 @@ public:
     /// One of the names, exactly.
     [[nodiscard]] std::optional<std::string> Element(const TTomlEntry& Entry, std::span<const std::string_view> Names);
     [[nodiscard]] std::optional<std::vector<std::string>> Strings(const TTomlEntry& Entry);
-    /// Any of the names.
-    [[nodiscard]] std::optional<std::vector<std::string>> Elements(const TTomlEntry& Entry,
-                                                                   std::span<const std::string_view> Names);
     /// A table, or null.
     [[nodiscard]] const TTomlNode* Table(const TTomlEntry& Entry);
     /// The value of a property.
     [[nodiscard]] std::optional<TQXPropertyValue> Property(const TTomlEntry& Entry, const TQXProperty& Property);
 
 private:
-    [[nodiscard]] bool Has(TTomlKind Kind, const TTomlEntry& Entry, std::string_view Expected);
-    [[nodiscard]] bool IsElement(const TTomlNode& Value, std::string_view Key, std::span<const std::string_view> Names);
-    [[nodiscard]] std::optional<std::vector<std::string>> Items(const TTomlEntry& Entry, std::string_view Expected);
+    /// Asks the check for the entry's value and adds what it says against it.
+    template <typename T> auto Checked(const TTomlEntry& Entry, T Ask);
 
     TFileFindings& FFindings;
 };
+
+/// A value as the file gives it.
+[[nodiscard]] TGivenValue GivenToml(const TTomlNode& Value);

@@ -1,12 +1,11 @@
 #include "runtime/scripting/ScriptValues.h"
 
-#include "runtime/NearestName.h"
-#include "runtime/projects/FileFindings.h"
+#include "host/QXOverloads.h"
+#include "runtime/properties/ValueCheck.h"
 #include "runtime/scripting/ScriptHeap.h"
 #include "runtime/scripting/ScriptObjects.h"
 #include "runtime/scripting/ScriptText.h"
 
-#include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
 #include <limits>
@@ -37,78 +36,111 @@ std::string_view KindAt(duk_context* Context, duk_idx_t Index)
     }
 }
 
-[[noreturn]] void RaiseWrongType(duk_context* Context, duk_idx_t Index, std::string_view What,
-                                 std::string_view Expected)
-{
-    Raise(Context, DUK_ERR_TYPE_ERROR,
-          fmt::format("\"{}\" expects {}, not {}", What, Expected, KindAt(Context, Index)));
-}
-
 bool IsText(duk_context* Context, duk_idx_t Index)
 {
     return duk_is_string(Context, Index) && !duk_is_symbol(Context, Index);
 }
 
-std::string TextAt(duk_context* Context, duk_idx_t Index, std::string_view What, std::string_view Expected)
+/// Whole numbers up to this one are exact.
+constexpr double LargestWhole = 9007199254740992.0;
+
+bool IsWhole(double Number)
 {
-    if (!IsText(Context, Index))
-        RaiseWrongType(Context, Index, What, Expected);
-    return TextOf(Context, Index);
+    return std::trunc(Number) == Number && std::abs(Number) <= LargestWhole;
 }
 
-bool BooleanAt(duk_context* Context, duk_idx_t Index, std::string_view What)
+TGivenValue GivenNumber(double Number)
 {
-    if (!duk_is_boolean(Context, Index))
-        RaiseWrongType(Context, Index, What, "a Boolean");
-    return duk_get_boolean(Context, Index) != 0;
+    if (IsWhole(Number))
+        return {"a number", static_cast<std::int64_t>(Number)};
+    return {fmt::format("{}", Number)};
 }
 
-bool IsInteger(double Number)
+/// What is no array.
+TGivenValue GivenSingle(duk_context* Context, duk_idx_t Index)
 {
-    return std::trunc(Number) == Number && Number >= std::numeric_limits<int>::min() &&
-           Number <= std::numeric_limits<int>::max();
+    if (IsText(Context, Index))
+        return {"a string", TextOf(Context, Index)};
+    if (duk_is_boolean(Context, Index))
+        return {"a Boolean", duk_get_boolean(Context, Index) != 0};
+    if (duk_is_number(Context, Index))
+        return GivenNumber(duk_get_number(Context, Index));
+    return {std::string(KindAt(Context, Index))};
 }
 
-int IntegerAt(duk_context* Context, duk_idx_t Index, std::string_view What)
+/// An array up to the first item that is no text. One text can stand in it any number of times, so its size has a
+/// limit too.
+TGivenValue::TItems GivenItems(duk_context* Context, duk_idx_t Index, std::string_view What)
 {
-    if (!duk_is_number(Context, Index))
-        RaiseWrongType(Context, Index, What, "an integer");
-    const double Number = duk_get_number(Context, Index);
-    if (!IsInteger(Number))
-        Raise(Context, DUK_ERR_RANGE_ERROR, fmt::format("\"{}\" expects an integer, not {}", What, Number));
-    return static_cast<int>(Number);
-}
-
-std::string ElementAt(duk_context* Context, duk_idx_t Index, const TQXProperty& Property, std::string_view Expected)
-{
-    std::string Name = TextAt(Context, Index, Property.Name, Expected);
-    const auto& Names = Property.Elements;
-    if (std::find(Names.begin(), Names.end(), Name) != Names.end())
-        return Name;
-    std::string Hint = DidYouMean(Name, Names);
-    if (Hint.empty())
-        Hint = fmt::format("; its values are {}", QuotedNames(Names));
-    Raise(Context, DUK_ERR_TYPE_ERROR, fmt::format("\"{}\" has no value \"{:.100}\"{}", Property.Name, Name, Hint));
-}
-
-/// An array whose items Item reads. One text can stand in it any number of times, so its size has a limit too.
-template <typename T>
-std::vector<std::string> ListAt(duk_context* Context, duk_idx_t Index, std::string_view What, std::string_view Expected,
-                                const T& Item)
-{
-    if (!duk_is_array(Context, Index))
-        RaiseWrongType(Context, Index, What, Expected);
-    std::vector<std::string> Items;
+    TGivenValue::TItems Items;
     std::size_t Size = 0;
-    for (duk_uarridx_t Place = 0; Place < duk_get_length(Context, Index); ++Place)
+    bool IsTexts = true;
+    for (duk_uarridx_t Place = 0; IsTexts && Place < duk_get_length(Context, Index); ++Place)
     {
         duk_get_prop_index(Context, Index, Place);
-        Size += Items.emplace_back(Item(duk_get_top_index(Context))).size();
+        IsTexts = IsText(Context, -1);
+        Items.push_back(GivenSingle(Context, -1));
+        Size += sizeof(TGivenValue) + (IsTexts ? std::get<std::string>(Items.back().Value).size() : 0);
         duk_pop(Context);
         if (Size > TScriptHeap::MemoryLimit)
             Raise(Context, DUK_ERR_RANGE_ERROR, fmt::format("the array for \"{}\" is too large", What));
     }
     return Items;
+}
+
+TGivenValue GivenAt(duk_context* Context, duk_idx_t Index, std::string_view What)
+{
+    if (duk_is_array(Context, Index))
+        return {"an array", GivenItems(Context, Index, What)};
+    return GivenSingle(Context, Index);
+}
+
+/// The value at Index as Ask gets it from a check under the name What.
+template <typename T> auto CheckedAt(duk_context* Context, duk_idx_t Index, std::string_view What, T Ask)
+{
+    TValueCheck Check(What);
+    auto Result = Ask(Check, GivenAt(Context, Index, What));
+    if (!Result)
+    {
+        const TValueError& Error = Check.Errors().front();
+        Raise(Context, Error.IsOutOfRange ? DUK_ERR_RANGE_ERROR : DUK_ERR_TYPE_ERROR, Error.Text);
+    }
+    return *std::move(Result);
+}
+
+std::string TextAt(duk_context* Context, duk_idx_t Index, std::string_view What)
+{
+    return CheckedAt(Context, Index, What,
+                     [](TValueCheck& Check, TGivenValue Given) { return Check.Text(std::move(Given)); });
+}
+
+bool BooleanAt(duk_context* Context, duk_idx_t Index, std::string_view What)
+{
+    return CheckedAt(Context, Index, What,
+                     [](TValueCheck& Check, const TGivenValue& Given) { return Check.Boolean(Given); });
+}
+
+int IntegerAt(duk_context* Context, duk_idx_t Index, std::string_view What)
+{
+    return CheckedAt(Context, Index, What,
+                     [](TValueCheck& Check, const TGivenValue& Given) { return Check.Integer(Given); });
+}
+
+bool IsInteger(double Number)
+{
+    return IsWhole(Number) && Number >= std::numeric_limits<int>::min() && Number <= std::numeric_limits<int>::max();
+}
+
+void PushTexts(duk_context* Context, const std::vector<std::string>& Items)
+{
+    duk_push_array(Context);
+    duk_uarridx_t Place = 0;
+    for (const std::string& Item : Items)
+    {
+        PushText(Context, Item);
+        duk_put_prop_index(Context, -2, Place++);
+    }
+    duk_freeze(Context, -1);
 }
 
 void PushEmpty(duk_context* Context, TQXParamType Type)
@@ -167,42 +199,17 @@ std::string ScriptValues::TextOf(duk_context* Context, duk_idx_t Index)
 
 void ScriptValues::PushProperty(duk_context* Context, const TQXPropertyValue& Value)
 {
-    if (const auto* Text = std::get_if<std::string>(&Value))
-        return PushText(Context, *Text);
-    if (const auto* Flag = std::get_if<bool>(&Value))
-        return duk_push_boolean(Context, *Flag);
-    if (const auto* Number = std::get_if<int>(&Value))
-        return duk_push_int(Context, *Number);
-    duk_push_array(Context);
-    duk_uarridx_t Place = 0;
-    for (const std::string& Item : std::get<std::vector<std::string>>(Value))
-    {
-        PushText(Context, Item);
-        duk_put_prop_index(Context, -2, Place++);
-    }
-    duk_freeze(Context, -1);
+    std::visit(TQXOverloads{[&](const std::string& Text) { PushText(Context, Text); },
+                            [&](bool Flag) { duk_push_boolean(Context, Flag); },
+                            [&](int Number) { duk_push_int(Context, Number); },
+                            [&](const std::vector<std::string>& Items) { PushTexts(Context, Items); }},
+               Value);
 }
 
 TQXPropertyValue ScriptValues::PropertyAt(duk_context* Context, duk_idx_t Index, const TQXProperty& Property)
 {
-    switch (Property.Type)
-    {
-    case TQXPropertyType::String:
-        return TextAt(Context, Index, Property.Name, "a string");
-    case TQXPropertyType::Boolean:
-        return BooleanAt(Context, Index, Property.Name);
-    case TQXPropertyType::Integer:
-        return IntegerAt(Context, Index, Property.Name);
-    case TQXPropertyType::Enumeration:
-        return ElementAt(Context, Index, Property, "the name of a value as a string");
-    case TQXPropertyType::Set:
-        return ListAt(Context, Index, Property.Name, "an array of names",
-                      [&](duk_idx_t Item) { return ElementAt(Context, Item, Property, "an array of names"); });
-    case TQXPropertyType::StringList:
-        return ListAt(Context, Index, Property.Name, "an array of strings",
-                      [&](duk_idx_t Item) { return TextAt(Context, Item, Property.Name, "an array of strings"); });
-    }
-    return {};
+    return CheckedAt(Context, Index, Property.Name,
+                     [&](TValueCheck& Check, TGivenValue Given) { return Check.Property(Property, std::move(Given)); });
 }
 
 void ScriptValues::PushVariant(duk_context* Context, const TQXVariant& Value, TQXParamType Type, std::string_view Name)
@@ -224,7 +231,7 @@ TQXVariant ScriptValues::ArgumentAt(duk_context* Context, duk_idx_t Index, TQXPa
     switch (Type)
     {
     case TQXParamType::String:
-        return TextAt(Context, Index, What, "a string");
+        return TextAt(Context, Index, What);
     case TQXParamType::Boolean:
         return BooleanAt(Context, Index, What);
     case TQXParamType::Integer:

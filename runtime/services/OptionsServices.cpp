@@ -16,6 +16,10 @@ public:
     {
         return FFile.ReadInteger(FKey, Name).value_or(Default);
     }
+    std::optional<TQXPropertyValue> ReadValue(const TQXProperty& Property) override
+    {
+        return FFile.Read(FKey, Property);
+    }
 
 private:
     const TOptionsFile& FFile;
@@ -28,6 +32,7 @@ public:
     TFileWriter(TOptionsFile& File, std::string_view Key) : FFile(File), FKey(Key) {}
     void WriteString(std::string_view Name, std::string_view Value) override { FFile.WriteString(FKey, Name, Value); }
     void WriteInteger(std::string_view Name, int Value) override { FFile.WriteInteger(FKey, Name, Value); }
+    void WriteValue(const TQXProperty& Property) override { FFile.Write(FKey, Property, Property.Read()); }
 
 private:
     TOptionsFile& FFile;
@@ -64,7 +69,6 @@ TQXOptionsObject& TOptionsServices::Object(const TQXOptionsClass& Class)
     auto Made = Class.Create();
     TFileReader Reader(FFile(), Class.OptionKey);
     Made->LoadOptions(Reader);
-    Made->SetModified(false);
     return *FObjects.emplace(Class.OptionKey, std::move(Made)).first->second;
 }
 

@@ -2,6 +2,7 @@
 #include "tests/package/PackageTest.h"
 
 #include "host/QXServices.h"
+#include "runtime/properties/ValueCheck.h"
 
 #include <set>
 
@@ -32,9 +33,7 @@ std::string FindingsWithout(const TQXActionClass& Class, std::string_view Left)
     const auto Action = Class.Create();
     for (const TQXProperty& Property : Action->Properties())
         if (Property.IsRequired() && Property.Name != Left)
-            Property.Write(Property.Type == TQXPropertyType::StringList
-                               ? TQXPropertyValue(std::vector{std::string(Property.Example)})
-                               : TQXPropertyValue(std::string(Property.Example)));
+            Property.Write(ParsePropertyText(Property, Property.Name, std::string(Property.Example)));
     TFindings Findings;
     const bool IsValid = Action->Validate(Findings);
     EXPECT_EQ(IsValid, Findings.Messages.empty());

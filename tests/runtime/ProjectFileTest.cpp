@@ -2,7 +2,6 @@
 #include "runtime/HostErrors.h"
 #include "runtime/Project.h"
 #include "runtime/Runtime.h"
-#include "runtime/projects/ProjectSchema.h"
 #include "tests/TempFolder.h"
 #include "tests/runtime/ProjectDump.h"
 #include "tests/runtime/SampleActions.h"
@@ -216,21 +215,5 @@ TEST_F(ProjectFile, AnySeriesOfEditsReadsBackAsItWas)
         ASSERT_EQ(Dump(Again), Dump(Project)) << Text;
         ASSERT_EQ(Again.ToText(), Text);
     }
-}
-
-TEST_F(ProjectFile, SchemaTellsTypesDefaultsAndScripts)
-{
-    const std::string Schema = ProjectSchemaJson();
-    for (const char* Part :
-         {"\"items\": {\n        \"oneOf\": [\n          {\n            \"$ref\": \"#/$defs/TSampleAction\"",
-          "\"required\": [\n        \"type\"\n      ],", "\"const\": \"TSampleAction\"",
-          "\"Count\": {\n          \"type\": \"integer\",\n          \"minimum\": -2147483648,\n          \"maximum\": "
-          "2147483647,\n          \"default\": 7\n        }",
-          "\"Colour\": {\n          \"enum\": [\n            \"Red\",\n            \"Green\",\n            \"Blue\"\n  "
-          "   "
-          "     ],\n          \"default\": \"Green\"\n        }",
-          "\"Version\": {\n          \"type\": \"string\"\n        }", "\"OnStart\": {"})
-        EXPECT_NE(Schema.find(Part), std::string::npos) << Part << "\n" << Schema;
-    EXPECT_EQ(Schema.find("\"Length\""), std::string::npos);
 }
 } // namespace

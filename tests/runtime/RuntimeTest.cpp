@@ -1,40 +1,38 @@
 #include "host/QXUtilities.h"
 #include "platform/Files.h"
+#include "runtime/HostErrors.h"
 #include "tests/TempFolder.h"
+#include "tests/runtime/SampleActions.h"
 #include "tests/runtime/TestHost.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <array>
 
 namespace
 {
-class TSampleAction final : public TQXAction
-{
-public:
-    static std::string GetActionName() { return "Sample"; }
-    static int GetHelpTopicID() { return 7; }
-    static std::string GetQuickHelpFilename() { return "Sample.html"; }
-    bool Execute() override { return true; }
-};
-
 class TSampleOptions final : public TQXOptionsObject
 {
 public:
     static std::string GetName() { return "Sample"; }
     static std::string GetCategory() { return "Tools"; }
     static std::string GetOptionKey() { return "Sample Tool"; }
-    void LoadOptions(IQXOptionsReader& Reader) override
+    TSampleOptions()
     {
-        Location = Reader.ReadString("Location", "default");
-        Count = Reader.ReadInteger("Count", 3);
-        SetModified(true);
+        Publish("Location", Location, "Where it lies").StoredAs("SampleLocation");
+        Publish("Count", Count, "How often");
+        Publish("Flag", Flag, "Whether it waves");
+        Publish("Colour", Colour, "The colour").StoredAsOrdinal("ColourNumber");
+        Publish("Colours", Colours, "More colours");
+        Publish("Lines", Lines, "Any lines");
     }
-    void SaveOptions(IQXOptionsWriter& Writer) const override
-    {
-        Writer.WriteString("Location", Location);
-        Writer.WriteInteger("Count", Count);
-    }
-    std::string Location;
-    int Count = 0;
+    std::string Location = "default";
+    int Count = 3;
+    bool Flag = false;
+    TSampleColour Colour = TSampleColour::Green;
+    TQXSet<TSampleColour> Colours;
+    TStringList Lines;
 };
 
 TEST(Runtime, LoadsThePackageOnceWhenSomethingIsLookedUp)
@@ -52,7 +50,7 @@ TEST(Runtime, LoadsThePackageOnceWhenSomethingIsLookedUp)
     EXPECT_EQ(QXActionServices().Actions().size(), 1U);
     const TQXActionRegistration* Found = QXActionServices().FindAction("TSampleAction");
     ASSERT_NE(Found, nullptr);
-    EXPECT_EQ(Found->ActionClass.HelpTopicID, 7);
+    EXPECT_EQ(Found->ActionClass.HelpTopicID, 1);
     EXPECT_TRUE(Found->ActionClass.Create()->Execute());
     EXPECT_EQ(Loads, 1);
     EXPECT_THROW(QXActionServices().RegisterAction("Other", "Tools", Found->ActionClass, ""), std::logic_error);
@@ -60,22 +58,66 @@ TEST(Runtime, LoadsThePackageOnceWhenSomethingIsLookedUp)
                  std::logic_error);
 }
 
-TEST(Runtime, LoadsAndStoresOptionsObjects)
+TSampleOptions& LoadSampleOptions(TTestHost& Host, const std::string& Text)
 {
-    TTestHost Host;
-    Host.SetOptions("[\"Sample Tool\"]\nLocation = \"/opt/x\"\n");
+    Host.SetOptions("[\"Sample Tool\"]\n" + Text);
     QXOptionsServices().RegisterOptions(QXOptionsClass<TSampleOptions>("TSampleOptions"), "SAMPLE");
-    auto* Options = dynamic_cast<TSampleOptions*>(QXOptionsServices().GetOptions("Tools", "Sample"));
-    ASSERT_NE(Options, nullptr);
-    EXPECT_EQ(QXOptionsServices().GetOptions("Tools", "Other"), nullptr);
-    EXPECT_EQ(QXOptionsServices().GetOptions("Tools", "Sample"), Options);
-    EXPECT_EQ(Options->Location, "/opt/x");
-    EXPECT_EQ(Options->Count, 3);
-    EXPECT_FALSE(Options->IsModified());
-    Options->Count = 4;
-    Host.Runtime.StoreOptions(QXOptionsServices().Options()[0]);
-    EXPECT_EQ(Host.Runtime.Options().ReadInteger("Sample Tool", "Count"), 4);
-    EXPECT_EQ(Host.Runtime.Options().ReadString("Sample Tool", "Location"), "/opt/x");
+    return dynamic_cast<TSampleOptions&>(*QXOptionsServices().GetOptions("Tools", "Sample"));
+}
+
+TEST(OptionsObject, LoadsAndStoresItsTable)
+{
+    const std::array<std::string, 2> Cases[] = {
+        {"", "SampleLocation = \"default\"\nCount = 3\nFlag = false\nColourNumber = 1\nColours = []\nLines = []\n"},
+        {"SampleLocation = 4\nCount = '5'\nFlag = true\nColourNumber = 2\nColours = ['Blue', 'Red']\nLines = ['a']\n",
+         "SampleLocation = 4\nCount = '5'\nFlag = true\nColourNumber = 2\nColours = [\"Red\", \"Blue\"]\nLines = "
+         "['a']\n"},
+    };
+    for (const auto& [Text, Stored] : Cases)
+    {
+        TTestHost Host;
+        const TSampleOptions& Options = LoadSampleOptions(Host, Text);
+        EXPECT_FALSE(Options.IsModified());
+        EXPECT_EQ(QXOptionsServices().GetOptions("Tools", "Sample"), &Options);
+        EXPECT_EQ(QXOptionsServices().GetOptions("Tools", "Other"), nullptr);
+        Host.Runtime.StoreOptions(QXOptionsServices().Options()[0]);
+        EXPECT_EQ(Host.Runtime.Options().Text(), "[\"Sample Tool\"]\n" + Stored);
+    }
+}
+
+TEST(OptionsObject, RefusesWhatAPropertyCannotHold)
+{
+    const std::array<const char*, 2> Cases[] = {
+        {"Count = 'many'", "expects an integer, not \"many\""},
+        {"Flag = 'true'", "\"Flag\" expects a Boolean, not \"true\""},
+        {"ColourNumber = 3", "\"ColourNumber\" has no value \"3\"; its values are \"Red\", \"Green\", \"Blue\""},
+        {"Colours = 'Red'", "\"Colours\" expects an array of names, not \"Red\""},
+    };
+    for (const auto& [Text, Expected] : Cases)
+    {
+        TTestHost Host;
+        try
+        {
+            static_cast<void>(LoadSampleOptions(Host, Text));
+            ADD_FAILURE() << Text;
+        }
+        catch (const EHostFileError& Error)
+        {
+            EXPECT_THAT(Error.what(), testing::HasSubstr(std::string(":2:")));
+            EXPECT_THAT(Error.what(), testing::HasSubstr(Expected));
+        }
+    }
+}
+
+TEST(OptionsObject, IsModifiedByAChangeOnly)
+{
+    TSampleOptions Options;
+    const TQXProperty& Location = *Options.FindMember(&Options.Location);
+    Location.Write("default");
+    EXPECT_FALSE(Options.IsModified());
+    Location.Write("/opt");
+    EXPECT_TRUE(Options.IsModified());
+    EXPECT_EQ(Options.Location, "/opt");
 }
 
 TEST(Runtime, InnermostIsTheInstalledOne)

@@ -5,6 +5,7 @@
 #include "runtime/HostErrors.h"
 #include "runtime/NearestName.h"
 #include "runtime/Runtime.h"
+#include "runtime/properties/ValueCheck.h"
 
 #include <fmt/format.h>
 
@@ -27,30 +28,31 @@ struct THostSetting
 {
     std::string_view Name;
     std::string (*Get)(const THostOptions& Host);
-    bool IsInteger;
+    TQXPropertyType Type;
 };
 constexpr std::string_view HostKey = "host";
 constexpr std::array<THostSetting, 3> HostSettings = {{
-    {"registry", [](const THostOptions& Host) { return Host.Registry; }, false},
-    {"windows_dir", [](const THostOptions& Host) { return Host.WindowsDir; }, false},
-    {"script_timeout", [](const THostOptions& Host) { return std::to_string(Host.ScriptTimeout); }, true},
+    {"registry", [](const THostOptions& Host) { return Host.Registry; }, TQXPropertyType::String},
+    {"windows_dir", [](const THostOptions& Host) { return Host.WindowsDir; }, TQXPropertyType::String},
+    {"script_timeout", [](const THostOptions& Host) { return std::to_string(Host.ScriptTimeout); },
+     TQXPropertyType::Integer},
 }};
 
 TOption HostOption(TQXRuntime& Runtime, const THostSetting& Setting)
 {
     std::string Name = fmt::format("{}.{}", HostKey, Setting.Name);
     const auto Set = [&Runtime, &Setting, Name](const std::string& Text) {
-        if (Setting.IsInteger)
-            Runtime.Options().WriteInteger(HostKey, Setting.Name, ParseIntegerText(Name, Text));
-        else
-            Runtime.Options().WriteString(HostKey, Setting.Name, Text);
+        TQXProperty Property;
+        Property.Name = Setting.Name;
+        Property.Type = Setting.Type;
+        Runtime.Options().Write(HostKey, Property, ParsePropertyText(Property, Name, Text));
     };
     return {Name, [&Runtime, &Setting] { return Setting.Get(Runtime.Options().Host()); }, Set};
 }
 
 TOption ObjectOption(TQXRuntime& Runtime, const TQXOptionsRegistration& Registration, const TQXProperty& Property)
 {
-    std::string Name = fmt::format("{}.{}", Registration.OptionsClass.OptionKey, Property.Name);
+    std::string Name = fmt::format("{}.{}", Registration.OptionsClass.OptionKey, Property.StoredUnder());
     const auto Set = [&Runtime, &Registration, &Property, Name](const std::string& Text) {
         Property.Write(ParsePropertyText(Property, Name, Text));
         Runtime.StoreOptions(Registration);

@@ -1,82 +1,60 @@
 #include "apps/quexley/commands/PropertyTexts.h"
 
-#include "platform/Text.h"
-#include "runtime/HostErrors.h"
-#include "runtime/NearestName.h"
-
-#include <fmt/format.h>
-
-#include <array>
-
-namespace
-{
-/// In the order of TQXPropertyType.
-constexpr std::array<std::string_view, 6> TypeNames = {"string",      "boolean", "integer",
-                                                       "enumeration", "set",     "string list"};
-
-constexpr std::array<std::string_view, 2> BooleanNames = {"false", "true"};
-
-/// Text, if it is one of the Names.
-const std::string& CheckElement(std::string_view Name, const std::string& Text, std::span<const std::string_view> Names)
-{
-    for (const std::string_view Element : Names)
-        if (Element == Text)
-            return Text;
-    throw EUsageError(
-        fmt::format("{} is one of {}, not \"{}\"{}", Name, fmt::join(Names, ", "), Text, DidYouMean(Text, Names)));
-}
-
-std::vector<std::string> ParseItems(const std::string& Text)
-{
-    TStringList List;
-    List.SetCommaText(Text);
-    return List.Items();
-}
-} // namespace
+#include "host/QXOverloads.h"
 
 std::string_view PropertyTypeName(TQXPropertyType Type)
 {
-    return TypeNames[static_cast<std::size_t>(Type)];
+    switch (Type)
+    {
+    case TQXPropertyType::String:
+        return "string";
+    case TQXPropertyType::Boolean:
+        return "boolean";
+    case TQXPropertyType::Integer:
+        return "integer";
+    case TQXPropertyType::Enumeration:
+        return "enumeration";
+    case TQXPropertyType::Set:
+        return "set";
+    case TQXPropertyType::StringList:
+        return "string list";
+    }
+    return {};
+}
+
+std::string_view TextKindName(TQXTextKind Kind)
+{
+    switch (Kind)
+    {
+    case TQXTextKind::Text:
+        return "text";
+    case TQXTextKind::Expression:
+        return "expression";
+    case TQXTextKind::File:
+        return "file";
+    case TQXTextKind::Folder:
+        return "folder";
+    case TQXTextKind::List:
+        return "list";
+    }
+    return {};
 }
 
 std::string PropertyText(const TQXPropertyValue& Value)
 {
-    if (const auto* Text = std::get_if<std::string>(&Value))
-        return *Text;
-    if (const auto* Flag = std::get_if<bool>(&Value))
-        return std::string(BooleanNames[*Flag ? 1 : 0]);
-    if (const auto* Number = std::get_if<int>(&Value))
-        return std::to_string(*Number);
-    return TStringList(std::get<std::vector<std::string>>(Value)).CommaText();
+    return std::visit(
+        TQXOverloads{[](const std::string& Text) { return Text; },
+                     [](bool Flag) { return std::string(Flag ? "true" : "false"); },
+                     [](int Number) { return std::to_string(Number); },
+                     [](const std::vector<std::string>& Items) { return TStringList(Items).CommaText(); }},
+        Value);
 }
 
-TQXPropertyValue ParsePropertyText(const TQXProperty& Property, std::string_view Name, const std::string& Text)
+nlohmann::ordered_json PropertyAsJson(const TQXPropertyValue& Value)
 {
-    switch (Property.Type)
-    {
-    case TQXPropertyType::Boolean:
-        return CheckElement(Name, Text, BooleanNames) == BooleanNames[1];
-    case TQXPropertyType::Integer:
-        return ParseIntegerText(Name, Text);
-    case TQXPropertyType::Enumeration:
-        return CheckElement(Name, Text, Property.Elements);
-    case TQXPropertyType::Set: {
-        std::vector<std::string> Items = ParseItems(Text);
-        for (const std::string& Item : Items)
-            CheckElement(Name, Item, Property.Elements);
-        return Items;
-    }
-    case TQXPropertyType::StringList:
-        return ParseItems(Text);
-    case TQXPropertyType::String:
-        break;
-    }
-    return Text;
-}
-
-int ParseIntegerText(std::string_view Name, std::string_view Text)
-{
-    if (const auto Number = Texts::ParseWhole<int>(Text))
-        return *Number;
-    throw EUsageError(fmt::format("{} is a whole number, not \"{}\"", Name, Text));
+    using TJson = nlohmann::ordered_json;
+    return std::visit(TQXOverloads{[](const std::string& Text) { return TJson(Text); },
+                                   [](bool Flag) { return TJson(Flag); }, [](int Number) { return TJson(Number); },
+                                   [](const std::vector<std::string>& Items) { return TJson(Items); }},
+                      Value);
 }

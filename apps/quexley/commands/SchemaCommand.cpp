@@ -1,8 +1,8 @@
 #include "apps/quexley/Answer.h"
 #include "apps/quexley/commands/Commands.h"
-#include "runtime/projects/ProjectSchema.h"
+#include "apps/quexley/commands/ProjectSchema.h"
 
 int SchemaCommand(const TArguments&, TQXRuntime&)
 {
-    return WriteAnswer(ProjectSchemaJson());
+    return WriteAnswer(ProjectSchema().dump(2) + "\n");
 }

@@ -1,93 +1,140 @@
 #include "apps/quexley/Answer.h"
 #include "apps/quexley/commands/Commands.h"
 #include "apps/quexley/commands/PropertyTexts.h"
+#include "apps/quexley/commands/ShownClass.h"
 #include "runtime/HostErrors.h"
-#include "runtime/NearestName.h"
-#include "runtime/Runtime.h"
+#include "runtime/projects/TomlText.h"
+#include "runtime/properties/ValueCheck.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <nlohmann/json.hpp>
-
-#include <algorithm>
 
 namespace
 {
 using TJson = nlohmann::ordered_json;
 
-/// A new object of a registered class, and what its class is called.
-struct TShownObject
+TJson PropertyRow(const TQXProperty& Property, bool IsHidden)
 {
-    std::unique_ptr<TQXPersistent> Object;
-    TStringList Hidden;
-    std::string Title;
-
-    [[nodiscard]] bool IsHidden(std::string_view Name) const
-    {
-        return std::find(Hidden.begin(), Hidden.end(), Name) != Hidden.end();
-    }
-};
-
-TShownObject MakeAction(const TQXActionRegistration& Registration)
-{
-    std::unique_ptr<TCustomQXAction> Action = Registration.ActionClass.Create();
-    TShownObject Result;
-    Action->GetHiddenProperties(Result.Hidden);
-    Result.Title =
-        fmt::format("{}: {} ({})", Registration.ActionClass.ClassName, Registration.DisplayName, Registration.Category);
-    Result.Object = std::move(Action);
-    return Result;
-}
-
-TShownObject MakeOptions(const TQXOptionsClass& Class)
-{
-    return {Class.Create(), {}, fmt::format("{}: {} ({})", Class.ClassName, Class.Name, Class.Category)};
-}
-
-TShownObject MakeObject(TQXRuntime& Runtime, const std::string& ClassName)
-{
-    if (const TQXActionRegistration* Action = Runtime.ActionServices().FindAction(ClassName))
-        return MakeAction(*Action);
-    std::vector<std::string_view> Names;
-    for (const TQXOptionsRegistration& Options : Runtime.OptionsServices().Options())
-    {
-        if (Options.OptionsClass.ClassName == ClassName)
-            return MakeOptions(Options.OptionsClass);
-        Names.push_back(Options.OptionsClass.ClassName);
-    }
-    for (const TQXActionRegistration& Action : Runtime.ActionServices().Actions())
-        Names.push_back(Action.ActionClass.ClassName);
-    throw EUsageError(fmt::format("there is no class \"{}\"{}", ClassName, DidYouMean(ClassName, Names)));
-}
-
-TJson PropertyAsJson(const TQXProperty& Property, bool Hidden)
-{
-    TJson Result = {{"name", Property.Name}, {"type", PropertyTypeName(Property.Type)}};
-    std::visit([&](const auto& Value) { Result["default"] = Value; }, Property.Read());
+    TJson Result = {{"name", Property.Name},
+                    {"type", PropertyTypeName(Property.Type)},
+                    {"default", PropertyAsJson(Property.Read())}};
     if (!Property.Elements.empty())
         Result["values"] = Property.Elements;
-    Result["hidden"] = Hidden;
+    Result["hidden"] = IsHidden;
+    Result["required"] = Property.IsRequired();
+    Result["help"] = Property.Meaning;
+    Result["kind"] = TextKindName(Property.Kind);
+    if (Property.Separator != '\0')
+        Result["separator"] = std::string(1, Property.Separator);
     return Result;
 }
 
-std::string ShowAsJson(const TShownObject& Shown)
+std::string ShowAsJson(const TShownClass& Shown)
 {
     TJson Result = TJson::array();
     for (const TQXProperty& Property : Shown.Object->Properties())
         if (Property.IsPersisted())
-            Result.push_back(PropertyAsJson(Property, Shown.IsHidden(Property.Name)));
+            Result.push_back(PropertyRow(Property, Shown.IsHidden(Property.Name)));
     return Result.dump(2) + "\n";
 }
 
-std::string ShowAsText(const TShownObject& Shown)
+/// What there is to say beside type and default: "required", "hidden", the kind of text, the values.
+std::string Notes(const TQXProperty& Property, bool IsHidden)
+{
+    std::vector<std::string> Words;
+    if (Property.IsRequired())
+        Words.emplace_back("required");
+    if (IsHidden)
+        Words.emplace_back("hidden");
+    if (Property.Kind == TQXTextKind::List)
+        Words.push_back(fmt::format("list parted by \"{}\"", Property.Separator));
+    else if (Property.Kind != TQXTextKind::Text)
+        Words.emplace_back(TextKindName(Property.Kind));
+    if (!Property.Elements.empty())
+        Words.push_back(fmt::format("{}", fmt::join(Property.Elements, " | ")));
+    return fmt::format("{}", fmt::join(Words, ", "));
+}
+
+std::string ShowAsText(const TShownClass& Shown)
 {
     std::vector<std::vector<std::string>> Rows;
     for (const TQXProperty& Property : Shown.Object->Properties())
         if (Property.IsPersisted())
             Rows.push_back({std::string(Property.Name), std::string(PropertyTypeName(Property.Type)),
                             "default \"" + PropertyText(Property.Read()) + "\"",
-                            fmt::format("{}{}", Shown.IsHidden(Property.Name) ? "hidden " : "",
-                                        fmt::join(Property.Elements, " | "))});
+                            Notes(Property, Shown.IsHidden(Property.Name)), std::string(Property.Meaning)});
     return Shown.Title + "\n" + AlignColumns(Rows, "  ");
+}
+
+const TCustomQXAction& CheckAction(const TShownClass& Shown, std::string_view Option)
+{
+    if (!Shown.Action)
+        throw EUsageError(fmt::format("{} is for actions; {} is an options object", Option, Shown.ClassName));
+    return *Shown.Action;
+}
+
+/// The table of an action that validates.
+std::string ShowExample(const TShownClass& Shown)
+{
+    std::string Result = fmt::format("[[action]]\ntype = {}\n", TomlText::String(Shown.ClassName));
+    for (const TQXProperty& Property : CheckAction(Shown, "--example").Properties())
+        if (Property.IsRequired())
+        {
+            const auto Value = ParsePropertyText(Property, Property.Name, std::string(Property.Example));
+            Result += fmt::format("{} = {}\n", Property.Name, TomlText::Value(Property.Type, Value, "\n"));
+        }
+    return Result;
+}
+
+std::string_view ParamTypeName(const TQXScriptParam& Param)
+{
+    switch (Param.Type())
+    {
+    case TQXParamType::None:
+        return Param.TypeName().empty() ? "any" : Param.TypeName();
+    case TQXParamType::String:
+        return "string";
+    case TQXParamType::Boolean:
+        return "boolean";
+    case TQXParamType::Integer:
+        return "integer";
+    }
+    return {};
+}
+
+std::string ScriptsAsJson(const TCustomQXAction& Action)
+{
+    TJson Result = TJson::array();
+    for (const auto& Script : Action.Scripts())
+    {
+        TJson Params = TJson::array();
+        for (const TQXScriptParam& Param : Script->Params())
+            Params.push_back({{"name", Param.Name()}, {"type", ParamTypeName(Param)}, {"output", Param.IsOutput()}});
+        Result.push_back({{"name", Script->Name()}, {"parameters", std::move(Params)}});
+    }
+    return Result.dump(2) + "\n";
+}
+
+std::string ScriptsAsText(const TShownClass& Shown)
+{
+    if (Shown.Action->Scripts().empty())
+        return Shown.ClassName + " has no scripts\n";
+    std::string Result;
+    for (const auto& Script : Shown.Action->Scripts())
+    {
+        std::vector<std::vector<std::string>> Rows;
+        for (const TQXScriptParam& Param : Script->Params())
+            Rows.push_back({Param.Name(), std::string(ParamTypeName(Param)), Param.IsOutput() ? "output" : ""});
+        Result += Script->Name() + "\n" + AlignColumns(Rows, "  ");
+    }
+    return Result;
+}
+
+std::string ShowScripts(const TShownClass& Shown, bool Json)
+{
+    const TCustomQXAction& Action = CheckAction(Shown, "--scripts");
+    return Json ? ScriptsAsJson(Action) : ScriptsAsText(Shown);
 }
 } // namespace
 
@@ -95,6 +142,12 @@ int ShowCommand(const TArguments& Arguments, TQXRuntime& Runtime)
 {
     if (Arguments.Words.size() != 1)
         throw EUsageError("show wants the name of one class; \"quexley list\" names them");
-    const TShownObject Shown = MakeObject(Runtime, Arguments.Words.front());
+    if (Arguments.Example && (Arguments.Scripts || Arguments.Json))
+        throw EUsageError("--example stands alone");
+    const TShownClass Shown = FindShownClass(Runtime, Arguments.Words.front());
+    if (Arguments.Example)
+        return WriteAnswer(ShowExample(Shown));
+    if (Arguments.Scripts)
+        return WriteAnswer(ShowScripts(Shown, Arguments.Json));
     return WriteAnswer(Arguments.Json ? ShowAsJson(Shown) : ShowAsText(Shown));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <string>
+#include <nlohmann/json.hpp>
 
 /// The JSON Schema (draft 2020-12) of project files: the host's keys and the properties and scripts of every
 /// registered action.
-[[nodiscard]] std::string ProjectSchemaJson();
+[[nodiscard]] nlohmann::ordered_json ProjectSchema();

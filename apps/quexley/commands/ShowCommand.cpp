@@ -87,7 +87,7 @@ std::string ShowExample(const TShownClass& Shown)
     return Result;
 }
 
-std::string_view ParamTypeName(const TQXScriptParam& Param)
+std::string ParamTypeName(const TQXScriptParam& Param)
 {
     switch (Param.Type())
     {
@@ -125,7 +125,7 @@ std::string ScriptsAsText(const TShownClass& Shown)
     {
         std::vector<std::vector<std::string>> Rows;
         for (const TQXScriptParam& Param : Script->Params())
-            Rows.push_back({Param.Name(), std::string(ParamTypeName(Param)), Param.IsOutput() ? "output" : ""});
+            Rows.push_back({Param.Name(), ParamTypeName(Param), Param.IsOutput() ? "output" : ""});
         Result += Script->Name() + "\n" + AlignColumns(Rows, "  ");
     }
     return Result;

@@ -20,7 +20,7 @@ public:
 enum class TQXOutputStream { StdOut, StdErr };
 
 /// What the host does for one action while it runs. Actions reach it through the operations of
-/// TCustomQXAction; a test may put an implementation of its own behind an action.
+/// TCustomQXAction.
 class IQXActionHost
 {
 public:
@@ -48,10 +48,9 @@ class TCustomQXAction : public TQXPersistent
 public:
     ~TCustomQXAction() override;
 
-    /// Connects the action with the host that runs it. Without one, messages go nowhere and
-    /// expressions stand for themselves, as at design time.
-    void SetHost(IQXActionHost* Host) { FHost = Host; }
-    [[nodiscard]] IQXActionHost* Host() const { return FHost; }
+    /// The host while it runs an action, else null: then messages go nowhere and expressions stand for themselves,
+    /// as at design time.
+    [[nodiscard]] static IQXActionHost* Host();
 
     /// Writes one line to the log.
     void SendMessage(std::string_view Text) const;
@@ -92,7 +91,6 @@ public:
     void SetDescription(std::string Description) { FDescription = std::move(Description); }
 
 private:
-    IQXActionHost* FHost = nullptr;
     std::string FDescription;
     std::vector<std::unique_ptr<TQXScript>> FScripts;
 };

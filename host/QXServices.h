@@ -120,8 +120,8 @@ struct TQXMethodParam
     TQXParamType Type = TQXParamType::None;
 };
 
-/// A method that scripts can call on objects of one class. Call gets the object and as many arguments
-/// as Params names, of their types.
+/// A method that scripts can call on objects of one class. Call gets an object for which IsMethodOf holds, and as many
+/// arguments as Params names, of their types.
 struct TQXScriptMethod
 {
     std::string ClassName;
@@ -137,7 +137,7 @@ TQXScriptMethod QXScriptMethod(std::string ClassName, std::string Name, std::vec
 {
     return {std::move(ClassName), std::move(Name), std::move(Params),
             [Call = std::move(Call)](TQXPersistent& Object, std::span<const TQXVariant> Arguments) -> TQXVariant {
-                return Call(dynamic_cast<T&>(Object), Arguments);
+                return Call(static_cast<T&>(Object), Arguments);
             },
             [](const TQXPersistent& Object) { return dynamic_cast<const T*>(&Object) != nullptr; }};
 }

@@ -5,13 +5,14 @@
 #include "runtime/ActionSelection.h"
 #include "runtime/HostErrors.h"
 #include "runtime/ResumeNote.h"
+#include "runtime/Runtime.h"
 #include "runtime/actions/RunContext.h"
 #include "runtime/log/CleanEvents.h"
 
 #include <fmt/format.h>
 
 #include <chrono>
-#include <exception>
+#include <stdexcept>
 
 namespace
 {
@@ -87,6 +88,8 @@ struct TProjectRunner::TImpl
     void Tell(std::string_view Text, int Index = 0) { Events.Handle(TMessageEvent{Index, Text}); }
     [[nodiscard]] bool ValidateAll();
     [[nodiscard]] bool ValidateAction(TProjectAction& Action);
+    /// Throws the error of a file of the host's that turned out to be wrong.
+    void CheckFiles() const;
     [[nodiscard]] TRunResult ValidateAndRun();
     void RunAll();
     void RunOrSkip(TProjectAction& Action);
@@ -99,6 +102,7 @@ struct TProjectRunner::TImpl
     void NoteSuccess();
     template <typename TStep> void TryNote(TStep Step);
 
+    TQXRuntime& Runtime = TQXRuntime::Current();
     TProject& Project;
     TRunOptions Options;
     TCleanEvents Events;
@@ -109,7 +113,6 @@ struct TProjectRunner::TImpl
     bool CanNote = true;
     bool Stopped = false;
     TRunEndedEvent Totals;
-    std::exception_ptr HostError; ///< a file of the host's turned out to be wrong during an action
 };
 
 TProjectRunner::TImpl::TImpl(TProject& AProject, TRunOptions AOptions, IRunEvents& Target)
@@ -188,18 +191,22 @@ bool TProjectRunner::TImpl::ValidateAction(TProjectAction& Action)
     try
     {
         Valid = Action.Object->Validate(Findings);
-    }
-    catch (const EHostFileError&)
-    {
-        throw;
+        CheckFiles();
     }
     catch (const std::exception& Error)
     {
+        CheckFiles();
         Findings.AddError("", fmt::format("The settings could not be checked : {}", Error.what()));
     }
     if (!Valid && Findings.Count() == 0)
         Findings.AddError("", "The settings of this action are not valid");
     return Findings.Count() == 0;
+}
+
+void TProjectRunner::TImpl::CheckFiles() const
+{
+    if (const EHostFileError* Error = Runtime.FileError())
+        throw EHostFileError(*Error);
 }
 
 TRunResult TProjectRunner::TImpl::ValidateAndRun()
@@ -215,7 +222,6 @@ TRunResult TProjectRunner::TImpl::ValidateAndRun()
     }
     catch (const EHostFileError&)
     {
-        HostError = std::current_exception();
         WithoutRun = TRunResult::Failure;
     }
     Totals.Skipped = static_cast<int>(Selected.size());
@@ -249,7 +255,7 @@ void TProjectRunner::TImpl::RunAction(TProjectAction& Action)
     const TStopwatch Stopwatch;
     const TActionRun Run{Action.Index, std::chrono::seconds(Action.TimeoutSeconds), Options.DryRun};
     TRunContext Context(*Action.Object, Run, Variables, Events);
-    const bool Succeeded = Execute(Action);
+    const bool Succeeded = Execute(Action) && !Runtime.FileError();
     if (!Succeeded)
         Context.PassTermination();
     const TActionResult ActionResult = Context.WasTerminated() ? TActionResult::Terminated
@@ -264,13 +270,11 @@ try
 {
     return Action.Object->Execute();
 }
-catch (const EHostFileError&)
-{
-    HostError = std::current_exception();
-    return false;
-}
 catch (const std::exception& Error)
 {
+    // A wrong file of the host's ends the run, and is told once.
+    if (Runtime.FileError())
+        return false;
     Tell(fmt::format("The action ended with an error : {}", Error.what()), Action.Index);
     return false;
 }
@@ -290,7 +294,7 @@ void TProjectRunner::TImpl::Count(const TProjectAction& Action, TActionResult Ac
         return;
     }
     ++Totals.Failed;
-    if (HostError || (Action.OnFailure == TOnFailure::Stop && !Options.KeepGoing))
+    if (Runtime.FileError() || (Action.OnFailure == TOnFailure::Stop && !Options.KeepGoing))
         Stopped = true;
 }
 
@@ -346,7 +350,6 @@ TRunResult TProjectRunner::Run()
     FImpl->Totals.Result = Result;
     FImpl->Totals.Seconds = Stopwatch.Seconds();
     FImpl->Events.Handle(FImpl->Totals);
-    if (FImpl->HostError)
-        std::rethrow_exception(FImpl->HostError);
+    FImpl->CheckFiles();
     return Result;
 }

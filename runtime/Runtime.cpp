@@ -39,21 +39,46 @@ struct TQXRuntime::TImpl
     TOptionsServices Options{[this] { LoadPackage(); }, [this]() -> TOptionsFile& { return File(); }};
     TScriptingServices Scripting;
 
+    std::optional<EHostFileError> FileError;
+    TRunContext* RunningAction = nullptr;
+
+    /// What Source gives; keeps the first error.
+    template <typename TSource> auto Load(TSource Source)
+    try
+    {
+        return Source();
+    }
+    catch (const EHostFileError& Error)
+    {
+        if (!FileError)
+            FileError = Error;
+        throw;
+    }
+
     /// The source is gone before it runs: what it registers looks things up itself. A package that is there in part
     /// stays an error for all who look it up.
     void LoadPackage()
     {
-        if (PackageSource)
-            std::exchange(PackageSource, nullptr)();
-        if (!Actions.RegistrationFailure().empty())
-            throw EHostFileError(Actions.RegistrationFailure());
+        Load([this] {
+            if (PackageSource)
+                std::exchange(PackageSource, nullptr)();
+            if (!Actions.RegistrationFailure().empty())
+                throw EHostFileError(Actions.RegistrationFailure());
+        });
     }
 
     TOptionsFile& File()
     {
         if (!OptionsFile)
-            OptionsFile = OptionsSource ? OptionsSource() : TOptionsFile();
+            OptionsFile = OptionsSource ? Load(OptionsSource) : TOptionsFile();
         return *OptionsFile;
+    }
+
+    const IRegistry& Registry()
+    {
+        if (!RegistryKeys)
+            RegistryKeys = RegistrySource ? Load(RegistrySource) : EmptyRegistry();
+        return *RegistryKeys;
     }
 };
 
@@ -116,9 +141,7 @@ TOptionsFile& TQXRuntime::Options()
 
 const IRegistry& TQXRuntime::Registry()
 {
-    if (!FImpl->RegistryKeys)
-        FImpl->RegistryKeys = FImpl->RegistrySource ? FImpl->RegistrySource() : EmptyRegistry();
-    return *FImpl->RegistryKeys;
+    return FImpl->Registry();
 }
 
 IQXActionServices& TQXRuntime::ActionServices()
@@ -146,6 +169,21 @@ IScriptEngine* TQXRuntime::ScriptEngine()
 IQXDesignApplicationServices& TQXRuntime::DesignServices()
 {
     return *FImpl->Design;
+}
+
+const EHostFileError* TQXRuntime::FileError() const
+{
+    return FImpl->FileError ? &*FImpl->FileError : nullptr;
+}
+
+TRunContext* TQXRuntime::RunningAction()
+{
+    return Installed().empty() ? nullptr : Installed().back()->FImpl->RunningAction;
+}
+
+TRunContext* TQXRuntime::SetRunningAction(TRunContext* Action)
+{
+    return std::exchange(FImpl->RunningAction, Action);
 }
 
 void TQXRuntime::StoreOptions(const TQXOptionsRegistration& Registration)

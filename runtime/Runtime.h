@@ -10,7 +10,9 @@
 #include <string>
 #include <string_view>
 
+class EHostFileError;
 class IScriptEngine;
+class TRunContext;
 class TScriptingServices;
 
 /// The host behind the services that packages ask for. One is installed at a time; tests install their own
@@ -26,7 +28,7 @@ public:
     /// The installed runtime: the one constructed last that is still alive. Throws std::logic_error if there is none.
     [[nodiscard]] static TQXRuntime& Current();
 
-    /// What the runtime loads only when it is first needed. Each may throw EHostFileError.
+    /// What the runtime loads only when it is first needed. Each may throw EHostFileError; FileError keeps it.
     void SetOptionsSource(std::function<TOptionsFile()> Source);
     void SetRegistrySource(std::function<std::unique_ptr<IRegistry>()> Source);
     /// Called once, when a class is first looked up: registers the package's classes.
@@ -47,6 +49,16 @@ public:
     /// The script engine, or null.
     [[nodiscard]] IScriptEngine* ScriptEngine();
     [[nodiscard]] IQXDesignApplicationServices& DesignServices();
+    /// The first error of a source, or null. Packages may have caught it for a failure of a step of their own, so the
+    /// program asks here after each step that could have needed a file.
+    [[nodiscard]] const EHostFileError* FileError() const;
+
+    /// The action that the installed runtime runs at the moment, or null. Everything that acts on behalf of an action,
+    /// be it the action, a script or a process, finds the host's side of it here.
+    [[nodiscard]] static TRunContext* RunningAction();
+    /// Puts another one in its place, and gives the one before.
+    TRunContext* SetRunningAction(TRunContext* Action);
+
     /// Writes the settings of an options object to the options file's text, without saving the file.
     void StoreOptions(const TQXOptionsRegistration& Registration);
 

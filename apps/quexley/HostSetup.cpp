@@ -61,23 +61,6 @@ catch (const EFileError& Error)
 
 } // namespace
 
-/// Source, with the first failure kept.
-template <typename TSource> auto THostSetup::Remember(TSource Source)
-{
-    return [this, Source] {
-        try
-        {
-            return Source();
-        }
-        catch (const EHostFileError&)
-        {
-            if (!FFailure)
-                FFailure = std::current_exception();
-            throw;
-        }
-    };
-}
-
 THostSetup::THostSetup(const TArguments& Arguments)
 {
     const std::string Registry = FromHere(Arguments.RegistryFile);
@@ -86,11 +69,11 @@ THostSetup::THostSetup(const TArguments& Arguments)
     const std::string Package =
         Arguments.PackageFile.empty() ? TModule::FileBesideProgram(PackageName) : FromHere(Arguments.PackageFile);
 
-    FRuntime.SetOptionsSource(Remember([File = FromHere(Arguments.OptionsFile)] {
+    FRuntime.SetOptionsSource([File = FromHere(Arguments.OptionsFile)] {
         return TOptionsFile::Load(File.empty() ? TOptionsFile::DefaultFileName() : File, !File.empty());
-    }));
-    FRuntime.SetRegistrySource(Remember([this, Registry] { return LoadRegistry(RegistryFile(Registry)); }));
-    FRuntime.SetPackageSource(Remember([Package] { LoadPackage(Package); }));
+    });
+    FRuntime.SetRegistrySource([this, Registry] { return LoadRegistry(RegistryFile(Registry)); });
+    FRuntime.SetPackageSource([Package] { LoadPackage(Package); });
     FRuntime.SetScriptEngineSource([] { return std::make_unique<TDuktapeEngine>(); });
 }
 
@@ -102,10 +85,4 @@ std::string THostSetup::RegistryFile(const std::string& Named)
     const TOptionsFile& Options = FRuntime.Options();
     const std::string& File = Options.Host().Registry;
     return File.empty() ? File : Paths::Expand(File, Paths::Folder(Options.FileName()));
-}
-
-void THostSetup::CheckFiles() const
-{
-    if (FFailure)
-        std::rethrow_exception(FFailure);
 }

@@ -60,7 +60,8 @@ int RunProgram(int Count, const char* const* Words)
         return WriteAnswer(CommandLine.Answer);
     THostSetup Host(CommandLine.Arguments);
     const int ExitCode = CommandLine.Command->Execute(CommandLine.Arguments, Host.Runtime());
-    Host.CheckFiles();
+    if (const EHostFileError* Error = Host.Runtime().FileError())
+        throw EHostFileError(*Error);
     return ExitCode;
 }
 } // namespace

@@ -1,7 +1,15 @@
 #include "host/QXAction.h"
 
+#include "runtime/Runtime.h"
+#include "runtime/actions/RunContext.h"
+
 TCustomQXAction::~TCustomQXAction() = default;
 TQXAction::~TQXAction() = default;
+
+IQXActionHost* TCustomQXAction::Host()
+{
+    return TQXRuntime::RunningAction();
+}
 
 TQXScriptParam& TQXScript::AddParam(std::string Name, TQXParamType Type)
 {
@@ -27,22 +35,23 @@ void TQXScript::SetValue(std::string_view Name, TQXVariant Value)
 
 void TCustomQXAction::SendMessage(std::string_view Text) const
 {
-    if (FHost)
-        FHost->SendMessage(Text);
+    if (IQXActionHost* Running = Host())
+        Running->SendMessage(Text);
 }
 
 bool TCustomQXAction::TryExpandExpression(std::string_view Label, std::string_view Expression, std::string& Value,
                                           bool Required) const
 {
-    if (FHost)
-        return FHost->TryExpandExpression(Label, Expression, Value, Required);
+    if (IQXActionHost* Running = Host())
+        return Running->TryExpandExpression(Label, Expression, Value, Required);
     Value = Expression;
     return !Required || !Value.empty();
 }
 
 std::string TCustomQXAction::ExpandExpression(std::string_view Expression, bool Report) const
 {
-    return FHost ? FHost->ExpandExpression(Expression, Report) : std::string(Expression);
+    IQXActionHost* Running = Host();
+    return Running ? Running->ExpandExpression(Expression, Report) : std::string(Expression);
 }
 
 TQXScript& TCustomQXAction::AddScript(std::string Name)
@@ -67,7 +76,8 @@ TQXScript* TCustomQXAction::FindScriptToRun(std::string_view Name) const
 bool TCustomQXAction::ExecuteScript(std::string_view Name)
 {
     TQXScript* Script = GetScriptByName(Name);
-    return Script && FHost && FHost->ExecuteScript(*Script);
+    IQXActionHost* Running = Host();
+    return Script && Running && Running->ExecuteScript(*Script);
 }
 
 void TCustomQXAction::InitialiseScriptParams(TQXScript&) {}

@@ -4,6 +4,7 @@
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
+#include "runtime/Runtime.h"
 #include "runtime/actions/RunContext.h"
 
 #include <fmt/format.h>
@@ -32,7 +33,7 @@ public:
     }
     void OnTick() override
     {
-        if (TRunContext* Context = TRunContext::Current())
+        if (TRunContext* Context = TQXRuntime::RunningAction())
             Context->Tick();
     }
 
@@ -118,7 +119,7 @@ int TQXProcess::Run(IProcessListener& Listener)
 try
 {
     FEnd = {};
-    TRunContext* Context = TRunContext::Current();
+    TRunContext* Context = TQXRuntime::RunningAction();
     if (Termination::Requested() != 0)
     {
         FEnd.Terminated = true;
@@ -145,7 +146,7 @@ TProcessStart TQXProcess::Prepare() const
     Start.Folder = Paths::WithoutTrailing(FFolder.empty() ? Files::CurrentFolder() : Locate(FFolder));
     Start.Arguments = FArguments;
     Start.HideWindow = FHideWindow;
-    if (const TRunContext* Context = TRunContext::Current())
+    if (const TRunContext* Context = TQXRuntime::RunningAction())
     {
         Start.TimeLimit = Context->Run().TimeLimit;
         Start.TickInterval = std::chrono::seconds(1);
@@ -159,13 +160,13 @@ int TQXProcess::Show(const TProcessStart& Start)
     const std::optional<std::string> ResponseFile = ResponseFileText(Start);
     Event.DryRun = true;
     Event.ResponseFile = ResponseFile;
-    TRunContext::Current()->ProcessStarted(Event);
+    TQXRuntime::RunningAction()->ProcessStarted(Event);
     return 0;
 }
 
 void TQXProcess::ReportEnd(const TProcessStart& Start)
 {
-    TRunContext* Context = TRunContext::Current();
+    TRunContext* Context = TQXRuntime::RunningAction();
     if (!Context)
         return;
     Context->ProcessEnded(EndEvent(FEnd));

@@ -4,7 +4,8 @@
 #include "platform/Processes.h"
 
 /// A process that runs on behalf of the running action: its start and end are events of that action, its time
-/// limit is the action's. When no action runs it works the same without events.
+/// limit is the action's. When no action runs it works the same without events. Packages make one without naming the
+/// action, so it asks the runtime for it, as the action itself does.
 class TQXProcess final : public IQXProcess
 {
 public:

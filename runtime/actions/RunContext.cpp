@@ -7,27 +7,14 @@
 
 #include <fmt/format.h>
 
-namespace
-{
-TRunContext* CurrentContext = nullptr;
-} // namespace
-
 TRunContext::TRunContext(TCustomQXAction& Action, TActionRun Run, const TVariables& Variables, IRunEvents& Events)
-    : FAction(Action), FRun(std::move(Run)), FVariables(Variables), FEvents(Events), FOuter(CurrentContext)
-{
-    FAction.SetHost(this);
-    CurrentContext = this;
-}
+    : FAction(Action), FRun(std::move(Run)), FVariables(Variables), FEvents(Events), FRuntime(TQXRuntime::Current()),
+      FOuter(FRuntime.SetRunningAction(this))
+{}
 
 TRunContext::~TRunContext()
 {
-    CurrentContext = FOuter;
-    FAction.SetHost(nullptr);
-}
-
-TRunContext* TRunContext::Current()
-{
-    return CurrentContext;
+    FRuntime.SetRunningAction(FOuter);
 }
 
 void TRunContext::SendMessage(std::string_view Text)
@@ -71,9 +58,8 @@ bool TRunContext::ExecuteScript(TQXScript& Script)
     PassTermination();
     if (Script.Text().empty())
         return true;
-    TQXRuntime& Runtime = TQXRuntime::Current();
-    IScriptEngine* Engine = Runtime.ScriptEngine();
-    const auto Failure = Engine ? Engine->Run(Script, Runtime.ScriptingServices())
+    IScriptEngine* Engine = FRuntime.ScriptEngine();
+    const auto Failure = Engine ? Engine->Run(Script, FRuntime.ScriptingServices())
                                 : TScriptFailure{0, "this build of the host has no script engine"};
     if (Failure)
         FEvents.Handle(TScriptErrorEvent{FRun.Index, Script.Name(), Failure->Line, Failure->Reason});

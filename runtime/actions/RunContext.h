@@ -6,6 +6,8 @@
 
 #include <chrono>
 
+class TQXRuntime;
+
 /// How an action is to run.
 struct TActionRun
 {
@@ -14,8 +16,8 @@ struct TActionRun
     bool DryRun = false;
 };
 
-/// The host's side of one action while it runs: turns what the action does into events. Connects itself with
-/// the action and disconnects when it goes. Processes are run on behalf of the context made last.
+/// The host's side of one action while it runs: turns what the action does into events. It is the running action of
+/// the installed runtime until it goes.
 class TRunContext final : public IQXActionHost
 {
 public:
@@ -23,9 +25,6 @@ public:
     ~TRunContext() override;
     TRunContext(const TRunContext&) = delete;
     TRunContext& operator=(const TRunContext&) = delete;
-
-    /// The context of the running action, or null when none runs.
-    [[nodiscard]] static TRunContext* Current();
 
     void SendMessage(std::string_view Text) override;
     void SendOutput(TQXOutputStream Stream, std::string_view Line) override;
@@ -56,6 +55,7 @@ private:
     TActionRun FRun;
     const TVariables& FVariables;
     IRunEvents& FEvents;
+    TQXRuntime& FRuntime;
     TRunContext* FOuter;
     bool FTerminated = false;
 };

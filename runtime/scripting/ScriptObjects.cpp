@@ -2,6 +2,7 @@
 
 #include "host/QXAction.h"
 #include "runtime/NearestName.h"
+#include "runtime/Runtime.h"
 #include "runtime/actions/RunContext.h"
 #include "runtime/scripting/ScriptHeap.h"
 #include "runtime/scripting/ScriptValues.h"
@@ -52,7 +53,7 @@ duk_ret_t SendMessage(duk_context* Context)
 /// In a script a failure is an error that it may catch, so the log gets nothing of it.
 TExpansion Expand(const TCustomQXAction& Action, std::string_view Expression)
 {
-    if (const auto* Run = dynamic_cast<TRunContext*>(Action.Host()))
+    if (const TRunContext* Run = TQXRuntime::RunningAction())
         return Run->Expand(Expression);
     return {true, Action.ExpandExpression(Expression, false), {}};
 }

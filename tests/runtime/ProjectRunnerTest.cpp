@@ -232,14 +232,35 @@ TEST_F(ProjectRunner, KeepsExceptionsInTheirAction)
     EXPECT_EQ(Run(), TRunResult::Failure);
     EXPECT_THAT(Host.Log.Messages, ElementsAre("The action ended with an error : out of luck"));
     EXPECT_EQ(Started(), "12");
-    // A wrong file of the host's ends the run, is told by the program and not by the log.
-    Add(
-        "Three", [](TTestAction&) -> bool { throw EHostFileError("options.toml:1:1: wrong"); }, TOnFailure::Continue);
-    Add("Four");
-    EXPECT_THROW(Run({.From = "3"}), EHostFileError);
-    EXPECT_THAT(Host.Log.Events, ElementsAre("run-started 2", "action-started 3", "action-ended 3 failure",
-                                             "action-ended 4 skipped", "run-ended failure"));
-    EXPECT_THAT(Host.Log.Messages, IsEmpty());
+}
+
+TEST_F(ProjectRunner, EndsWithTheActionThatNeedsAWrongFile)
+{
+    for (const bool IsPassedOn : {true, false})
+    {
+        TTestHost Other;
+        Project.Actions.clear();
+        Other.SetOptions("[host");
+        Add(
+            "One",
+            [&](TTestAction&) {
+                try
+                {
+                    (void)Other.Runtime.Options();
+                }
+                catch (const std::exception&)
+                {
+                    if (IsPassedOn)
+                        throw;
+                }
+                return true;
+            },
+            TOnFailure::Continue);
+        Add("Two");
+        EXPECT_THROW(TProjectRunner(Project, {.KeepGoing = true}, Other.Log).Run(), EHostFileError);
+        EXPECT_THAT(Other.Log.Events, ElementsAre("run-started 2", "action-started 1", "action-ended 1 failure",
+                                                  "action-ended 2 skipped", "run-ended failure"));
+    }
 }
 
 TEST_F(ProjectRunner, MasksSecretsAndMendsTexts)

@@ -20,6 +20,9 @@ struct TProjectAction
     TOnFailure OnFailure = TOnFailure::Stop;
     int TimeoutSeconds = 0; ///< 0: no limit
     std::unique_ptr<TCustomQXAction> Object;
+    std::string File{}; ///< in which its table stands, as the user named it
+    int Line = 0;       ///< and where; 0 in a project that no file holds
+    int Column = 0;
 };
 
 /// A project as its file holds it.

@@ -8,6 +8,8 @@
 #include "runtime/Runtime.h"
 #include "runtime/actions/RunContext.h"
 #include "runtime/log/CleanEvents.h"
+#include "runtime/log/Diagnostics.h"
+#include "runtime/log/HostEvents.h"
 
 #include <fmt/format.h>
 
@@ -63,7 +65,8 @@ public:
     TFindings(IRunEvents& Events, const TProjectAction& Action) : FEvents(Events), FAction(Action) {}
     void AddError(std::string_view Label, std::string_view Message) override
     {
-        FEvents.Handle(TValidationErrorEvent{FAction.Index, FAction.Type, FAction.Name, Label, Message});
+        FEvents.Handle(TValidationErrorEvent{FAction.Index, FAction.Type, FAction.Name, Label, Message, FAction.File,
+                                             FAction.Line, FAction.Column});
         ++FCount;
     }
     [[nodiscard]] int Count() const { return FCount; }
@@ -88,8 +91,8 @@ struct TProjectRunner::TImpl
     void Tell(std::string_view Text, int Index = 0) { Events.Handle(TMessageEvent{Index, Text}); }
     [[nodiscard]] bool ValidateAll();
     [[nodiscard]] bool ValidateAction(TProjectAction& Action);
-    /// Throws the error of a file of the host's that turned out to be wrong.
-    void CheckFiles() const;
+    /// Tells of a file of the host's that turned out to be wrong.
+    void TellFileError();
     [[nodiscard]] TRunResult ValidateAndRun();
     void RunAll();
     void RunOrSkip(TProjectAction& Action);
@@ -105,7 +108,8 @@ struct TProjectRunner::TImpl
     TQXRuntime& Runtime = TQXRuntime::Current();
     TProject& Project;
     TRunOptions Options;
-    TCleanEvents Events;
+    TDiagnostics Diagnostics;
+    TCleanEvents Events{Diagnostics};
     TVariables Variables;
     std::vector<TProjectAction*> Selected;
     TResumeNote Resume;
@@ -116,7 +120,7 @@ struct TProjectRunner::TImpl
 };
 
 TProjectRunner::TImpl::TImpl(TProject& AProject, TRunOptions AOptions, IRunEvents& Target)
-    : Project(AProject), Options(std::move(AOptions)), Events(Target), Resume(AProject.File)
+    : Project(AProject), Options(std::move(AOptions)), Diagnostics(Target), Resume(AProject.File)
 {
     Variables.SetOverrides(Options.Overrides);
     Variables.SetProjectVariables(Project.Variables);
@@ -180,7 +184,8 @@ bool TProjectRunner::TImpl::ValidateAll()
 {
     bool Valid = true;
     for (TProjectAction* Action : Selected)
-        Valid = ValidateAction(*Action) && Valid;
+        if (!Runtime.FileError())
+            Valid = ValidateAction(*Action) && Valid;
     return Valid;
 }
 
@@ -191,41 +196,34 @@ bool TProjectRunner::TImpl::ValidateAction(TProjectAction& Action)
     try
     {
         Valid = Action.Object->Validate(Findings);
-        CheckFiles();
     }
     catch (const std::exception& Error)
     {
-        CheckFiles();
-        Findings.AddError("", fmt::format("The settings could not be checked : {}", Error.what()));
+        if (!Runtime.FileError())
+            Findings.AddError("", fmt::format("The settings could not be checked : {}", Error.what()));
     }
+    if (Runtime.FileError())
+        return false;
     if (!Valid && Findings.Count() == 0)
         Findings.AddError("", "The settings of this action are not valid");
     return Findings.Count() == 0;
 }
 
-void TProjectRunner::TImpl::CheckFiles() const
+void TProjectRunner::TImpl::TellFileError()
 {
     if (const EHostFileError* Error = Runtime.FileError())
-        throw EHostFileError(*Error);
+        SendFindings<THostErrorEvent>(Error->Findings(), Events);
 }
 
 TRunResult TProjectRunner::TImpl::ValidateAndRun()
 {
-    TRunResult WithoutRun = TRunResult::Invalid;
-    try
+    if (Options.SkipValidation || ValidateAll())
     {
-        if (Options.SkipValidation || ValidateAll())
-        {
-            RunAll();
-            return Result();
-        }
-    }
-    catch (const EHostFileError&)
-    {
-        WithoutRun = TRunResult::Failure;
+        RunAll();
+        return Result();
     }
     Totals.Skipped = static_cast<int>(Selected.size());
-    return WithoutRun;
+    return Runtime.FileError() ? TRunResult::HostError : TRunResult::Invalid;
 }
 
 void TProjectRunner::TImpl::RunAll()
@@ -302,6 +300,8 @@ TRunResult TProjectRunner::TImpl::Result() const
 {
     if (Termination::Requested() != 0)
         return TRunResult::Terminated;
+    if (Runtime.FileError())
+        return TRunResult::HostError;
     return Totals.Failed > 0 ? TRunResult::Failure : TRunResult::Success;
 }
 
@@ -326,7 +326,9 @@ try
 catch (const EFileError& Error)
 {
     CanNote = false;
-    Tell(fmt::format("The place of this run cannot be noted, --resume will not find it : {}", Error.what()));
+    const THostFinding Finding{
+        .Message = fmt::format("The place of this run cannot be noted, --resume will not find it : {}", Error.what())};
+    SendFindings<THostWarningEvent>(std::span(&Finding, 1), Events);
 }
 
 TProjectRunner::TProjectRunner(TProject& Project, TRunOptions Options, IRunEvents& Events)
@@ -338,7 +340,10 @@ TProjectRunner::~TProjectRunner() = default;
 TRunResult TProjectRunner::Validate()
 {
     const TFolderScope Scope(FImpl->Project.Folder);
-    return FImpl->ValidateAll() ? TRunResult::Success : TRunResult::Invalid;
+    if (FImpl->ValidateAll())
+        return TRunResult::Success;
+    FImpl->TellFileError();
+    return FImpl->Runtime.FileError() ? TRunResult::HostError : TRunResult::Invalid;
 }
 
 TRunResult TProjectRunner::Run()
@@ -347,9 +352,9 @@ TRunResult TProjectRunner::Run()
     const TStopwatch Stopwatch;
     FImpl->Events.Handle(TRunStartedEvent{FImpl->Project.Name, static_cast<int>(FImpl->Selected.size())});
     const TRunResult Result = FImpl->ValidateAndRun();
+    FImpl->TellFileError();
     FImpl->Totals.Result = Result;
     FImpl->Totals.Seconds = Stopwatch.Seconds();
     FImpl->Events.Handle(FImpl->Totals);
-    FImpl->CheckFiles();
     return Result;
 }

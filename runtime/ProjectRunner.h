@@ -29,7 +29,7 @@ public:
     TProjectRunner(TProject& Project, TRunOptions Options, IRunEvents& Events);
     ~TProjectRunner();
 
-    /// Validates the enabled and selected actions and reports every finding: Success or Invalid.
+    /// Validates the enabled and selected actions and reports every finding: Success, Invalid or HostError.
     TRunResult Validate();
     /// Validates them, and if there is no finding, runs them.
     TRunResult Run();

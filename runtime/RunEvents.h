@@ -9,7 +9,9 @@
 #include <variant>
 
 enum class TActionResult { Success, Failure, Skipped, Terminated };
-enum class TRunResult { Success, Failure, Invalid, Terminated };
+/// HostError: a file of the host's is wrong; programs that read the log see a failure.
+enum class TRunResult { Success, Failure, Invalid, Terminated, HostError };
+enum class TSeverity { Error, Warning };
 
 // An event is an aggregate of numbers, texts and enumerations. Name is what programs know it by. Members names all
 // of its members in their order: it is the one place from which filters find the texts to be cleaned and JSON its
@@ -18,6 +20,20 @@ enum class TRunResult { Success, Failure, Invalid, Terminated };
 // for no action.
 
 template <std::size_t Count> using TEventMembers = std::array<std::string_view, Count>;
+
+/// Something is wrong with the host's own affairs: its command line, or the files that it reads. Of the place what is
+/// known.
+template <TSeverity Severity> struct THostEvent
+{
+    static constexpr std::string_view Name = Severity == TSeverity::Error ? "host-error" : "host-warning";
+    static constexpr TEventMembers<4> Members = {"message", "file", "line", "column"};
+    std::string_view Message;
+    std::optional<std::string_view> File; ///< as the user named it, from the folder in which the program was started
+    std::optional<int> Line;
+    std::optional<int> Column;
+};
+using THostErrorEvent = THostEvent<TSeverity::Error>;
+using THostWarningEvent = THostEvent<TSeverity::Warning>;
 
 struct TRunStartedEvent
 {
@@ -30,12 +46,15 @@ struct TRunStartedEvent
 struct TValidationErrorEvent
 {
     static constexpr std::string_view Name = "validation-error";
-    static constexpr TEventMembers<5> Members = {"index", "type", "name", "label", "message"};
+    static constexpr TEventMembers<8> Members = {"index", "type", "name", "label", "message", "file", "line", "column"};
     int Index = 0;
     std::string_view Type;
     std::string_view Action;
     std::string_view Label;
     std::string_view Message;
+    std::string_view File; ///< the place of the action's table; the file as in a THostEvent
+    int Line = 0;
+    int Column = 0;
 };
 
 struct TActionStartedEvent
@@ -92,10 +111,25 @@ struct TProcessStartedEvent
 struct TOutputEvent
 {
     static constexpr std::string_view Name = "output";
-    static constexpr TEventMembers<3> Members = {"index", "stream", "text"};
+    static constexpr TEventMembers<4> Members = {"index", "stream", "text", ""};
     int Index = 0;
     TQXOutputStream Stream = TQXOutputStream::StdOut;
     std::string_view Text;
+    std::optional<TSeverity> Severity; ///< of a line that reports something; a TDiagnosticEvent follows
+};
+
+/// What the line of the TOutputEvent before it reports. Of the place what the tool says.
+struct TDiagnosticEvent
+{
+    static constexpr std::string_view Name = "diagnostic";
+    static constexpr TEventMembers<7> Members = {"index", "severity", "file", "line", "column", "code", "message"};
+    int Index = 0;
+    TSeverity Severity = TSeverity::Error;
+    std::optional<std::string_view> File;
+    std::optional<int> Line;
+    std::optional<int> Column;
+    std::string_view Code;
+    std::string_view Message;
 };
 
 /// How a process ended: by itself, by a signal, or for its time limit.
@@ -138,9 +172,10 @@ struct TTickEvent
     static constexpr TEventMembers<0> Members = {};
 };
 
-using TRunEvent = std::variant<TRunStartedEvent, TValidationErrorEvent, TActionStartedEvent, TMessageEvent,
-                               TExpansionErrorEvent, TScriptErrorEvent, TProcessStartedEvent, TOutputEvent,
-                               TProcessEndedEvent, TActionEndedEvent, TRunEndedEvent, TTickEvent>;
+using TRunEvent =
+    std::variant<THostErrorEvent, THostWarningEvent, TRunStartedEvent, TValidationErrorEvent, TActionStartedEvent,
+                 TMessageEvent, TExpansionErrorEvent, TScriptErrorEvent, TProcessStartedEvent, TOutputEvent,
+                 TDiagnosticEvent, TProcessEndedEvent, TActionEndedEvent, TRunEndedEvent, TTickEvent>;
 
 /// Receives the events of one run in their order. Behind TCleanEvents texts are valid UTF-8 and hold no secret.
 class IRunEvents

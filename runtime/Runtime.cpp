@@ -63,7 +63,7 @@ struct TQXRuntime::TImpl
             if (PackageSource)
                 std::exchange(PackageSource, nullptr)();
             if (!Actions.RegistrationFailure().empty())
-                throw EHostFileError(Actions.RegistrationFailure());
+                throw EHostFileError({.Message = Actions.RegistrationFailure()});
         });
     }
 

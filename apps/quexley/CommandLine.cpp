@@ -244,3 +244,23 @@ TParsedCommandLine ParseCommandLine(int Count, const char* const* Words, std::sp
 {
     return TParser(Commands).Parse(Count, Words);
 }
+
+TLogFormat WantedFormat(int Count, const char* const* Words)
+{
+    constexpr std::string_view Option = "--format";
+    TLogFormat Format = TLogFormat::Text;
+    for (int Place = 1; Place < Count; ++Place)
+    {
+        std::string_view Word = Words[Place];
+        if (Word == Option && Place + 1 < Count)
+            Word = Words[++Place];
+        else if (Word.starts_with(Option) && Word.substr(Option.size()).starts_with('='))
+            Word.remove_prefix(Option.size() + 1);
+        else
+            continue;
+        const auto Known = std::find(Formats.begin(), Formats.end(), Word);
+        if (Known != Formats.end())
+            Format = static_cast<TLogFormat>(Known - Formats.begin());
+    }
+    return Format;
+}

@@ -29,6 +29,9 @@ struct TParsedCommandLine
     std::string Answer;
 };
 
+/// The log format that the words ask for, as far as they can be understood: for errors of the command line itself.
+[[nodiscard]] TLogFormat WantedFormat(int Count, const char* const* Words);
+
 /// Throws EUsageError for what is unknown, missing or malformed.
 [[nodiscard]] TParsedCommandLine ParseCommandLine(int Count, const char* const* Words,
                                                   std::span<const TCommand> Commands);

@@ -9,8 +9,6 @@
 #include "runtime/HostErrors.h"
 #include "runtime/scripting/DuktapeEngine.h"
 
-#include <fmt/format.h>
-
 #include <memory>
 #include <optional>
 
@@ -32,7 +30,7 @@ try
 }
 catch (const EModuleError& Error)
 {
-    throw EHostFileError(Error.what());
+    throw EHostFileError({.Message = Error.what()});
 }
 
 /// What the variables of Windows stand for in an expandable string: its folder as the options tell, else the
@@ -52,11 +50,11 @@ try
 }
 catch (const ERegistryError& Error)
 {
-    throw EHostFileError(fmt::format("{}:{}: {}", File, Error.Line, Error.what()));
+    throw EHostFileError({.File = File, .Line = Error.Line, .Message = Error.what()});
 }
 catch (const EFileError& Error)
 {
-    throw EHostFileError(Error.what());
+    throw EHostFileError({.File = File, .Message = Error.Reason});
 }
 
 } // namespace
@@ -65,7 +63,7 @@ THostSetup::THostSetup(const TArguments& Arguments)
 {
     const std::string Registry = FromHere(Arguments.RegistryFile);
     if (!Registry.empty() && !Files::FileExists(Registry))
-        throw EHostFileError(Arguments.RegistryFile + ": no such file");
+        throw EHostFileError({.File = Arguments.RegistryFile, .Message = "no such file"});
     const std::string Package =
         Arguments.PackageFile.empty() ? TModule::FileBesideProgram(PackageName) : FromHere(Arguments.PackageFile);
 

@@ -1,18 +1,18 @@
 #include "apps/quexley/Answer.h"
 #include "apps/quexley/CommandLine.h"
 #include "apps/quexley/HostSetup.h"
+#include "apps/quexley/RunLog.h"
 #include "apps/quexley/commands/Commands.h"
 #include "platform/Console.h"
-#include "platform/Files.h"
 #include "platform/Processes.h"
 #include "platform/Stack.h"
 #include "runtime/HostErrors.h"
+#include "runtime/log/CleanEvents.h"
+#include "runtime/log/HostEvents.h"
 
 #include <array>
-#include <cstdio>
 #include <exception>
-#include <string>
-#include <string_view>
+#include <span>
 
 namespace
 {
@@ -28,28 +28,15 @@ constexpr std::array<TCommand, 7> Commands = {{
     {"schema", "Write the JSON Schema of the project file", TCommandArguments::None, &SchemaCommand},
 }};
 
-void WriteError(std::string_view Text)
+/// Tells of the error in the format that was asked for, and on standard error.
+int Report(TLogFormat Format, std::span<const THostFinding> Findings)
 {
-    std::fwrite(Text.data(), 1, Text.size(), stderr);
-    std::fputc('\n', stderr);
-}
-
-/// Whether a line names a place in a file, as other programs that read messages know it.
-bool HasPlace(std::string_view Line)
-{
-    constexpr std::string_view Digits = "0123456789";
-    for (std::size_t Colon = Line.find(':'); Colon != std::string_view::npos; Colon = Line.find(':', Colon + 1))
-    {
-        const std::size_t End = Line.find_first_not_of(Digits, Colon + 1);
-        if (End != std::string_view::npos && End > Colon + 1 && Line[End] == ':')
-            return true;
-    }
-    return false;
-}
-
-int Report(std::string_view Message)
-{
-    WriteError(HasPlace(Message) ? std::string(Message) : "quexley: " + std::string(Message));
+    TArguments Arguments;
+    Arguments.Format = Format;
+    TRunLog Log(Arguments);
+    TCleanEvents Events(Log.Events());
+    SendFindings<THostErrorEvent>(Findings, Events);
+    Log.Finish();
     return WrongUsage;
 }
 
@@ -60,9 +47,29 @@ int RunProgram(int Count, const char* const* Words)
         return WriteAnswer(CommandLine.Answer);
     THostSetup Host(CommandLine.Arguments);
     const int ExitCode = CommandLine.Command->Execute(CommandLine.Arguments, Host.Runtime());
-    if (const EHostFileError* Error = Host.Runtime().FileError())
+    const EHostFileError* Error = Host.Runtime().FileError();
+    if (Error && ExitCode == 0)
         throw EHostFileError(*Error);
     return ExitCode;
+}
+
+int RunAndReport(int Count, const char* const* Words)
+try
+{
+    return RunProgram(Count, Words);
+}
+catch (const EClosedPipe&)
+{
+    throw;
+}
+catch (const EHostFileError& Error)
+{
+    return Report(WantedFormat(Count, Words), Error.Findings());
+}
+catch (const std::exception& Error)
+{
+    const THostFinding Finding{.Message = Error.what()};
+    return Report(WantedFormat(Count, Words), std::span(&Finding, 1));
 }
 } // namespace
 
@@ -72,14 +79,15 @@ try
     Console::OpenMissingStreams();
     Termination::EndOnSignals();
     int ExitCode = 0;
-    WithRoomForCalls([&] { ExitCode = RunProgram(Count, Words); });
+    WithRoomForCalls([&] { ExitCode = RunAndReport(Count, Words); });
     return ExitCode;
 }
 catch (const EClosedPipe&)
 {
     Console::EndByClosedPipe();
 }
-catch (const std::exception& Error)
+catch (const std::exception&)
 {
-    return Report(Error.what());
+    // Standard output cannot be written; standard error has got all that there was to say, or cannot be written either.
+    return WrongUsage;
 }

@@ -25,7 +25,7 @@ void TRunContext::SendMessage(std::string_view Text)
 
 void TRunContext::SendOutput(TQXOutputStream Stream, std::string_view Line)
 {
-    FEvents.Handle(TOutputEvent{FRun.Index, Stream, Line});
+    FEvents.Handle(TOutputEvent{FRun.Index, Stream, Line, {}});
 }
 
 bool TRunContext::TryExpandExpression(std::string_view Label, std::string_view Expression, std::string& Value,

@@ -33,7 +33,8 @@ public:
     template <typename TValue> void operator()(TValue&)
     {
         static_assert(std::is_arithmetic_v<TValue> || std::is_enum_v<TValue> ||
-                          std::is_same_v<TValue, std::optional<int>>,
+                          std::is_same_v<TValue, std::optional<int>> ||
+                          std::is_same_v<TValue, std::optional<TSeverity>>,
                       "a member of a type whose texts nobody would clean");
     }
 

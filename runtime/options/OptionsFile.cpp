@@ -86,7 +86,7 @@ TOptionsFile TOptionsFile::Load(const std::string& FileName, bool MustExist)
     if (Files::Find(FileName).empty())
     {
         if (MustExist)
-            throw EHostFileError(FileName + ": there is no such options file");
+            throw EHostFileError({.File = FileName, .Message = "there is no such options file"});
         return Parse(FileName, {});
     }
     std::string Text;
@@ -96,7 +96,7 @@ TOptionsFile TOptionsFile::Load(const std::string& FileName, bool MustExist)
     }
     catch (const EFileError& Error)
     {
-        throw EHostFileError(FileName + ": " + Error.Reason);
+        throw EHostFileError({.File = FileName, .Message = Error.Reason});
     }
     return Parse(FileName, Text);
 }

@@ -1,7 +1,5 @@
 #include "runtime/projects/FileFindings.h"
 
-#include "runtime/HostErrors.h"
-
 #include <algorithm>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -14,15 +12,15 @@ bool IsControl(char Character)
 }
 } // namespace
 
-std::string FormatFinding(std::string_view File, TTomlPosition Position, std::string_view Message)
+THostFinding MakeFinding(std::string File, TTomlPosition Position, std::string_view Message)
 {
-    std::string Result = fmt::format("{}:{}:{}: ", File, Position.Line, Position.Column);
+    std::string Result;
     for (const char Character : Message)
         if (IsControl(Character))
             Result += fmt::format("\\u{:04X}", static_cast<unsigned char>(Character));
         else
             Result += Character;
-    return Result;
+    return {std::move(File), static_cast<int>(Position.Line), static_cast<int>(Position.Column), std::move(Result)};
 }
 
 void TFileFindings::Add(TTomlPosition Position, std::string Message)
@@ -42,10 +40,11 @@ void TFileFindings::ThrowIfAny() const
     auto Sorted = FFindings;
     std::stable_sort(Sorted.begin(), Sorted.end(),
                      [](const auto& Left, const auto& Right) { return Left.first < Right.first; });
-    std::string Message;
+    std::vector<THostFinding> Findings;
+    Findings.reserve(Sorted.size());
     for (const auto& [Position, Text] : Sorted)
-        Message += (Message.empty() ? "" : "\n") + FormatFinding(FFile, Position, Text);
-    throw EHostFileError(Message);
+        Findings.push_back(MakeFinding(FFile, Position, Text));
+    throw EHostFileError(std::move(Findings));
 }
 
 std::string QuotedNames(std::span<const std::string_view> Names)

@@ -1,6 +1,7 @@
 // What is wrong in a file of the host's, with places and hints.
 #pragma once
 
+#include "runtime/HostErrors.h"
 #include "runtime/projects/TomlDocument.h"
 
 #include <span>
@@ -19,7 +20,7 @@ public:
     void Add(TTomlPosition Position, std::string Message);
     /// Adds that a value is of another type than the key Name wants; Expected as in "a string".
     void AddWrongType(const TTomlNode& Value, std::string_view Name, std::string_view Expected);
-    /// Throws EHostFileError with all findings, a line each, in the order of the file.
+    /// Throws EHostFileError with all findings in the order of the file.
     void ThrowIfAny() const;
 
 private:
@@ -27,8 +28,8 @@ private:
     std::vector<std::pair<TTomlPosition, std::string>> FFindings;
 };
 
-/// `FILE:LINE:COLUMN: message`, in one line whatever the message quotes.
-[[nodiscard]] std::string FormatFinding(std::string_view File, TTomlPosition Position, std::string_view Message);
+/// A finding whose message is one line, whatever it quotes.
+[[nodiscard]] THostFinding MakeFinding(std::string File, TTomlPosition Position, std::string_view Message);
 
 /// "A", "B", "C"
 [[nodiscard]] std::string QuotedNames(std::span<const std::string_view> Names);

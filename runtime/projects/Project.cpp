@@ -21,15 +21,16 @@ std::string FileOf(const std::string& Path)
 std::string ReadFile(const std::string& File, const std::string& Path)
 {
     if (Files::Find(File).empty())
-        throw EHostFileError(File == Path ? File + ": there is no such project file or folder"
-                                          : File + ": the folder holds no project file");
+        throw EHostFileError(
+            {.File = File,
+             .Message = File == Path ? "there is no such project file or folder" : "the folder holds no project file"});
     try
     {
         return Files::Read(File);
     }
     catch (const EFileError& Error)
     {
-        throw EHostFileError(File + ": " + Error.Reason);
+        throw EHostFileError({.File = File, .Message = Error.Reason});
     }
 }
 } // namespace

@@ -26,7 +26,9 @@ bool IsOneOf(std::string_view Name, std::span<const std::string_view> Names)
 class TReader
 {
 public:
-    TReader(TProject& Project, TFileFindings& Findings) : FProject(Project), FFindings(Findings), FValues(Findings) {}
+    TReader(TProject& Project, std::string FileName, TFileFindings& Findings)
+        : FProject(Project), FFileName(std::move(FileName)), FFindings(Findings), FValues(Findings)
+    {}
 
     void ReadRoot(const TTomlNode& Root);
 
@@ -45,6 +47,7 @@ private:
     void AddUnknownScript(const TTomlEntry& Entry, const TProjectAction& Action);
 
     TProject& FProject;
+    std::string FFileName; ///< as the user named it
     TFileFindings& FFindings;
     TValueReader FValues;
     std::unordered_map<std::string, const TTomlEntry*> FVariables; ///< by name in lower case
@@ -130,6 +133,9 @@ TProjectAction TReader::ReadAction(const TTomlNode& Table)
 {
     TProjectAction Action;
     Action.Index = static_cast<int>(FProject.Actions.size()) + 1;
+    Action.File = FFileName;
+    Action.Line = static_cast<int>(Table.Begin.Line);
+    Action.Column = static_cast<int>(Table.Begin.Column);
     if (const TQXActionRegistration* Registration = FindType(Table))
     {
         Action.Type = Registration->ActionClass.ClassName;
@@ -258,7 +264,7 @@ TProject ReadProject(const TTomlDocument& Document, const std::string& FileName)
     Project.Folder = Paths::WithoutTrailing(Paths::Folder(Project.File));
     Project.Name = DefaultProjectName(Project);
     TFileFindings Findings(FileName);
-    TReader(Project, Findings).ReadRoot(Document.Root());
+    TReader(Project, FileName, Findings).ReadRoot(Document.Root());
     Findings.ThrowIfAny();
     return Project;
 }

@@ -19,7 +19,7 @@ constexpr std::size_t MaximumKeyParts = 64;
 
 [[noreturn]] void Fail(const std::string& FileName, TTomlPosition Position, std::string_view Message)
 {
-    throw EHostFileError(FormatFinding(FileName, Position, Message));
+    throw EHostFileError(MakeFinding(FileName, Position, Message));
 }
 
 /// Where the byte at Offset stands.

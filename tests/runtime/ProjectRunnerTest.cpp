@@ -205,7 +205,7 @@ TEST_F(ProjectRunner, RunsWithoutAStateFolder)
     Add("One");
     Add("Two");
     EXPECT_EQ(Run(), TRunResult::Success);
-    EXPECT_EQ(Host.Log.Messages.size(), 1U);
+    EXPECT_THAT(Host.Log.Events, testing::Contains(testing::StartsWith("host-warning :0: The place of this run")));
 }
 
 TEST_F(ProjectRunner, EndsOnRequest)
@@ -257,9 +257,10 @@ TEST_F(ProjectRunner, EndsWithTheActionThatNeedsAWrongFile)
             },
             TOnFailure::Continue);
         Add("Two");
-        EXPECT_THROW(TProjectRunner(Project, {.KeepGoing = true}, Other.Log).Run(), EHostFileError);
-        EXPECT_THAT(Other.Log.Events, ElementsAre("run-started 2", "action-started 1", "action-ended 1 failure",
-                                                  "action-ended 2 skipped", "run-ended failure"));
+        EXPECT_EQ(TProjectRunner(Project, {.KeepGoing = true}, Other.Log).Run(), TRunResult::HostError);
+        EXPECT_THAT(Other.Log.Events,
+                    ElementsAre("run-started 2", "action-started 1", "action-ended 1 failure", "action-ended 2 skipped",
+                                testing::StartsWith("host-error options.toml:1: "), "run-ended host error"));
     }
 }
 
@@ -273,11 +274,13 @@ TEST_F(ProjectRunner, MasksSecretsAndMendsTexts)
         Action.SendMessage("password=passwords; from-outside line-b line-a\nline-b");
         Action.SendMessage("set \"gi\"ven\" as \"gi\\\"ven\" and say my-phrase");
         Action.SendMessage("caf\xe9 pass");
+        TQXRuntime::RunningAction()->SendOutput(TQXOutputStream::StdOut, "a.cs(1,2): error X1: password");
         return Action.TryExpandExpression("the password", "password%Unknown%", Value, false);
     }).PassPhrase = "my-phrase";
     EXPECT_EQ(Run({.Overrides = {{"given", "gi\"ven"}}}), TRunResult::Failure);
     EXPECT_THAT(Host.Log.Messages, ElementsAre("***=***s; *** *** ***\n***", "set \"***\" as \"***\" and say ***",
                                                "caf\xef\xbf\xbd pass"));
+    EXPECT_THAT(Host.Log.Events, testing::Contains("diagnostic X1 ***"));
     EXPECT_EQ(Host.Log.ExpansionErrors.at(0).Label, "the ***");
     EXPECT_EQ(Host.Log.ExpansionErrors.at(0).Text, "***%Unknown%");
 }

@@ -79,6 +79,15 @@ public:
     }
 
 private:
+    template <TSeverity Severity> std::string Remember(const THostEvent<Severity>& Event)
+    {
+        return std::string(Event.File.value_or("")) + ":" + std::to_string(Event.Line.value_or(0)) + ": " +
+               std::string(Event.Message);
+    }
+    std::string Remember(const TDiagnosticEvent& Event)
+    {
+        return std::string(Event.Code) + " " + std::string(Event.Message);
+    }
     std::string Remember(const TRunStartedEvent& Event) { return std::to_string(Event.Actions); }
     std::string Remember(const TValidationErrorEvent& Event)
     {
@@ -123,7 +132,7 @@ private:
     }
     std::string Remember(const TRunEndedEvent& Event)
     {
-        static constexpr std::string_view Names[] = {"success", "failure", "invalid", "terminated"};
+        static constexpr std::string_view Names[] = {"success", "failure", "invalid", "terminated", "host error"};
         Totals = Event;
         return std::string(Names[static_cast<std::size_t>(Event.Result)]);
     }

@@ -11,7 +11,7 @@ namespace
 {
 /// In the order of TActionResult and TRunResult.
 constexpr std::array<std::string_view, 4> ActionResults = {"success", "failure", "skipped", "terminated"};
-constexpr std::array<std::string_view, 4> RunResults = {"success", "failure", "invalid", "terminated"};
+constexpr std::array<std::string_view, 5> RunResults = {"success", "failure", "invalid", "terminated", "failure"};
 
 /// For each byte what stands behind the backslash in a JSON text, `u` for the long form, NUL for a byte that stands
 /// for itself.
@@ -92,6 +92,11 @@ void TJsonWriter::Add(std::string_view Member, TQXOutputStream Stream)
     Add(Member, Stream == TQXOutputStream::StdOut ? std::string_view("stdout") : std::string_view("stderr"));
 }
 
+void TJsonWriter::Add(std::string_view Member, TSeverity Severity)
+{
+    Add(Member, Severity == TSeverity::Error ? std::string_view("error") : std::string_view("warning"));
+}
+
 void TJsonWriter::Add(std::string_view Member, TActionResult Result)
 {
     Add(Member, ActionResults[static_cast<std::size_t>(Result)]);
@@ -114,7 +119,8 @@ template <typename TEvent> void TJsonWriter::Write(const TEvent& Event)
     FOutput.Append("}");
     FOutput.EndLine();
     // What comes line by line is flushed by the clock.
-    constexpr bool IsLine = std::is_same_v<TEvent, TOutputEvent> || std::is_same_v<TEvent, TMessageEvent>;
+    constexpr bool IsLine = std::is_same_v<TEvent, TOutputEvent> || std::is_same_v<TEvent, TDiagnosticEvent> ||
+                            std::is_same_v<TEvent, TMessageEvent>;
     if constexpr (!IsLine)
         FOutput.Flush();
 }

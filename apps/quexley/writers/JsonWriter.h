@@ -24,6 +24,7 @@ private:
     void Add(std::string_view Member, double Number);
     void Add(std::string_view Member, bool Value);
     void Add(std::string_view Member, TQXOutputStream Stream);
+    void Add(std::string_view Member, TSeverity Severity);
     void Add(std::string_view Member, TActionResult Result);
     void Add(std::string_view Member, TRunResult Result);
     template <typename T> void Add(std::string_view Member, const std::optional<T>& Value)

@@ -65,6 +65,12 @@ template <typename TUse> void ForEachLine(std::string_view Text, TUse Use)
 }
 } // namespace
 
+template <TSeverity Severity> void TTextWriter::Write(const THostEvent<Severity>&)
+{
+    RemoveLiveLine();
+    FOutput.Flush();
+}
+
 void TTextWriter::Handle(const TRunEvent& Event)
 {
     std::visit([this](const auto& Known) { Write(Known); }, Event);
@@ -133,9 +139,8 @@ void TTextWriter::Write(const TProcessStartedEvent& Event)
 void TTextWriter::Write(const TOutputEvent& Event)
 {
     std::string_view Escape;
-    if (FStyle.Colour)
-        if (const std::optional<TToolMessage> Message = ParseToolMessage(Event.Text))
-            Escape = Message->IsError ? Red : Yellow;
+    if (Event.Severity)
+        Escape = *Event.Severity == TSeverity::Error ? Red : Yellow;
     WriteActionLine(Event.Text, Escape);
 }
 

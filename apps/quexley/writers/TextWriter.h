@@ -2,7 +2,6 @@
 
 #include "apps/quexley/writers/Output.h"
 #include "apps/quexley/writers/SpillBuffer.h"
-#include "apps/quexley/writers/ToolMessage.h"
 #include "runtime/RunEvents.h"
 
 #include <chrono>
@@ -46,6 +45,8 @@ private:
         std::string Reason;
     };
 
+    /// Standard error tells of the host's own affairs.
+    template <TSeverity Severity> void Write(const THostEvent<Severity>& Event);
     void Write(const TRunStartedEvent& Event);
     void Write(const TValidationErrorEvent& Event);
     void Write(const TActionStartedEvent& Event);
@@ -54,6 +55,7 @@ private:
     void Write(const TScriptErrorEvent& Event);
     void Write(const TProcessStartedEvent& Event);
     void Write(const TOutputEvent& Event);
+    void Write(const TDiagnosticEvent&) {}
     void Write(const TProcessEndedEvent& Event);
     void Write(const TActionEndedEvent& Event);
     void Write(const TRunEndedEvent& Event);

@@ -1,4 +1,4 @@
-#include "apps/quexley/writers/ToolMessage.h"
+#include "runtime/log/ToolMessage.h"
 
 #include "platform/Text.h"
 
@@ -72,7 +72,7 @@ bool ParsePlace(std::string_view Place, TToolMessage& Message)
 
 std::optional<TToolMessage> ParseToolMessage(std::string_view Line)
 {
-    if (Line.size() > LongestMessage)
+    if (Line.size() > LongestMessage || Line.find(':') == std::string_view::npos)
         return std::nullopt;
     for (std::size_t End = Line.find("): "); End != std::string_view::npos; End = Line.find("): ", End + 1))
         if (std::optional<TToolMessage> Message = ParseSeverity(Line.substr(End + 3));

@@ -70,7 +70,7 @@ TPendingFile TFileRewrite::TImpl::NewFile(const std::string& Path, std::span<con
 {
     auto New = std::make_unique<TReplacement>(Path, TModelFile{Image.Status, Image.AccessList});
     New->Write(Pieces);
-    return {std::move(New), std::nullopt, Number};
+    return {std::move(New), std::nullopt, Number, TDescriptor(-1)};
 }
 
 /// What follows when a file is about to be replaced.
@@ -105,7 +105,7 @@ void TFileRewrite::Backup(const std::string& Path) const
     if (Exists && (S_ISDIR(Old.st_mode) || (!S_ISLNK(Old.st_mode) && HasNoWriteBit(Old))))
         return;
     const std::string_view Bytes = FImpl->Image.Bytes;
-    auto New = FImpl->NewFile(Target, {&Bytes, 1});
+    TPendingFile New = FImpl->NewFile(Target, {&Bytes, 1});
     if (Exists)
         New.Old = Old;
     FImpl->Batch->AddBackup(std::move(New));
@@ -114,10 +114,11 @@ void TFileRewrite::Backup(const std::string& Path) const
 
 void TFileRewrite::Replace(std::span<const std::string_view> Pieces)
 {
-    const TFileImage& Image = FImpl->Image;
+    TFileImage& Image = FImpl->Image;
     FImpl->CheckAccess();
-    auto New = FImpl->NewFile(Image.Path, Pieces);
+    TPendingFile New = FImpl->NewFile(Image.Path, Pieces);
     New.Old = Image.Status;
+    New.OldFile = std::move(Image.File);
     FImpl->Batch->AddSource(std::move(New));
     FImpl->Settle(Image.Status);
 }

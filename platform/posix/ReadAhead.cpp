@@ -1,10 +1,10 @@
 #include "platform/posix/ReadAhead.h"
 
+#include "platform/posix/QuietThread.h"
+
 #include <algorithm>
-#include <csignal>
 #include <exception>
 #include <limits>
-#include <system_error>
 #include <utility>
 
 namespace
@@ -12,29 +12,6 @@ namespace
 constexpr std::size_t MinimumFiles = 16;
 /// A larger file would not be alone in memory while it is worked on.
 constexpr std::size_t MaximumSize = 256U << 10U;
-
-/// A thread that works, or none where the system has no room for one: it is not needed.
-template <typename TWork> std::thread TryStart(TWork Work)
-try
-{
-    return std::thread(std::move(Work));
-}
-catch (const std::system_error&)
-{
-    return {};
-}
-
-/// Starts a thread that no signal is delivered to.
-template <typename TWork> std::thread StartQuietly(TWork Work)
-{
-    sigset_t All;
-    sigset_t Old;
-    ::sigfillset(&All);
-    ::pthread_sigmask(SIG_SETMASK, &All, &Old);
-    std::thread Thread = TryStart(std::move(Work));
-    ::pthread_sigmask(SIG_SETMASK, &Old, nullptr);
-    return Thread;
-}
 } // namespace
 
 TReadAhead::TReadAhead(const std::vector<std::string>& Paths)

@@ -2,6 +2,7 @@
 
 #include "platform/Paths.h"
 #include "platform/posix/FileImage.h"
+#include "platform/posix/QuietThread.h"
 
 #include <algorithm>
 #include <fcntl.h>
@@ -14,13 +15,14 @@ namespace
 {
 using TPendingFiles = std::vector<TPendingFile>;
 
-/// Each file that waits is open. Of those that a process may open most are left to others.
+/// Each file that waits is open, and the one that it replaces. Of those that a process may open most are left to
+/// others.
 std::size_t Capacity()
 {
     constexpr rlim_t Most = 256;
     rlimit Limit = {};
     ::getrlimit(RLIMIT_NOFILE, &Limit);
-    return std::clamp<rlim_t>(Limit.rlim_cur / 4, 1, Most);
+    return std::clamp<rlim_t>(Limit.rlim_cur / 6, 1, Most);
 }
 
 /// Writes what was written to all of their file systems to disk, each with its journal once.
@@ -36,10 +38,11 @@ void FlushSystemsOf(const TPendingFiles& Files)
     }
 }
 
+constexpr std::size_t Few = 8;
+
 /// A file system may have much of others to write: for a few files only they are waited for.
 void Flush(const TPendingFiles& Files)
 {
-    constexpr std::size_t Few = 8;
     if (Files.size() > Few)
         return FlushSystemsOf(Files);
     for (const auto& Item : Files)
@@ -124,11 +127,32 @@ void TRewriteBatch::TImpl::Add(std::vector<TPendingFile>& Target, TPendingFile I
         Finish();
 }
 
+TRewriteBatch::TImpl::~TImpl()
+{
+    WaitForCloser();
+}
+
+void TRewriteBatch::TImpl::WaitForCloser()
+{
+    if (FCloser.joinable())
+        FCloser.join();
+}
+
+/// With its last user a file that was replaced goes, which can take longer than to write the new one: for many files
+/// that is done beside the next ones.
+void TRewriteBatch::TImpl::Close(TPendingFiles Files)
+{
+    if (Files.size() <= Few)
+        return;
+    WaitForCloser();
+    FCloser = StartQuietly([Closed = std::move(Files)]() mutable { Closed.clear(); });
+}
+
 void TRewriteBatch::TImpl::Finish()
 {
     // Gone at the end, also without having taken their places.
     const TPendingFiles Backups = std::exchange(FBackups, {});
-    const TPendingFiles Sources = std::exchange(FSources, {});
+    TPendingFiles Sources = std::exchange(FSources, {});
     Flush(Backups);
     Flush(Sources);
     TPlacing Placing;
@@ -136,5 +160,6 @@ void TRewriteBatch::TImpl::Finish()
     if (!Sources.empty())
         FlushFoldersOf(Backups);
     Placing.Place(Sources, true);
+    Close(std::move(Sources));
     Placing.ThrowFailure();
 }

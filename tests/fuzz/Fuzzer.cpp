@@ -1,5 +1,5 @@
-// What the fuzzer calls. A broken promise ends the program with its text, as an exception that nobody catches.
-#include "tests/fuzz/AssemblyInfoFuzz.h"
+// What a fuzzer calls. A broken promise ends the program with its text, as an exception that nobody catches.
+#include "tests/fuzz/FuzzTarget.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -14,6 +14,6 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size)
 {
-    CheckAssemblyInfo({reinterpret_cast<const char*>(Data), Size});
+    TFuzzTarget::All().front().Check({reinterpret_cast<const char*>(Data), Size});
     return 0;
 }

@@ -36,6 +36,8 @@ namespace Files
 [[nodiscard]] std::string Read(std::string_view Path);
 /// Writes a file in place, making or truncating it: for generated files. Throws EFileError.
 void Write(std::string_view Path, std::string_view Bytes);
+/// The same; one that it makes is for its owner alone.
+void WritePrivate(std::string_view Path, std::string_view Bytes);
 /// Whether a power cut, too, is to leave the old content or the new one whole: it takes as long as the disk does.
 enum class TFlush { Yes, No };
 /// Replaces a file's content whole or not at all: a new file beside it is renamed over the old one,

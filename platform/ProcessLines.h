@@ -3,6 +3,7 @@
 #include "platform/Text.h"
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -13,16 +14,21 @@ class TLineSplitter
 public:
     /// A longer line is delivered in pieces of at most this size.
     static constexpr std::size_t MaximumLength = 1024 * 1024;
+    /// Gives where a text that goes on is best cut: at Length or before it, 0 for nowhere.
+    using TPlaceToCut = std::function<std::size_t(std::string_view Text, std::size_t Length)>;
 
+    explicit TLineSplitter(TPlaceToCut PlaceToCut = {}) : FPlaceToCut(std::move(PlaceToCut)) {}
     template <typename TDeliver> void Add(std::string_view Block, const TDeliver& Deliver);
     /// Delivers a last line that has no end.
     template <typename TDeliver> void Finish(const TDeliver& Deliver);
 
 private:
-    template <typename TDeliver> static void DeliverLine(std::string_view Line, const TDeliver& Deliver);
+    template <typename TDeliver> void DeliverLine(std::string_view Line, const TDeliver& Deliver) const;
     template <typename TDeliver>
-    static std::string_view DeliverPieces(std::string_view Text, std::size_t Limit, const TDeliver& Deliver);
+    std::string_view DeliverPieces(std::string_view Text, std::size_t Limit, const TDeliver& Deliver) const;
+    [[nodiscard]] std::size_t PieceLength(std::string_view Text) const;
 
+    TPlaceToCut FPlaceToCut;
     std::string FRest;
 };
 
@@ -55,7 +61,7 @@ template <typename TDeliver> void TLineSplitter::Finish(const TDeliver& Deliver)
     FRest.clear();
 }
 
-template <typename TDeliver> void TLineSplitter::DeliverLine(std::string_view Line, const TDeliver& Deliver)
+template <typename TDeliver> void TLineSplitter::DeliverLine(std::string_view Line, const TDeliver& Deliver) const
 {
     if (!Line.empty() && Line.back() == '\r')
         Line.remove_suffix(1);
@@ -64,13 +70,20 @@ template <typename TDeliver> void TLineSplitter::DeliverLine(std::string_view Li
 
 /// Delivers pieces while the text is longer than Limit, and gives what remains of it.
 template <typename TDeliver>
-std::string_view TLineSplitter::DeliverPieces(std::string_view Text, std::size_t Limit, const TDeliver& Deliver)
+std::string_view TLineSplitter::DeliverPieces(std::string_view Text, std::size_t Limit, const TDeliver& Deliver) const
 {
     while (Text.size() > Limit)
     {
-        const std::size_t Length = Texts::CutLength(Text, MaximumLength);
+        const std::size_t Length = PieceLength(Text);
         Deliver(Text.substr(0, Length));
         Text.remove_prefix(Length);
     }
     return Text;
+}
+
+inline std::size_t TLineSplitter::PieceLength(std::string_view Text) const
+{
+    const std::size_t Length = Texts::CutLength(Text, MaximumLength);
+    const std::size_t Place = FPlaceToCut ? FPlaceToCut(Text, Length) : Length;
+    return Place == 0 ? Length : Place;
 }

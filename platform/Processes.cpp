@@ -220,6 +220,9 @@ public:
         FStdOut.Deliver = &IProcessListener::OnStdOutLine;
         FStdErr.Block = Loop.Blocks[1].get();
         FStdErr.Deliver = &IProcessListener::OnStdErrLine;
+        for (TOutputPipe* Pipe : {&FStdOut, &FStdErr})
+            Pipe->Lines = TLineSplitter(
+                [&Listener](std::string_view Line, std::size_t Length) { return Listener.PlaceToCut(Line, Length); });
     }
     /// Closes what is open and lets the loop forget it.
     ~TProcessRun()

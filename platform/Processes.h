@@ -29,6 +29,8 @@ public:
     virtual void OnStdOutLine(std::string_view Line) = 0;
     virtual void OnStdErrLine(std::string_view Line) = 0;
     virtual void OnTick() {}
+    /// Where a line that is too long is best cut: at Length or before it, 0 for nowhere.
+    [[nodiscard]] virtual std::size_t PlaceToCut(std::string_view /*Line*/, std::size_t Length) const { return Length; }
 };
 
 /// How a process ended.

@@ -83,7 +83,8 @@ struct TProjectRunner::TImpl
     TImpl(TProject& AProject, TRunOptions AOptions, IRunEvents& Target);
 
     void CollectSecrets();
-    void AddSecret(std::string_view Expression);
+    void AddSecret(const TQXPropertyValue& Value);
+    void AddExpanded(std::string_view Expression);
     [[nodiscard]] std::size_t Begin();
     [[nodiscard]] std::size_t PlaceToResume();
 
@@ -134,18 +135,28 @@ TProjectRunner::TImpl::TImpl(TProject& AProject, TRunOptions AOptions, IRunEvent
 void TProjectRunner::TImpl::CollectSecrets()
 {
     for (const std::string& Name : Project.Secrets)
-        AddSecret("%" + Name + "%");
+        AddExpanded("%" + Name + "%");
     for (const TProjectAction& Action : Project.Actions)
         for (const TQXProperty& Property : Action.Object->Properties())
-            if (Property.IsSecret && Property.Type == TQXPropertyType::String)
-            {
-                const std::string Text = std::get<std::string>(Property.Read());
-                Events.Mask().Add(Text);
-                AddSecret(Text);
-            }
+            if (Property.IsSecret)
+                AddSecret(Property.Read());
 }
 
-void TProjectRunner::TImpl::AddSecret(std::string_view Expression)
+void TProjectRunner::TImpl::AddSecret(const TQXPropertyValue& Value)
+{
+    std::vector<std::string> Values;
+    if (const auto* Text = std::get_if<std::string>(&Value))
+        Values.push_back(*Text);
+    else if (const auto* Lines = std::get_if<std::vector<std::string>>(&Value))
+        Values = *Lines;
+    for (const std::string& Text : Values)
+    {
+        Events.Mask().Add(Text);
+        AddExpanded(Text);
+    }
+}
+
+void TProjectRunner::TImpl::AddExpanded(std::string_view Expression)
 {
     const TExpansion Expansion = Variables.Expand(Expression);
     if (Expansion.Succeeded)
@@ -251,7 +262,7 @@ void TProjectRunner::TImpl::RunAction(TProjectAction& Action)
     Note(Action);
     Events.Handle(TActionStartedEvent{Action.Index, Action.Type, Action.Name});
     const TStopwatch Stopwatch;
-    const TActionRun Run{Action.Index, std::chrono::seconds(Action.TimeoutSeconds), Options.DryRun};
+    const TActionRun Run{Action.Index, std::chrono::seconds(Action.TimeoutSeconds), Options.DryRun, &Events.Mask()};
     TRunContext Context(*Action.Object, Run, Variables, Events);
     const bool Succeeded = Execute(Action) && !Runtime.FileError();
     if (!Succeeded)

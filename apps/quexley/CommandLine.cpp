@@ -45,7 +45,8 @@ std::pair<std::string, std::string> ParseSetting(const std::string& Text)
 {
     const std::size_t Equals = Text.find('=');
     if (Equals == std::string::npos || !IsVariableName(std::string_view(Text).substr(0, Equals)))
-        throw EUsageError("--set wants NAME=VALUE, a name of letters, digits, _ and ., not " + Quoted(Text));
+        throw EUsageError("--set wants NAME=VALUE, a name of letters, digits, _ and .; what was given is not shown, it "
+                          "may be secret");
     return {Text.substr(0, Equals), Text.substr(Equals + 1)};
 }
 

@@ -83,7 +83,7 @@ bool TQXManagedCompilerAction::WriteLines(const std::string& FileName, const TSt
     try
     {
         if (Written)
-            Files::Write(FileName, Lines.Text());
+            Files::WritePrivate(FileName, Lines.Text()); // what it holds may be secret
     }
     catch (const EFileError&)
     {

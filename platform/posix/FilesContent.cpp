@@ -64,6 +64,26 @@ void RemoveHalf(const std::string& Path)
     if (GetStatus(Path, Status) && S_ISREG(Status.st_mode))
         ::unlink(FollowLinks(Path).c_str());
 }
+
+/// Mode is that of a file that was not there.
+void WriteInPlace(std::string_view Path, std::string_view Bytes, mode_t Mode)
+{
+    const std::string Target = SystemPath(Path);
+    TDescriptor File(::open(Target.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, Mode));
+    if (!File.IsOpen())
+        throw SystemError(Target);
+    try
+    {
+        WriteAll(File, Target, Bytes);
+        if (!File.Close())
+            throw SystemError(Target);
+    }
+    catch (const EFileError&)
+    {
+        RemoveHalf(Target);
+        throw;
+    }
+}
 } // namespace
 
 std::string ReadAll(const TDescriptor& File, const std::string& Path, const struct stat& Status)
@@ -107,21 +127,12 @@ std::string Files::Read(std::string_view Path)
 
 void Files::Write(std::string_view Path, std::string_view Bytes)
 {
-    const std::string Target = SystemPath(Path);
-    TDescriptor File(::open(Target.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-    if (!File.IsOpen())
-        throw SystemError(Target);
-    try
-    {
-        WriteAll(File, Target, Bytes);
-        if (!File.Close())
-            throw SystemError(Target);
-    }
-    catch (const EFileError&)
-    {
-        RemoveHalf(Target);
-        throw;
-    }
+    WriteInPlace(Path, Bytes, 0666);
+}
+
+void Files::WritePrivate(std::string_view Path, std::string_view Bytes)
+{
+    WriteInPlace(Path, Bytes, 0600);
 }
 
 void Files::ReplaceContent(std::string_view Path, std::string_view Bytes, TFlush Flush)

@@ -36,6 +36,10 @@ public:
         if (TRunContext* Context = TQXRuntime::RunningAction())
             Context->Tick();
     }
+    [[nodiscard]] std::size_t PlaceToCut(std::string_view Line, std::size_t Length) const override
+    {
+        return TRunContext::PlaceToCut(Line, Length);
+    }
 
 private:
     IQXProcess& FProcess;

@@ -1,6 +1,7 @@
 #include "runtime/actions/RunContext.h"
 
 #include "platform/Processes.h"
+#include "platform/Text.h"
 #include "runtime/Runtime.h"
 #include "runtime/scripting/ScriptEngine.h"
 #include "runtime/services/ScriptingServices.h"
@@ -15,6 +16,17 @@ TRunContext::TRunContext(TCustomQXAction& Action, TActionRun Run, const TVariabl
 TRunContext::~TRunContext()
 {
     FRuntime.SetRunningAction(FOuter);
+}
+
+std::size_t TRunContext::PlaceToCut(std::string_view Text, std::size_t Length)
+{
+    const TRunContext* Context = TQXRuntime::RunningAction();
+    return Context && Context->FRun.Secrets ? Context->FRun.Secrets->PlaceToCut(Text, Length) : Length;
+}
+
+std::string_view TRunContext::Shorten(std::string_view Text, std::size_t Length)
+{
+    return Text.size() > Length ? Text.substr(0, PlaceToCut(Text, Texts::CutLength(Text, Length))) : Text;
 }
 
 void TRunContext::SendMessage(std::string_view Text)

@@ -3,6 +3,7 @@
 #include "host/QXAction.h"
 #include "runtime/RunEvents.h"
 #include "runtime/Variables.h"
+#include "runtime/log/SecretMask.h"
 
 #include <chrono>
 
@@ -14,6 +15,7 @@ struct TActionRun
     int Index = 0;                     ///< position in the project file, from 1
     std::chrono::seconds TimeLimit{0}; ///< of each of its processes; 0: none
     bool DryRun = false;
+    const TSecretMask* Secrets = nullptr; ///< null: there are none
 };
 
 /// The host's side of one action while it runs: turns what the action does into events. It is the running action of
@@ -25,6 +27,11 @@ public:
     ~TRunContext() override;
     TRunContext(const TRunContext&) = delete;
     TRunContext& operator=(const TRunContext&) = delete;
+
+    /// Where a text of the running action may be cut so that no secret is cut in two: Length, or a place before it.
+    [[nodiscard]] static std::size_t PlaceToCut(std::string_view Text, std::size_t Length);
+    /// The beginning of a text, cut there if it is longer than Length; by default as much of a name as messages show.
+    [[nodiscard]] static std::string_view Shorten(std::string_view Text, std::size_t Length = 100);
 
     void SendMessage(std::string_view Text) override;
     void SendOutput(TQXOutputStream Stream, std::string_view Line) override;

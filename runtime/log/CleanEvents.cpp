@@ -17,12 +17,11 @@ public:
     void operator()(std::string_view& Text)
     {
         std::string& Buffer = FBuffers[FUsed++];
-        if (!FMask.IsEmpty())
-            Text = FMask.Apply(Text, Buffer);
+        Text = FMask.Apply(Text, Buffer);
         if (Texts::IsAscii(Text) || Texts::IsValidUtf8(Text))
             return;
         Buffer = Texts::MakeValidUtf8(Text);
-        Text = Buffer;
+        Text = FMask.Apply(Buffer, Buffer);
     }
     void operator()(std::optional<std::string_view>& Text)
     {

@@ -3,6 +3,7 @@
 #include "platform/Text.h"
 #include "runtime/HostErrors.h"
 #include "runtime/NearestName.h"
+#include "runtime/actions/RunContext.h"
 #include "runtime/projects/FileFindings.h"
 
 #include <algorithm>
@@ -132,13 +133,13 @@ bool TValueCheck::CheckElement(const std::string& Text, std::span<const std::str
     std::string Hint = DidYouMean(Text, Names);
     if (Hint.empty())
         Hint = fmt::format("; its values are {}", QuotedNames(Names));
-    FErrors.push_back({fmt::format("\"{}\" has no value \"{:.100}\"{}", FName, Text, Hint), Item});
+    FErrors.push_back({fmt::format("\"{}\" has no value \"{}\"{}", FName, TRunContext::Shorten(Text), Hint), Item});
     return false;
 }
 
 void TValueCheck::AddWrongKind(const TGivenValue& Given, std::string_view Expected, std::optional<std::size_t> Item)
 {
-    FErrors.push_back({fmt::format("\"{}\" expects {}, not {:.100}", FName, Expected, Given.Kind), Item});
+    FErrors.push_back({fmt::format("\"{}\" expects {}, not {}", FName, Expected, TRunContext::Shorten(Given.Kind)), Item});
 }
 
 TGivenValue GivenText(TQXPropertyType Type, const std::string& Text)

@@ -1,6 +1,7 @@
 #include "runtime/scripting/DuktapeEngine.h"
 
 #include "runtime/Runtime.h"
+#include "runtime/actions/RunContext.h"
 #include "runtime/scripting/ScriptHeap.h"
 #include "runtime/scripting/ScriptLimits.h"
 #include "runtime/scripting/ScriptValues.h"
@@ -227,7 +228,7 @@ void TScriptRun::DescribeError()
     FFailure.Reason = WithoutPlace(ScriptValues::TextOf(FContext, 0));
     ExplainLimits();
     if (FFailure.Reason.size() > LongestReason)
-        FFailure.Reason.replace(LongestReason, std::string::npos, "...");
+        FFailure.Reason = std::string(TRunContext::Shorten(FFailure.Reason, LongestReason)) + "...";
 }
 
 /// The engine has few words, and no line, for an error that it meets where memory or the stack is used up.

@@ -23,6 +23,8 @@ void WriteProject(TPackageHost& Host, TQXCSProjCompilerAction& Action, const std
 }
 } // namespace
 
+#include <filesystem>
+
 TEST(Compiler, TheResponseFileStaysUnlessTheActionSaysOtherwise)
 {
     for (const bool Keep : {true, false})
@@ -36,6 +38,8 @@ TEST(Compiler, TheResponseFileStaysUnlessTheActionSaysOtherwise)
             EXPECT_EQ(Host.CommandLine(Action), "@\"" + Host.Folder.Path() + "/qxresp.rsp\"");
             EXPECT_EQ(Host.Folder.Read("qxresp.rsp"),
                       "/checked-\r\n/warn:4\r\n/target:library\r\n/debug:full\r\n\"a.cs\"\r\n");
+            EXPECT_EQ(std::filesystem::status(Host.Folder / "qxresp.rsp").permissions(),
+                      std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 
             const auto Connection = Host.Connect(Action);
             EXPECT_EQ(Action.GetStartingDir("/tools/csc.exe"), Host.Folder.Path() + "/");

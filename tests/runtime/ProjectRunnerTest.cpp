@@ -267,19 +267,30 @@ TEST_F(ProjectRunner, EndsWithTheActionThatNeedsAWrongFile)
 TEST_F(ProjectRunner, MasksSecretsAndMendsTexts)
 {
     ::setenv("QuexleyTestToken", "from-outside", 1);
-    Project.Secrets = {"SIGN", "Lines", "Given", "quexleytesttoken", "Nothing", "Unset"};
-    Project.Variables = {{"Base", "pass"}, {"Sign", "%Base%word"}, {"Lines", "line-a\r\nline-b"}, {"Nothing", ""}};
+    Project.Secrets = {"SIGN", "Lines", "Given", "quexleytesttoken", "Nothing", "Unset", "Mended"};
+    Project.Variables = {{"Base", "pass"},
+                         {"Sign", "%Base%word"},
+                         {"Lines", "line-a\r\nline-b"},
+                         {"Nothing", ""},
+                         {"Mended", "k\xEF\xBF\xBDy"}};
     Add("password", [](TTestAction& Action) {
         std::string Value;
         Action.SendMessage("password=passwords; from-outside line-b line-a\nline-b");
         Action.SendMessage("set \"gi\"ven\" as \"gi\\\"ven\" and say my-phrase");
-        Action.SendMessage("caf\xe9 pass");
+        Action.SendMessage("caf\xe9 pass k\xffy");
+        const auto Process = CreateQXProcess();
+        Process->SetExecutable("/bin/sh");
+        Process->SetArguments("-c \"printf %1048570s; echo my-phrase\"");
+        TStringList Lines;
+        (void)Process->RunCaptured(Lines);
+        for (const std::string& Line : Lines.Items())
+            Action.SendMessage(Line == std::string(1048570, ' ') ? "1048570 blanks" : Line);
         TQXRuntime::RunningAction()->SendOutput(TQXOutputStream::StdOut, "a.cs(1,2): error X1: password");
         return Action.TryExpandExpression("the password", "password%Unknown%", Value, false);
     }).PassPhrase = "my-phrase";
     EXPECT_EQ(Run({.Overrides = {{"given", "gi\"ven"}}}), TRunResult::Failure);
     EXPECT_THAT(Host.Log.Messages, ElementsAre("***=***s; *** *** ***\n***", "set \"***\" as \"***\" and say ***",
-                                               "caf\xef\xbf\xbd pass"));
+                                               "caf\xef\xbf\xbd pass ***", "1048570 blanks", "***"));
     EXPECT_THAT(Host.Log.Events, testing::Contains("diagnostic X1 ***"));
     EXPECT_EQ(Host.Log.ExpansionErrors.at(0).Label, "the ***");
     EXPECT_EQ(Host.Log.ExpansionErrors.at(0).Text, "***%Unknown%");

@@ -201,4 +201,11 @@ TEST_F(ScriptEngine, KeepsToItsMemoryAndStack)
         EXPECT_THAT(Run(Row[0]), AnyOf(HasSubstr("limit"), HasSubstr("the script nests too deep")));
         return TColumns();
     });
+    TSecretMask Mask;
+    Mask.Add("my phrase");
+    Host.Settings.Secrets = &Mask;
+    EXPECT_EQ(Run("throw 'x'.repeat(4090) + 'my phrase'"), "1: " + std::string(4090, 'x') + "...");
+    for (const std::string Text :
+         {"Action[Array(97).join('x') + 'my phrase'] = 1", "Action.Colour = Array(97).join('x') + 'my phrase'"})
+        EXPECT_THAT(Run(Text), HasSubstr("\"" + std::string(96, 'x') + "\"")) << Text;
 }

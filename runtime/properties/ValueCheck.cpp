@@ -139,7 +139,8 @@ bool TValueCheck::CheckElement(const std::string& Text, std::span<const std::str
 
 void TValueCheck::AddWrongKind(const TGivenValue& Given, std::string_view Expected, std::optional<std::size_t> Item)
 {
-    FErrors.push_back({fmt::format("\"{}\" expects {}, not {}", FName, Expected, TRunContext::Shorten(Given.Kind)), Item});
+    FErrors.push_back(
+        {fmt::format("\"{}\" expects {}, not {}", FName, Expected, TRunContext::Shorten(Given.Kind)), Item});
 }
 
 TGivenValue GivenText(TQXPropertyType Type, const std::string& Text)

@@ -141,8 +141,8 @@ std::string ObjectName(duk_context* Context, duk_idx_t Target)
     for (const TQXProperty& Property : Object.Properties())
         Names.push_back(Property.Name);
     Raise(Context, DUK_ERR_TYPE_ERROR,
-          fmt::format("{} has no property \"{}\"{}", ObjectName(Context, 0),
-                      TRunContext::Shorten(Name), DidYouMean(Name, Names)));
+          fmt::format("{} has no property \"{}\"{}", ObjectName(Context, 0), TRunContext::Shorten(Name),
+                      DidYouMean(Name, Names)));
 }
 
 /// The proxy's way to read: target, key, receiver.

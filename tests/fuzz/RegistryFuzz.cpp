@@ -18,7 +18,7 @@ public:
     }
     static std::string Quoted(const std::string& Text)
     {
-        return '"' + Text::Replace(Text::Replace(Text, "\\", "\\\\"), "\"", "\\\"") + '"';
+        return '"' + Texts::Replace(Texts::Replace(Text, "\\", "\\\\"), "\"", "\\\"") + '"';
     }
     std::string Text = "REGEDIT4\n";
 };
@@ -29,7 +29,7 @@ void Check(std::string_view Input)
     bool IsRead = true;
     try
     {
-        ReadRegistryExport(Text::Decode(Input), First);
+        ReadRegistryExport(Texts::Decode(Input), First);
     }
     catch (const ERegistryError& Error)
     {

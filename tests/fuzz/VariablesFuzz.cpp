@@ -23,13 +23,13 @@ void Check(std::string_view Input)
     }
     TVariables Variables;
     Variables.SetProjectVariables(Pairs);
-    Require(Variables.Expand(Text::Replace(Input, "%", "%%")).Text == Input, "doubled percent signs are plain ones");
+    Require(Variables.Expand(Texts::Replace(Input, "%", "%%")).Text == Input, "doubled percent signs are plain ones");
 
     const TExpansion Direct = Variables.Expand(Expression);
     Require(Direct.Succeeded == Direct.Reason.empty(), "a failure has a reason");
     Variables.SetOverrides({{"Fuzz.Expression", std::string(Expression)}});
     const TExpansion Through = Variables.Expand("%FUZZ.expression%");
-    const bool IsUsed = Text::Lower(Input).find("fuzz.expression") != std::string::npos;
+    const bool IsUsed = Texts::Lower(Input).find("fuzz.expression") != std::string::npos;
     const bool IsLong = Direct.Reason.find("16 MiB") != std::string::npos || Direct.Text.size() > 1'000'000;
     Require(IsUsed || IsLong || (Through.Succeeded == Direct.Succeeded && Through.Text == Direct.Text),
             "an expression gives the same by way of a variable");

@@ -28,7 +28,7 @@ void Check(std::string_view Input)
     TXmlDocument Document;
     Require(Document.LoadFromBytes(Input) || !Document.ParseError().Reason.empty(), "an error has a reason");
     static_cast<void>(SetXmlAttributes(Input, 0, Wanted));
-    if (!Text::IsValidUtf8(Input) || !Document.LoadFromText(Input))
+    if (!Texts::IsValidUtf8(Input) || !Document.LoadFromText(Input))
         return;
     for (const std::string_view Choice : {"/*", "//*[last()]", "//*[@Name]", "//*[not(*)]"})
     {

@@ -133,6 +133,11 @@ bool Paths::IsAbsolute(std::string_view Path, TPathStyle Style)
     return RootLength(Path, Style) != 0;
 }
 
+bool Paths::IsForeign(std::string_view Path, TPathStyle Style)
+{
+    return Style != TPathStyle::Windows && HasDrive(Path);
+}
+
 std::string Paths::Normalise(std::string_view Path, TPathStyle Style)
 {
     return Path.empty() ? std::string() : PutTogether(TakeApart(Path, Style), Style);

@@ -27,6 +27,8 @@ namespace Paths
 /// Whether the path stands for itself, whatever the current folder. A path with a drive counts as absolute
 /// in both styles: joined to a folder it could mean nothing.
 [[nodiscard]] bool IsAbsolute(std::string_view Path, TPathStyle Style = NativePathStyle);
+/// Whether the path names a drive in the style that has none: no file or folder can be made there.
+[[nodiscard]] bool IsForeign(std::string_view Path, TPathStyle Style = NativePathStyle);
 /// With native delimiters, each once, and "." and ".." parts resolved; a trailing delimiter stays. ".."
 /// parts that lead out of a relative path stay, those above a root vanish. An empty path stays empty.
 [[nodiscard]] std::string Normalise(std::string_view Path, TPathStyle Style = NativePathStyle);

@@ -278,6 +278,26 @@ std::string Texts::FromUtf16(std::string_view Bytes, bool BigEndian)
     return Result;
 }
 
+std::string Texts::ToUtf16(std::string_view Text, bool BigEndian)
+{
+    const std::string Valid = MakeValidUtf8(Text);
+    std::string Result;
+    Result.reserve(2 * Valid.size());
+    const auto Add = [&](char32_t Unit) {
+        const char High = static_cast<char>(Unit >> 8);
+        const char Low = static_cast<char>(Unit & 0xFF);
+        Result.append({BigEndian ? High : Low, BigEndian ? Low : High});
+    };
+    for (std::string_view Rest = Valid; !Rest.empty(); Rest.remove_prefix(CharacterLength(Rest)))
+    {
+        const char32_t Code = CodePoint(Rest.substr(0, CharacterLength(Rest)));
+        if (Code >= 0x10000)
+            Add(0xD800 | ((Code - 0x10000) >> 10));
+        Add(Code >= 0x10000 ? 0xDC00 | (Code & 0x3FF) : Code);
+    }
+    return Result;
+}
+
 std::string Texts::FromWindows1252(std::string_view Bytes)
 {
     std::string Result;

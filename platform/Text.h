@@ -58,6 +58,8 @@ void AppendCodePoint(std::string& Text, char32_t Code);
 [[nodiscard]] std::string Decode(std::string_view Bytes);
 /// UTF-16 as UTF-8; a lone surrogate or half a unit becomes U+FFFD. An encoding mark is text here.
 [[nodiscard]] std::string FromUtf16(std::string_view Bytes, bool BigEndian);
+/// UTF-8 as UTF-16, without an encoding mark.
+[[nodiscard]] std::string ToUtf16(std::string_view Text, bool BigEndian);
 [[nodiscard]] std::string FromWindows1252(std::string_view Bytes);
 /// The text in Windows-1252; none if it is not valid UTF-8 or holds a character that is not there.
 [[nodiscard]] std::optional<std::string> ToWindows1252(std::string_view Text);

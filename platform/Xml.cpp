@@ -2,6 +2,7 @@
 
 #include "platform/Files.h"
 #include "platform/Text.h"
+#include "platform/XmlText.h"
 
 #include <algorithm>
 #include <climits>
@@ -341,6 +342,15 @@ bool TXmlDocument::LoadFromText(std::string_view Text)
 bool TXmlDocument::LoadFromBytes(std::string_view Bytes)
 {
     return Load(Bytes, nullptr);
+}
+
+bool TXmlDocument::LoadFromProject(std::string_view Bytes)
+{
+    if (const std::optional<std::string> Text = DecodeXml(Bytes))
+        return LoadFromText(RepairAmpersands(*Text));
+    // The library knows the encoding. In one that switches by escapes an ampersand may be half a letter.
+    const bool Switches = Bytes.find('\x1B') != std::string_view::npos;
+    return LoadFromBytes(Switches ? std::string(Bytes) : RepairAmpersands(Bytes));
 }
 
 bool TXmlDocument::LoadFromFile(const std::string& FileName)

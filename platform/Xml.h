@@ -53,6 +53,10 @@ public:
     [[nodiscard]] bool LoadFromText(std::string_view Text);
     /// Parses bytes in the encoding that they declare. False: see ParseError.
     [[nodiscard]] bool LoadFromBytes(std::string_view Bytes);
+    /// Parses the bytes of a project file, which is not always XML to the letter: an encoding mark decides before the
+    /// declaration, what has neither is UTF-8 or in the 8-bit code page, and bare ampersands stand for themselves.
+    /// False: see ParseError.
+    [[nodiscard]] bool LoadFromProject(std::string_view Bytes);
     /// Parses a file in the encoding that it declares. False, also for one that cannot be read: see ParseError.
     [[nodiscard]] bool LoadFromFile(const std::string& FileName);
     [[nodiscard]] const TXmlParseError& ParseError() const { return FError; }

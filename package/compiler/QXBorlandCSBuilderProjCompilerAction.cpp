@@ -34,6 +34,7 @@ void TQXBorlandCSBuilderProjCompilerAction::LoadConfigCompilerOptionsFromProjFil
     WarningLevel = FindWarningLevel(GetOptionValueString("Warning", OptionsSet));
     Incremental = GetOptionValueBoolean("Incremental", OptionsSet);
     DocFile = GetOptionValueString("DocumentationFile", OptionsSet);
+    Project.Documentation = DocFile;
     RootNameSpace = GetOptionValueString("DefaultNamespace", OptionsSet);
     Debug = GetAttributeValueBoolean("DebugInformation", OptionsSet) ? TDotNetDebugOptions::DebugFull
                                                                      : TDotNetDebugOptions::DebugOff;

@@ -4,6 +4,7 @@
 #include "package/compiler/QXDotNetUtils.h"
 #include "package/compiler/QXProjectXml.h"
 #include "package/compiler/QXResourceProcessor.h"
+#include "package/plugin/QXActionHelpers.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
@@ -50,7 +51,9 @@ bool TQXBorlandProjectLoader::LoadDocument(const TXmlElement& Root)
     FLoad.ObjectFolder = Paths::WithTrailing(Files::Spelling(Folder));
     if (!Made)
         return Fail("Unable to create output directory : " + FLoad.ObjectFolder);
-    const TQXResourceProcessor Resources(FAction, FLoad);
+    TQXResourceProcessor Resources(FAction, FLoad);
+    Resources.ListFormResources(
+        Root.SelectNodes("CSharp.Personality/FileList/File[@ContainerId='ResXCompiler' and @Parent]"), "Parent");
     const bool Loaded = std::all_of(Elements.begin(), Elements.end(),
                                     [&](const TXmlElement& File) { return LoadFile(File, Resources); });
     ShowFiles();
@@ -67,11 +70,11 @@ bool TQXBorlandProjectLoader::SelectOptionsSet(const TXmlElement& Options)
         return Fail("OptionSet : " + FLoad.ConfigName + " - not found in project file");
     FMapping.LoadConfigCompilerOptionsFromProjFile(*Set);
     // Always below the project's folder, an absolute path included.
-    const std::string Folder = FLoad.Folder + GetOptionValueString("OutputDirectory", *Set);
-    static_cast<void>(Files::ForceFolders(Folder));
-    FLoad.OutputFolder = Paths::WithTrailing(Files::Spelling(Folder));
-    CompleteOutputFile();
-    return true;
+    const std::string Directory = GetOptionValueString("OutputDirectory", *Set);
+    if (!CheckTarget(FAction, "OutputDirectory", Directory))
+        return false;
+    FLoad.OutputFolder = MakeFolder(FLoad.Folder + Directory, FLoad.Folder);
+    return CompleteOutputFile("TargetName") && PrepareDocumentation();
 }
 
 bool TQXBorlandProjectLoader::LoadFile(const TXmlElement& File, const TQXResourceProcessor& Resources)

@@ -65,6 +65,7 @@ void TQXCSProjCompilerAction::LoadConfigCompilerOptionsFromProjFile(const TXmlEl
     CompileUnsafe = GetAttributeValueBoolean("AllowUnsafeBlocks", Config);
     Checked = GetAttributeValueBoolean("CheckForOverflowUnderflow", Config);
     DocFile = GetAttributeValueString("DocumentationFile", Config);
+    Project.Documentation = DocFile;
     FileAlign =
         FindNamedValue(FileAlignments, GetAttributeValueString("FileAlignment", Config), TCSharpFileAlign::faDefault);
     Incremental = GetAttributeValueBoolean("IncrementalBuild", Config);

@@ -24,7 +24,7 @@ bool TQXCustomCSharpCompilerAction::Validate(IQXActionValidationError& Errors)
 bool TQXCustomCSharpCompilerAction::GenerateResponseFile(TQXResponseFile& File)
 {
     File.AddFlag(FileAlign != TCSharpFileAlign::faDefault, ElementText(FileAlignSwitches, FileAlign));
-    if (!Incremental && !File.AddOption("/doc", "Doc to XML File", DocFile))
+    if (!Incremental && !AddDocumentation(File))
         return false;
     File.Add(Checked ? "/checked+" : "/checked-");
     File.AddFlag(FullPaths, "/fullpaths");
@@ -33,6 +33,14 @@ bool TQXCustomCSharpCompilerAction::GenerateResponseFile(TQXResponseFile& File)
     AddWarningLevel(WarningLevel, File);
     return AddLibraryPath(File) && AddIcons(File) && AddWin32Resources(File, "/win32res") &&
            TQXManagedCompilerAction::GenerateResponseFile(File);
+}
+
+bool TQXCustomCSharpCompilerAction::AddDocumentation(TQXResponseFile& File) const
+{
+    if (!Project.IsLoaded)
+        return File.AddTarget("/doc", "Doc to XML File", DocFile);
+    File.AddExact("/doc", Project.Documentation);
+    return true;
 }
 
 bool TQXCustomCSharpCompilerAction::AddLibraryPath(TQXResponseFile& File) const

@@ -36,6 +36,7 @@ public:
     [[nodiscard]] bool GenerateResponseFile(TQXResponseFile& File) override;
 
 private:
+    [[nodiscard]] bool AddDocumentation(TQXResponseFile& File) const;
     [[nodiscard]] bool AddLibraryPath(TQXResponseFile& File) const;
 };
 

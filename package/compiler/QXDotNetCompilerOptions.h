@@ -38,6 +38,7 @@ struct TQXProjectFiles
     std::vector<std::string> LicenseResources;
     std::vector<std::string> Win32Resources;
     std::vector<std::string> Icons;
+    std::string Documentation; ///< XML file, relative to the project's folder; empty: none
 };
 
 /// The compiler settings that the languages share and that loading a project starts afresh: a new object holds

@@ -4,6 +4,7 @@
 #include "host/QXUtilities.h"
 #include "package/compiler/QXResponseFile.h"
 #include "package/plugin/QXActionHelpers.h"
+#include "platform/CommandLines.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
@@ -69,7 +70,8 @@ bool TQXManagedCompilerAction::ExpandProjectDir(std::string& Folder) const
 {
     if (Project.IsLoaded)
         Folder = ProjectDir;
-    else if (!TryExpandExpression("Project Directory", ProjectDir, Folder, true))
+    else if (!TryExpandExpression("Project Directory", ProjectDir, Folder, true) ||
+             !CheckTarget(*this, "Project Directory", Folder))
         return false;
     // The tool runs there and would look for a relative response file below it.
     Folder = Paths::WithTrailing(ExpandRelativePath(Folder, Files::CurrentFolder()));
@@ -106,7 +108,7 @@ bool TQXManagedCompilerAction::GetCommandLine(ICommandLineBuilder& Builder)
     ResponseFileName = Folder + "qxresp.rsp";
     if (!WriteLines(ResponseFileName, File.Lines(), "Could not create the response file: "))
         return false;
-    Builder.AddArgument("@\"" + ResponseFileName + '"');
+    Builder.AddArgument('@' + CommandLines::Quote(ResponseFileName, true));
     SendMessage("Command Line : " + Builder.GetCommandLineText());
     return true;
 }
@@ -136,10 +138,13 @@ bool TQXManagedCompilerAction::GenerateResponseFile(TQXResponseFile& File)
 bool TQXManagedCompilerAction::AddResources(TQXResponseFile& File) const
 {
     using enum TQXResourceNaming;
+    std::string Root = RootNameSpace;
+    if (!Project.IsLoaded && !TryExpandExpression("Root NameSpace", RootNameSpace, Root, false))
+        return false;
     return File.AddLinkResources({"Link Resource", LinkResources}) &&
-           File.AddResources(FileSetting("Resource", Resources, Project.Resources), UnlessCompiled, RootNameSpace) &&
-           File.AddResources({"Resource", {}, &Project.CompiledResources}, Always, RootNameSpace) &&
-           File.AddResources({"Licenses", {}, &Project.LicenseResources}, None, RootNameSpace);
+           File.AddResources(FileSetting("Resource", Resources, Project.Resources), UnlessCompiled, Root) &&
+           File.AddResources({"Resource", {}, &Project.CompiledResources}, Always, Root) &&
+           File.AddResources({"Licenses", {}, &Project.LicenseResources}, None, Root);
 }
 
 bool TQXManagedCompilerAction::AddOutputSwitches(TQXResponseFile& File) const
@@ -150,7 +155,7 @@ bool TQXManagedCompilerAction::AddOutputSwitches(TQXResponseFile& File) const
         return false;
     if (Project.IsLoaded)
         File.AddExact("/out", OutputFile);
-    else if (!File.AddOption("/out", "Output File", OutputFile))
+    else if (!File.AddTarget("/out", "Output File", OutputFile))
         return false;
     if (!(RecurseDir.empty() ? File.AddOption("/recurse", "Recurse Directory", RecurseFiles)
                              : File.AddOption("/recurse", "Recurse Directory", RecurseDir, RecurseFiles, "")))

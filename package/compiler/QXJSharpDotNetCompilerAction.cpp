@@ -27,7 +27,7 @@ bool TQXCustomJSharpCompilerAction::AddPackages(TQXResponseFile& File) const
     const std::string FileName = File.BaseDir() + "jcpa.rsp";
     if (!WriteLines(FileName, JCPA, "Could not create the jcpa file: "))
         return false;
-    File.AddExact("/jcpa", "@\"" + FileName + '"');
+    File.Add("/jcpa:@\"" + FileName + '"');
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "host/QXDotNetInfo.h"
 #include "host/QXUtilities.h"
+#include "package/plugin/QXActionHelpers.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
@@ -47,11 +48,34 @@ const TXmlElement* TQXProjectLoader::FindConfiguration(const std::vector<TXmlEle
     return Found == Configurations.end() ? nullptr : &*Found;
 }
 
-void TQXProjectLoader::CompleteOutputFile()
+std::string TQXProjectLoader::MakeFolder(std::string_view Path, std::string_view Base)
 {
+    static_cast<void>(Files::ForceFolders(ExpandRelativePath(Path, Base)));
+    return Paths::WithTrailing(ExpandRelativePath(Path, Base));
+}
+
+bool TQXProjectLoader::CompleteOutputFile(std::string_view Property)
+{
+    if (!CheckTarget(FAction, Property, FAction.OutputFile))
+        return false;
     std::string Name = FAction.OutputFile.empty() ? Paths::BareName(FLoad.FileName) : FAction.OutputFile;
     const bool IsLibrary = FAction.Target == TDotNetTarget::Lib || FAction.Target == TDotNetTarget::Module;
-    FAction.OutputFile = FLoad.OutputFolder + Name + (IsLibrary ? ".dll" : ".exe");
+    const std::string Path = Paths::Normalise(FLoad.OutputFolder + Name + (IsLibrary ? ".dll" : ".exe"));
+    FAction.OutputFile = MakeFolder(Paths::Folder(Path), FLoad.Folder) + Paths::FileName(Path);
+    return true;
+}
+
+bool TQXProjectLoader::PrepareDocumentation()
+{
+    std::string& File = FAction.Project.Documentation;
+    if (File.empty())
+        return true;
+    if (!CheckTarget(FAction, "DocumentationFile", File))
+        return false;
+    const std::string Folder = MakeFolder(Paths::Folder(ExpandRelativePath(File, FLoad.Folder)), FLoad.Folder);
+    const std::string Path = Folder + Paths::FileName(File);
+    File = Paths::IsAbsolute(File) ? Path : Paths::RelativeTo(Path, FLoad.Folder);
+    return true;
 }
 
 bool TQXProjectLoader::CheckResourceCompiler() const
@@ -74,9 +98,4 @@ void TQXProjectLoader::ShowFiles()
     FAction.References = TStringList(Project.References).DelimitedText(',');
     FAction.Resources = TStringList(Project.Resources).DelimitedText(',');
     FAction.Win32Resources = TStringList(Project.Win32Resources).DelimitedText(',');
-}
-
-std::string RepairAmpersands(std::string_view Text)
-{
-    return Texts::Replace(Texts::Replace(Texts::Replace(Text, "&amp;", "##amp##"), "&", "&amp;"), "##amp##", "&amp;");
 }

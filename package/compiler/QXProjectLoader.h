@@ -36,14 +36,19 @@ protected:
     /// Begins with nothing of the load before.
     void Reset();
     void Log(std::string_view Message) const { FAction.SendMessage(Message); }
+    /// Makes a folder, or finds it in its spelling on disk. Whether it could be made shows when a tool needs it.
+    [[nodiscard]] static std::string MakeFolder(std::string_view Path, std::string_view Base);
     /// Logs the message; false, for steps to end with.
     [[nodiscard]] bool Fail(const std::string& Message) const;
     [[nodiscard]] bool FailParsing(const TXmlParseError& Error) const;
     [[nodiscard]] bool ExpandConfigName();
     /// The first with the name of the wanted configuration, or null.
     [[nodiscard]] const TXmlElement* FindConfiguration(const std::vector<TXmlElement>& Configurations) const;
-    /// Gives the output file its folder, the extension of its target and, if need be, the project's name.
-    void CompleteOutputFile();
+    /// Gives the output file its folder, which is made, the extension of its target and, if need be, the project's
+    /// name. Property: where the project names the file. False: the log tells why.
+    [[nodiscard]] bool CompleteOutputFile(std::string_view Property);
+    /// Makes the folder of the documentation, which the compiler does not.
+    [[nodiscard]] bool PrepareDocumentation();
     /// Whether the SDK and its resource compiler are there, which even a project without resources needs.
     [[nodiscard]] bool CheckResourceCompiler() const;
     void AddSource(const std::string& Path);
@@ -87,6 +92,3 @@ private:
     [[nodiscard]] bool SelectOptionsSet(const TXmlElement& Options);
     [[nodiscard]] bool LoadFile(const TXmlElement& File, const TQXResourceProcessor& Resources);
 };
-
-/// The text of a project file as a strict parser takes it: bare ampersands become escapes.
-[[nodiscard]] std::string RepairAmpersands(std::string_view Text);

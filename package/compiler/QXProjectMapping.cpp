@@ -29,7 +29,8 @@ bool TQXProjectMapping::GetProjectCommandLine(ICommandLineBuilder& Builder,
                                               std::initializer_list<std::string_view> CompactSwitches)
 {
     std::string FileName;
-    if (!FAction.TryExpandExpression("ProjectFile", FAction.ProjectFile, FileName, true))
+    if (!FAction.TryExpandExpression("ProjectFile", FAction.ProjectFile, FileName, true) ||
+        !CheckTarget(FAction, "ProjectFile", FileName))
         return false;
     FileName = ExpandRelativePath(FileName, Files::CurrentFolder());
     const bool Loaded = LoadProjectFile(FileName);
@@ -53,8 +54,7 @@ bool TQXProjectMapping::LoadConfigListFromProject(const std::string& FileName, T
         return false;
     const bool IsBorland = Texts::Same(Paths::Extension(FileName), ".bdsproj");
     TXmlDocument Document;
-    if (!(IsBorland ? Document.LoadFromFile(FileName)
-                    : Document.LoadFromText(RepairAmpersands(LoadUnicodeFile(FileName).Text()))))
+    if (!(IsBorland ? Document.LoadFromFile(FileName) : Document.LoadFromProject(Files::Read(FileName))))
         return false;
     const std::string Path = IsBorland ? "CSharp.Personality/Options/OptionsSet"
                                        : GetCompilerTypeInProjectFile(FileName) + "/Build/Settings/Config";

@@ -23,10 +23,16 @@ std::string GetProjectPath(const TXmlElement& File)
 int GetAttributeValueNumber(std::string_view Name, const TXmlElement& Element, int Base)
 {
     const std::string Value = Element.Attribute(Name);
-    if (const auto Number = Texts::ParseWhole<int>(Texts::Trim(Value), Base))
+    const std::string_view Digits = Texts::Trim(Value);
+    if (const auto Number = Texts::ParseWhole<int>(Digits, Base))
         return *Number;
+    const std::string_view Known = "0123456789abcdefABCDEF";
+    const bool IsNumber =
+        !Digits.empty() && Digits.find_first_not_of(Known.substr(0, Base == 16 ? 22 : 10)) == std::string_view::npos;
     throw std::runtime_error(std::string(Name) + " \"" + Value +
-                             (Base == 16 ? "\" is not a hexadecimal number" : "\" is not a number"));
+                             (IsNumber     ? "\" is too large"
+                              : Base == 16 ? "\" is not a hexadecimal number"
+                                           : "\" is not a number"));
 }
 
 std::string GetOptionValueString(std::string_view Name, const TXmlElement& OptionsSet)

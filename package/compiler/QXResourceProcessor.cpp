@@ -3,9 +3,12 @@
 #include "host/QXUtilities.h"
 #include "package/compiler/QXDotNetUtils.h"
 #include "package/compiler/QXProjectXml.h"
+#include "platform/CommandLines.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
+
+#include <algorithm>
 
 namespace
 {
@@ -58,22 +61,42 @@ bool TQXResourceProcessor::ProcessVSEmbeddedResource(const TXmlElement& File) co
         return false;
     }
     if (File.HasAttribute("DependentUpon"))
-        return ChooseResourceCompiler() &&
-               ProcessFormResx(Path, File.Attribute("DependentUpon"), CultureBesideNeutral(File, Path));
+        return ChooseResourceCompiler() && ProcessFormResx(Path, File.Attribute("DependentUpon"));
     return ProcessByExtension(Path);
 }
 
-std::string TQXResourceProcessor::CultureBesideNeutral(const TXmlElement& File, const std::string& Path) const
+void TQXResourceProcessor::ListFormResources(const std::vector<TXmlElement>& Elements, const char* Owner)
 {
-    const std::string Stem = Paths::BareName(Path);
-    const std::string Form = Paths::BareName(File.Attribute("DependentUpon"));
-    if (Stem.size() <= Form.size() + 1 || !Texts::StartsWithSame(Stem, Form + '.'))
+    for (const TXmlElement& File : Elements)
+    {
+        const bool IsBorland = File.HasAttribute("FileName");
+        const std::string Path =
+            Paths::Expand(IsBorland ? File.Attribute("FileName") : GetProjectPath(File), FLoad.Folder);
+        const std::string CodeFile =
+            Paths::Expand(File.Attribute(Owner), IsBorland ? FLoad.Folder : Paths::Folder(Path));
+        FFormResources[Texts::FoldCase(CodeFile)].push_back(Texts::FoldCase(Paths::BareName(Path)));
+    }
+}
+
+std::string TQXResourceProcessor::SuffixAmongSiblings(const std::string& Path, const std::string& CodeFile) const
+{
+    const auto Found = FFormResources.find(Texts::FoldCase(CodeFile));
+    if (Found == FFormResources.end() || Found->second.size() < 2)
         return {};
-    if (FFormResources.empty())
-        for (const TXmlElement& Other : File.SelectNodes("../File[@DependentUpon]"))
-            FFormResources.insert(Texts::FoldCase(Paths::Expand(GetProjectPath(Other), FLoad.Folder)));
-    const std::string Neutral = Paths::Folder(Path) + Form + Paths::Extension(Path);
-    return FFormResources.contains(Texts::FoldCase(Neutral)) ? Stem.substr(Form.size()) : "";
+    const std::vector<std::string>& Siblings = Found->second;
+    const std::string Stem = Paths::BareName(Path);
+    const std::string Form = Paths::BareName(CodeFile);
+    // A page's source has two extensions, of which its resources may have one.
+    for (const std::string& Prefix : {Form, Paths::BareName(Form)})
+        if (Texts::Same(Stem, Prefix) || Texts::StartsWithSame(Stem, Prefix + '.'))
+        {
+            const std::string Suffix = Stem.substr(Prefix.size());
+            const std::string Full = Texts::FoldCase(Form + Suffix);
+            const bool IsTaken =
+                Full != Texts::FoldCase(Stem) && std::find(Siblings.begin(), Siblings.end(), Full) != Siblings.end();
+            return IsTaken ? '.' + Stem : Suffix;
+        }
+    return '.' + Stem;
 }
 
 bool TQXResourceProcessor::ProcessByExtension(const std::string& Path) const
@@ -121,8 +144,7 @@ bool TQXResourceProcessor::ProcessResx(const std::string& SourceFile) const
     return AddResx(SourceFile, Paths::ChangeExtension(Name, ".resources"));
 }
 
-bool TQXResourceProcessor::ProcessFormResx(const std::string& SourceFile, const std::string& DependentFile,
-                                           const std::string& Culture) const
+bool TQXResourceProcessor::ProcessFormResx(const std::string& SourceFile, const std::string& DependentFile) const
 {
     const std::string CodeFile = Files::Spelling(Paths::Folder(SourceFile) + DependentFile);
     if (!Files::ForceFolders(FLoad.ObjectFolder))
@@ -136,7 +158,8 @@ bool TQXResourceProcessor::ProcessFormResx(const std::string& SourceFile, const 
         Log("Unable to determine namespace for resource file");
         return false;
     }
-    return AddResx(SourceFile, FormName(CodeFile, DependentFile) + Culture + ".resources");
+    return AddResx(SourceFile,
+                   FormName(CodeFile, DependentFile) + SuffixAmongSiblings(SourceFile, CodeFile) + ".resources");
 }
 
 std::string TQXResourceProcessor::FormName(const std::string& CodeFile, const std::string& DependentFile) const
@@ -164,7 +187,7 @@ bool TQXResourceProcessor::AddResx(const std::string& SourceFile, const std::str
 
 bool TQXResourceProcessor::CompileResx(const std::string& SourceFile, const std::string& Destination) const
 {
-    FProcess->SetArguments(DoubleQuoteString(SourceFile, true) + ' ' + DoubleQuoteString(Destination, true));
+    FProcess->SetArguments(CommandLines::Quote(SourceFile, true) + ' ' + CommandLines::Quote(Destination, true));
     try
     {
         const int ExitCode = FProcess->Run();
@@ -185,14 +208,15 @@ bool TQXResourceProcessor::CompileResx(const std::string& SourceFile, const std:
 bool TQXResourceProcessor::ProcessLicx(const std::string& LicenseFile) const
 {
     FProcess->SetStartDirectory(FLoad.OutputFolder);
-    std::string Arguments = "/target:" + FLoad.AssemblyFileName + " /complist:" + DoubleQuoteString(LicenseFile, true);
+    std::string Arguments =
+        "/target:" + FLoad.AssemblyFileName + " /complist:" + CommandLines::Quote(LicenseFile, true);
     Log("Processing Licenses file : " + LicenseFile);
     for (const std::string& Module : LicensedModules(LicenseFile))
     {
         Log("Adding Module : " + Module);
         Arguments += " /i:" + Module;
     }
-    Arguments += " /outdir:" + DoubleQuoteString(Paths::WithoutTrailing(FLoad.ObjectFolder), true);
+    Arguments += " /outdir:" + CommandLines::Quote(Paths::WithoutTrailing(FLoad.ObjectFolder), true);
     if (!RunLicenseCompiler(LicenseFile, Arguments))
         return false;
     FAction.Project.LicenseResources.push_back(FLoad.ObjectFolder + FLoad.AssemblyFileName + ".licenses");

@@ -5,7 +5,7 @@
 
 #include <memory>
 #include <string>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 /// Compiles the resources and licenses of a project under the names that its code expects, and puts them into the
@@ -15,6 +15,8 @@ class TQXResourceProcessor
 public:
     TQXResourceProcessor(TQXManagedCompilerAction& Action, const TProjectLoad& Load);
 
+    /// Tells which of the files depend on the same source file, by the attribute Owner.
+    void ListFormResources(const std::vector<TXmlElement>& Elements, const char* Owner);
     [[nodiscard]] bool ProcessVSEmbeddedResource(const TXmlElement& File) const;
     [[nodiscard]] bool ProcessBorlandEmbeddedResource(const TXmlElement& File) const;
 
@@ -25,11 +27,10 @@ private:
     /// A resource of its own, named after its file.
     [[nodiscard]] bool ProcessResx(const std::string& SourceFile) const;
     /// A resource named after the class in the source file that it belongs to.
-    [[nodiscard]] bool ProcessFormResx(const std::string& SourceFile, const std::string& DependentFile,
-                                       const std::string& Culture = {}) const;
-    /// The part of a form's resource file that names its culture (".de-DE"), if the form's neutral resource is in the
-    /// project as well: both under one name would not compile.
-    [[nodiscard]] std::string CultureBesideNeutral(const TXmlElement& File, const std::string& Path) const;
+    [[nodiscard]] bool ProcessFormResx(const std::string& SourceFile, const std::string& DependentFile) const;
+    /// What parts the name of a form's resource from those of the form's others, if there are any: its culture
+    /// (".de-DE"), or the name of its file if that is not the form's.
+    [[nodiscard]] std::string SuffixAmongSiblings(const std::string& Path, const std::string& CodeFile) const;
     [[nodiscard]] std::string FormName(const std::string& CodeFile, const std::string& DependentFile) const;
     /// Compiles a file to the resource of this name and adds that to the list.
     [[nodiscard]] bool AddResx(const std::string& SourceFile, const std::string& Name) const;
@@ -43,6 +44,7 @@ private:
     TQXManagedCompilerAction& FAction;
     const TProjectLoad& FLoad;
     std::string FSDKFolder;
-    std::unique_ptr<IQXProcess> FProcess;                   ///< of all tools, one after the other
-    mutable std::unordered_set<std::string> FFormResources; ///< of the whole project, listed when first needed
+    std::unique_ptr<IQXProcess> FProcess; ///< of all tools, one after the other
+    /// The bare names of the resources that depend on a source file; names in the form that ignores case.
+    std::unordered_map<std::string, std::vector<std::string>> FFormResources;
 };

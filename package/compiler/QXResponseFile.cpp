@@ -2,6 +2,8 @@
 
 #include "host/QXUtilities.h"
 #include "package/compiler/QXDotNetUtils.h"
+#include "package/plugin/QXActionHelpers.h"
+#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 
@@ -33,13 +35,31 @@ std::string ResourceItem(const std::string& Entry, bool StripPlain)
     return Identifier.empty() ? Entry.substr(0, Equals) : Entry.substr(0, Equals) + ',' + Identifier;
 }
 
+/// An exact path in the quotes of response files: they end at the next one, so one in the path stands in quotes of the
+/// other kind. Only systems whose compilers know both kinds have such paths.
+std::string QuoteExact(const std::string& Path)
+{
+    return '"' + Texts::Replace(Path, "\"", "\"'\"'\"") + '"';
+}
+
+bool HasAny(std::string_view Text, std::string_view Characters)
+{
+    return Text.find_first_of(Characters) != std::string_view::npos;
+}
+
 std::string QuoteIfParted(std::string_view Value, std::string_view Separators)
 {
     const bool IsParted = Value.find_first_of(Separators) != std::string_view::npos;
     return IsParted && Value.find('"') == std::string_view::npos ? DoubleQuoteString(Value, true) : std::string(Value);
 }
 
-/// The name of an embedded file behind a comma, or nothing.
+/// A file in the quotes of a response file; what a person typed may bring its own.
+std::string QuoteFile(const TQXFileSetting& Setting, const std::string& File)
+{
+    return Setting.Exact ? QuoteExact(File) : DoubleQuoteString(File, true);
+}
+
+/// The name of an embedded file; empty: the compiler takes the file's.
 std::string ResourceName(const std::string& File, TQXResourceNaming Naming, const std::string& RootNameSpace,
                          const std::string& BaseDir)
 {
@@ -47,7 +67,7 @@ std::string ResourceName(const std::string& File, TQXResourceNaming Naming, cons
     if (RootNameSpace.empty() || Naming == TQXResourceNaming::None ||
         (Naming == TQXResourceNaming::UnlessCompiled && IsCompiled))
         return {};
-    return ',' + DoubleQuoteString(RootNameSpace + '.' + DottedName(File, BaseDir), true);
+    return RootNameSpace + '.' + DottedName(File, BaseDir);
 }
 } // namespace
 
@@ -76,7 +96,16 @@ bool TQXResponseFile::AddOption(std::string_view Switch, std::string_view Label,
 
 void TQXResponseFile::AddExact(std::string_view Switch, std::string_view Value)
 {
-    FLines.Add(std::string(Switch) + ':' + QuoteIfParted(Value, " "));
+    if (!Value.empty())
+        FLines.Add(std::string(Switch) + ':' +
+                   (HasAny(Value, " '\",;=") ? QuoteExact(std::string(Value)) : std::string(Value)));
+}
+
+bool TQXResponseFile::AddTarget(std::string_view Switch, std::string_view Label, std::string_view Value)
+{
+    std::string Path;
+    return FAction.TryExpandExpression(Label, Texts::Trim(Value), Path, false) && CheckTarget(FAction, Label, Path) &&
+           AddOption(Switch, Label, Value);
 }
 
 bool TQXResponseFile::Split(const TQXFileSetting& Files, std::string_view Separators, TStringList& Items) const
@@ -91,17 +120,44 @@ bool TQXResponseFile::Split(const TQXFileSetting& Files, std::string_view Separa
     return true;
 }
 
-std::string TQXResponseFile::Unparted(const std::string& Path, std::string_view Separators) const
+std::string TQXResponseFile::Unparted(const std::string& Path, std::string_view Separators)
 {
-    if (Path.find_first_of(Separators) == std::string::npos)
+    if (!HasAny(Path, Separators))
         return Path;
     std::string Way = Paths::IsAbsolute(Path) ? Paths::RelativeTo(Path, FBaseDir) : Path;
-    const auto Place = Way.find_first_of(Separators);
-    if (Place == std::string::npos)
+    if (HasAny(Way, Separators))
+        Way = CopyUnparted(Path, Separators);
+    if (Way.empty())
+        WarnOfParting(Path, Separators);
+    return Way.empty() ? Path : Way;
+}
+
+std::string TQXResponseFile::CopyUnparted(const std::string& Path, std::string_view Separators)
+{
+    if (!Paths::IsAbsolute(Path) || !Files::FileExists(Path))
+        return {};
+    std::string Name = Paths::FileName(Path);
+    std::replace_if(
+        Name.begin(), Name.end(),
+        [=](char Item) {
+            return HasAny({&Item, 1}, Separators);
+        },
+        '_');
+    const std::string Way = Paths::Normalise("obj/unparted/" + std::to_string(++FCopies) + '/' + Name);
+    const std::string Copy = FBaseDir + Way;
+    if (FAction.Host() != nullptr && FAction.Host()->IsDryRun())
+    {
+        FAction.SendMessage("Would copy : " + Path + " to " + Copy);
         return Way;
-    FAction.SendMessage(std::string("Warning : The compiler may not find a file with \"") + Way[Place] +
-                        "\" in its path : " + Path);
-    return Path;
+    }
+    FAction.SendMessage("Copying : " + Path + " to " + Copy);
+    return Files::ForceFolders(Paths::Folder(Copy)) && Files::Copy(Path, Copy) ? Way : "";
+}
+
+void TQXResponseFile::WarnOfParting(const std::string& Path, std::string_view Separators) const
+{
+    FAction.SendMessage(std::string("Warning : The compiler may not find a file with \"") +
+                        Path[Path.find_last_of(Separators)] + "\" in its path : " + Path);
 }
 
 bool TQXResponseFile::AddFileSwitches(std::string_view Switch, const TQXFileSetting& Files)
@@ -111,7 +167,7 @@ bool TQXResponseFile::AddFileSwitches(std::string_view Switch, const TQXFileSett
         return false;
     for (const std::string& Item : Items)
         if (const std::string_view Name = Texts::Trim(Item); !Name.empty())
-            FLines.Add(std::string(Switch) + ':' + DoubleQuoteString(Name, true));
+            FLines.Add(std::string(Switch) + ':' + QuoteFile(Files, std::string(Name)));
     return true;
 }
 
@@ -121,7 +177,7 @@ bool TQXResponseFile::AddReferences(const TQXFileSetting& References)
     {
         for (const std::string& Path : *References.Exact)
             if (const std::string File(Texts::Trim(Path)); !File.empty())
-                AddExact("/reference", QuoteIfParted(Unparted(File, ReferenceSeparators), ReferenceSeparators));
+                AddExact("/reference", Unparted(File, ReferenceSeparators));
         return true;
     }
     TStringList Items;
@@ -151,11 +207,20 @@ bool TQXResponseFile::AddResources(const TQXFileSetting& Resources, TQXResourceN
         const std::string Item = Resources.Exact ? Entry : ResourceItem(Entry, true);
         if (Item.empty())
             continue;
-        const std::string Path = Resources.Exact ? Unparted(Item, ResourceSeparators) : Item;
-        FLines.Add("/resource:" + DoubleQuoteString(Path, true) +
-                   ResourceName(StripQuotes(Item), Naming, RootNameSpace, FBaseDir));
+        const std::string Name = ResourceName(StripQuotes(Item), Naming, RootNameSpace, FBaseDir);
+        const std::string Path = Resources.Exact ? UnpartedResource(Item, Name) : Item;
+        FLines.Add("/resource:" + QuoteFile(Resources, Path) + (Name.empty() ? "" : ',' + QuoteFile(Resources, Name)));
     }
     return true;
+}
+
+std::string TQXResponseFile::UnpartedResource(const std::string& Path, const std::string& Name)
+{
+    // A copy brings a path without separators, but nothing brings the name without them that the program asks for.
+    if (!HasAny(Name.empty() ? Paths::FileName(Path) : Name, ResourceSeparators))
+        return Unparted(Path, ResourceSeparators);
+    WarnOfParting(Path, ResourceSeparators);
+    return Path;
 }
 
 bool TQXResponseFile::AddSources(const TQXFileSetting& Sources, bool& Found)
@@ -163,9 +228,12 @@ bool TQXResponseFile::AddSources(const TQXFileSetting& Sources, bool& Found)
     TStringList Items;
     if (!Split(Sources, ";", Items))
         return false;
-    Found = !Items.IsEmpty();
+    Found = false;
     for (const std::string& File : Items)
-        if (!File.empty())
-            FLines.Add(DoubleQuoteString(File, true));
+        if (!Texts::Trim(File).empty())
+        {
+            FLines.Add(QuoteFile(Sources, File));
+            Found = true;
+        }
     return true;
 }

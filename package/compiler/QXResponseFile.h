@@ -35,6 +35,8 @@ public:
     /// one. Nothing without a value.
     [[nodiscard]] bool AddOption(std::string_view Switch, std::string_view Label, std::string_view Value,
                                  std::string_view SecondValue = {}, std::string_view Separator = ",");
+    /// The same for a file that the compiler makes.
+    [[nodiscard]] bool AddTarget(std::string_view Switch, std::string_view Label, std::string_view Value);
     /// The same line for a value that the system formed: it stands as it is.
     void AddExact(std::string_view Switch, std::string_view Value);
     /// A switch with each file; typed ones are parted by ";", "," or line breaks.
@@ -51,10 +53,16 @@ public:
 private:
     [[nodiscard]] bool Split(const TQXFileSetting& Files, std::string_view Separators, TStringList& Items) const;
     /// An exact path as the compiler takes it behind a switch whose value it parts at these characters, quoted or not:
-    /// the way from its folder, if that is without them. The log tells if nothing helps.
-    [[nodiscard]] std::string Unparted(const std::string& Path, std::string_view Separators) const;
+    /// the way from its folder, if that is without them, else that to a copy. The log tells if nothing helps.
+    [[nodiscard]] std::string Unparted(const std::string& Path, std::string_view Separators);
+    /// The way to a copy of the file in the project's object folder; empty if none can be made.
+    [[nodiscard]] std::string CopyUnparted(const std::string& Path, std::string_view Separators);
+    /// The same for a resource that is embedded under a name, or under its file's if that is empty.
+    [[nodiscard]] std::string UnpartedResource(const std::string& Path, const std::string& Name);
+    void WarnOfParting(const std::string& Path, std::string_view Separators) const;
 
     const TCustomQXAction& FAction;
     std::string FBaseDir;
     TStringList FLines;
+    int FCopies = 0;
 };

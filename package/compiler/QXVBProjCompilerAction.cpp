@@ -63,8 +63,12 @@ void TQXVBProjCompilerAction::LoadSettingsFromProjFile(const TXmlElement& Settin
 void TQXVBProjCompilerAction::LoadConfigCompilerOptionsFromProjFile(const TXmlElement& Config)
 {
     TQXProjectMapping::LoadConfigCompilerOptionsFromProjFile(Config);
+    TStringList Written;
+    Written.SetCommaText(Defines);
     TStringList Symbols;
-    Symbols.SetCommaText(Defines);
+    for (const std::string& Symbol : Written)
+        if (!Symbol.empty())
+            Symbols.Add(Symbol);
     if (GetAttributeValueBoolean("DefineDebug", Config))
         Symbols.SetValue("DEBUG", "True");
     if (GetAttributeValueBoolean("DefineTrace", Config))

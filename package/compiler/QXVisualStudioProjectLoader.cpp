@@ -4,6 +4,7 @@
 #include "package/compiler/QXProjectXml.h"
 #include "package/compiler/QXReferenceResolver.h"
 #include "package/compiler/QXResourceProcessor.h"
+#include "package/plugin/QXActionHelpers.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
@@ -12,13 +13,6 @@ namespace
 {
 /// Projects of the later format name it up to the year.
 constexpr std::string_view MSBuildNameSpace = "http://schemas.microsoft.com/developer/msbuild";
-
-/// Makes a folder, or finds it in its spelling on disk. Whether it could be made shows when a tool needs it.
-std::string MakeFolder(std::string_view Path, std::string_view Base)
-{
-    static_cast<void>(Files::ForceFolders(ExpandRelativePath(Path, Base)));
-    return Paths::WithTrailing(ExpandRelativePath(Path, Base));
-}
 } // namespace
 
 std::string TQXVisualStudioProjectLoader::LanguagePath(std::string_view Path) const
@@ -30,7 +24,7 @@ bool TQXVisualStudioProjectLoader::Load()
 {
     if (!ExpandConfigName())
         return false;
-    MakeFolder("obj", FLoad.Folder);
+    static_cast<void>(MakeFolder("obj", FLoad.Folder));
     Reset();
     if (FAction.IsCompactFramework())
         FLoad.CompactSystemFolder = Paths::WithTrailing(FAction.SDKPath);
@@ -38,14 +32,14 @@ bool TQXVisualStudioProjectLoader::Load()
     std::string Content;
     try
     {
-        Content = LoadUnicodeFile(FLoad.FileName).Text();
+        Content = Files::Read(FLoad.FileName);
     }
     catch (const std::exception& Error)
     {
         return Fail(std::string("Error Opening Project File : ") + Error.what());
     }
     TXmlDocument Document;
-    if (!Document.LoadFromText(RepairAmpersands(Content)))
+    if (!Document.LoadFromProject(Content))
         return FailParsing(Document.ParseError());
     return LoadDocument(Document.DocumentElement());
 }
@@ -101,9 +95,11 @@ bool TQXVisualStudioProjectLoader::SelectConfiguration(const TXmlElement& Settin
     if (!Config)
         return Fail("Configuration : " + FLoad.ConfigName + " - not found in project file");
     FMapping.LoadConfigCompilerOptionsFromProjFile(*Config);
-    FLoad.OutputFolder = MakeFolder(Config->Attribute("OutputPath"), FLoad.Folder);
-    CompleteOutputFile();
-    return true;
+    const std::string OutputPath = Config->Attribute("OutputPath");
+    if (!CheckTarget(FAction, "OutputPath", OutputPath))
+        return false;
+    FLoad.OutputFolder = MakeFolder(OutputPath, FLoad.Folder);
+    return CompleteOutputFile("AssemblyName") && PrepareDocumentation();
 }
 
 bool TQXVisualStudioProjectLoader::LoadFiles(const TXmlElement& Root)
@@ -114,7 +110,10 @@ bool TQXVisualStudioProjectLoader::LoadFiles(const TXmlElement& Root)
     if (!CheckResourceCompiler())
         return false;
     FLoad.ObjectFolder = MakeFolder("obj/" + FMapping.UnMangleConfigName(FLoad.ConfigName), FLoad.Folder);
-    const TQXResourceProcessor Resources(FAction, FLoad);
+    TQXResourceProcessor Resources(FAction, FLoad);
+    Resources.ListFormResources(
+        Root.SelectNodes(LanguagePath("/Files/Include/File[@BuildAction='EmbeddedResource' and @DependentUpon]")),
+        "DependentUpon");
     for (const TXmlElement& Element : Elements)
     {
         const std::string BuildAction = Element.Attribute("BuildAction");

@@ -4,6 +4,7 @@
 #include "host/QXUtilities.h"
 #include "package/compiler/QXDotNetUtils.h"
 #include "package/compiler/QXProjectXml.h"
+#include "platform/CommandLines.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 
@@ -49,7 +50,7 @@ bool TQXWrapperGenerator::GenerateInterop(const TXmlElement& Reference) const
     FAction.SendMessage("Generating Interop for TypeLib : " + Library);
     const std::string Wrapper = FLoad.OutputFolder + "Interop." + Name + ".dll";
     const bool Generated = RunTool("tlbimp.exe", "",
-                                   DoubleQuoteString(Library, true) + " /out:" + DoubleQuoteString(Wrapper, true) +
+                                   CommandLines::Quote(Library, true) + " /out:" + CommandLines::Quote(Wrapper, true) +
                                        " /nologo /silent /namespace:" + Name);
     if (Generated)
     {
@@ -70,7 +71,7 @@ bool TQXWrapperGenerator::GenerateAxInterop(const TXmlElement& Reference) const
     FAction.SendMessage("Generating AxInterop for TypeLib : " + Library);
     // The tool writes into the folder in which it runs.
     const bool Generated =
-        RunTool("aximp.exe", FLoad.OutputFolder, DoubleQuoteString(Library, true) + " /nologo /verbose");
+        RunTool("aximp.exe", FLoad.OutputFolder, CommandLines::Quote(Library, true) + " /nologo /verbose");
     if (Generated)
         FAction.SendMessage("Interop Assembly Generated : " + Name);
     FAction.SendMessage(".");
@@ -90,7 +91,7 @@ std::string TQXWrapperGenerator::LocateLibrary(const std::string& Name, const TX
 bool TQXWrapperGenerator::RunTool(const std::string& Tool, const std::string& Folder, std::string Arguments) const
 {
     if (!FLoad.KeyFile.empty())
-        Arguments += " /keyfile:" + DoubleQuoteString(FLoad.KeyFile, true);
+        Arguments += " /keyfile:" + CommandLines::Quote(FLoad.KeyFile, true);
     const auto Process = CreateQXProcess();
     Process->SetExecutable(Paths::WithoutTrailing(FAction.GetSDKPath()) + Paths::Delimiter() + Tool);
     Process->SetOptionD(true);

@@ -1,6 +1,7 @@
 #include "package/plugin/QXActionHelpers.h"
 
 #include "platform/Files.h"
+#include "platform/Paths.h"
 
 #include <algorithm>
 #include <array>
@@ -49,6 +50,15 @@ bool AddFreeText(const TCustomQXAction& Action, ICommandLineBuilder& Builder, st
     if (!Text.empty())
         Builder.AddArgument(Text);
     return true;
+}
+
+bool CheckTarget(const TCustomQXAction& Action, std::string_view Property, std::string_view Path)
+{
+    if (!Paths::IsForeign(Path))
+        return true;
+    Action.SendMessage(std::string("Error - ").append(Property) +
+                       " is on a drive, which there is only on Windows : " + std::string(Path));
+    return false;
 }
 
 std::string ExpandStartDir(const TCustomQXAction& Action, std::string_view StartDir)

@@ -30,6 +30,10 @@ struct TQXExpansion
 [[nodiscard]] bool AddFreeText(const TCustomQXAction& Action, ICommandLineBuilder& Builder, std::string_view Label,
                                std::string_view Expression);
 
+/// Whether files and folders can be made at a path; false, after telling the log of the property that holds it, for a
+/// drive where the system has none.
+[[nodiscard]] bool CheckTarget(const TCustomQXAction& Action, std::string_view Property, std::string_view Path);
+
 /// The folder that a user named for the tool to start in; empty, after a warning, if it does not expand to one.
 [[nodiscard]] std::string ExpandStartDir(const TCustomQXAction& Action, std::string_view StartDir);
 

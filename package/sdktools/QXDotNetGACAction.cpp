@@ -1,6 +1,7 @@
 #include "package/sdktools/QXDotNetGACAction.h"
 
 #include "package/plugin/QXActionHelpers.h"
+#include "platform/CommandLines.h"
 
 namespace
 {
@@ -45,7 +46,8 @@ bool TQXGACAction::AddReference(ICommandLineBuilder& Builder) const
                         {{"Scheme", RefScheme, Scheme}, {"ID", RefID, ID}, {"Description", RefDescription, Text}}))
         return false;
     // Three values behind one switch: each brings its own quotes.
-    Builder.AddArgument("/r", '"' + Scheme + "\" \"" + ID + "\" \"" + Text + '"');
+    const auto Quoted = [](const std::string& Part) { return CommandLines::Quote(Part, true); };
+    Builder.AddArgument("/r", Quoted(Scheme) + ' ' + Quoted(ID) + ' ' + Quoted(Text));
     return true;
 }
 

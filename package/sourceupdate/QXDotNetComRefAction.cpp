@@ -22,10 +22,12 @@ constexpr std::pair<std::string_view, std::string_view> ProjectTypes[] = {
     {".vjsproj", "/VisualStudioProject/VISUALJSHARP/Build/References/Reference[@Name='%s' and @WrapperTool='tlbimp']"},
 };
 
-/// Visual Studio declares no encoding: what is no UTF-8 then is in the 8-bit code page.
-bool Parse(const std::string& Bytes, TXmlDocument& Document)
+constexpr std::string_view BigEndianMark = "\xFE\xFF";
+
+/// The bytes of a text that was UTF-16 with this mark, or, without one, is edited as it is.
+std::string Encode(const std::string& Markup, const std::string& Mark)
 {
-    return Bytes.starts_with("<?xml") ? Document.LoadFromBytes(Bytes) : Document.LoadFromText(Texts::Decode(Bytes));
+    return Mark.empty() ? Markup : Mark + Texts::ToUtf16(Markup, Mark == BigEndianMark);
 }
 
 /// Sets attributes of a reference in a project file and keeps the rest of the file to the byte.
@@ -53,7 +55,7 @@ public:
             return true;
         }
         if (!Changes.empty())
-            FFile->Replace(std::array<std::string_view, 1>{FBytes});
+            FFile->Replace(std::array<std::string_view, 1>{Encode(FMarkup, FMark)});
         FAction.SendMessage("Project Reference for " + FName + " Updated OK.");
         return true;
     }
@@ -76,16 +78,21 @@ private:
         try
         {
             FFile.emplace(FFileName);
-            FBytes = FFile->Bytes();
+            FMarkup = FFile->Bytes();
         }
         catch (const EFileError& Error)
         {
             return FailLoading(Error.Reason);
         }
-        if (const std::string Foreign(Texts::ForeignEncoding(FBytes)); !Foreign.empty())
+        if (Texts::ForeignEncoding(FMarkup) == "UTF-16")
+        {
+            FMark = FMarkup.substr(0, BigEndianMark.size());
+            FMarkup = Texts::FromUtf16(FFile->Bytes().substr(FMark.size()), FMark == BigEndianMark);
+        }
+        if (const std::string Foreign(Texts::ForeignEncoding(FMarkup)); !Foreign.empty())
             return Fail("Cannot update project file, it holds " + Foreign +
-                        ", only UTF-8 and 8-bit text can be updated : " + FFileName);
-        return Parse(FBytes, FDocument) || FailLoading(FDocument.ParseError().Reason);
+                        ", only UTF-8, UTF-16 and 8-bit text can be updated : " + FFileName);
+        return FDocument.LoadFromProject(FMarkup) || FailLoading(FDocument.ParseError().Reason);
     }
 
     [[nodiscard]] static std::vector<TXmlAttribute> FindChanges(const TXmlElement& Reference,
@@ -101,22 +108,22 @@ private:
         return Result;
     }
 
-    /// Changes the bytes. They are looked at with the parser again: it knows encodings that an edit of bytes damages.
+    /// Changes the text. It is looked at with the parser again: it knows encodings that an edit of bytes damages.
     [[nodiscard]] bool Edit(const TXmlElement& Reference, const std::vector<TXmlAttribute>& Changes)
     {
         const std::size_t Number = Reference.Number();
-        std::optional<std::string> Edited = SetXmlAttributes(FBytes, Number, Changes);
-        if (!Edited || !Holds(*Edited, Number, Changes))
+        std::optional<std::string> Edited = SetXmlAttributes(FMarkup, Number, Changes);
+        if (!Edited || !Holds(*Edited, Number, Changes) || Encode(FMarkup, FMark) != FFile->Bytes())
             return Fail("Cannot update project file, its encoding or layout is not understood : " + FFileName);
-        FBytes = *std::move(Edited);
+        FMarkup = *std::move(Edited);
         return true;
     }
 
-    [[nodiscard]] static bool Holds(const std::string& Bytes, std::size_t Number,
+    [[nodiscard]] static bool Holds(const std::string& Markup, std::size_t Number,
                                     const std::vector<TXmlAttribute>& Attributes)
     {
         TXmlDocument Document;
-        if (!Parse(Bytes, Document))
+        if (!Document.LoadFromProject(Markup))
             return false;
         const std::vector<TXmlElement> Elements = Document.DocumentElement().SelectNodes("//*");
         return Number < Elements.size() &&
@@ -146,7 +153,8 @@ private:
     const std::string& FFileName;
     const std::string& FName;
     std::optional<TFileRewrite> FFile;
-    std::string FBytes;
+    std::string FMarkup; ///< in UTF-8 or an encoding in which ASCII characters stand for themselves
+    std::string FMark;   ///< of UTF-16
     TXmlDocument FDocument;
 };
 } // namespace

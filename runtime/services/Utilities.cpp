@@ -11,12 +11,6 @@ bool IsQuoted(std::string_view Text, char Quote)
 {
     return Text.size() >= 2 && Text.front() == Quote && Text.back() == Quote;
 }
-
-/// A path on a drive means nothing outside Windows, and no spelling of ours would make it mean more.
-bool IsForeign(std::string_view Path)
-{
-    return NativePathStyle != TPathStyle::Windows && Path.size() >= 2 && Path[1] == ':' && Paths::IsAbsolute(Path);
-}
 } // namespace
 
 std::string DoubleQuoteString(std::string_view Text, bool Always)
@@ -34,7 +28,8 @@ std::string StripQuotes(std::string_view Text)
 
 std::string ExpandRelativePath(std::string_view Path, std::string_view Folder)
 {
-    return IsForeign(Path) ? std::string(Path) : Files::Spelling(Paths::Expand(Path, Folder));
+    // No spelling of ours would make a path on a drive mean more.
+    return Paths::IsForeign(Path) ? std::string(Path) : Files::Spelling(Paths::Expand(Path, Folder));
 }
 
 TStringList LoadUnicodeFile(const std::string& FileName)

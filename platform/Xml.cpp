@@ -341,7 +341,7 @@ bool TXmlDocument::LoadFromText(std::string_view Text)
 
 bool TXmlDocument::LoadFromBytes(std::string_view Bytes)
 {
-    return Load(Bytes, nullptr);
+    return Load(Bytes, DeclaredCodePage(Bytes));
 }
 
 bool TXmlDocument::LoadFromProject(std::string_view Bytes)

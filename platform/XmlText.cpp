@@ -10,6 +10,13 @@ namespace
 constexpr std::string_view UnicodeMarks[] = {"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"};
 constexpr std::string_view UnicodeNames[] = {"utf-8", "utf8", "utf-16", "utf-16le", "utf-16be", "unicode", "ucs-2"};
 constexpr std::string_view CodePageNames[] = {"windows-1252", "cp1252"};
+/// Standards that others read to the letter, in which "\" may be a currency sign and letters are missing.
+constexpr struct
+{
+    std::string_view Encoding;
+    const char* CodePage;
+} CodePages[] = {{"shift_jis", "CP932"},      {"shift-jis", "CP932"}, {"x-sjis", "CP932"}, {"gb2312", "CP936"},
+                 {"ks_c_5601-1987", "CP949"}, {"euc-kr", "CP949"},    {"big5", "CP950"}};
 constexpr std::string_view Escapes[] = {"amp", "lt", "gt", "quot", "apos"};
 
 template <typename TNames> bool Contains(const TNames& Names, std::string_view Name)
@@ -62,6 +69,14 @@ std::optional<std::string> DecodeXml(std::string_view Bytes)
     if (Encoding.empty() || Contains(UnicodeNames, Encoding))
         return Texts::Decode(Bytes);
     return std::nullopt;
+}
+
+const char* DeclaredCodePage(std::string_view Bytes)
+{
+    const std::string_view Encoding = DeclaredEncoding(Bytes);
+    const auto* Found = std::find_if(std::begin(CodePages), std::end(CodePages),
+                                     [=](const auto& Row) { return Texts::Same(Row.Encoding, Encoding); });
+    return Found == std::end(CodePages) ? nullptr : Found->CodePage;
 }
 
 std::string RepairAmpersands(std::string_view Text)

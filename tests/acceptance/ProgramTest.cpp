@@ -129,6 +129,13 @@ void TProgramTest::WriteStandIn(const std::string& Name, const std::string& Scri
               "for Argument; do printf '%s\\n' \"$Argument\"; done >> '" + Path("received") + "'\n" + Script);
 }
 
+std::string TProgramTest::Shell(const std::string& Command) const
+{
+    const std::string Line = "cd '" + Folder() + "' && (" + Command + ") > shell-output 2>&1";
+    EXPECT_EQ(std::system(Line.c_str()), 0) << ReadFile("shell-output");
+    return ReadFile("shell-output");
+}
+
 TProgramResult TProgramTest::Run(const std::vector<std::string>& Arguments, const TPairs& Environment) const
 {
     return Start(Arguments, Environment).Wait();

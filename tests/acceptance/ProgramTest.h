@@ -68,6 +68,8 @@ protected:
     /// A stand-in that appends its arguments, one per line, to the file `received`, and then does Script.
     void WriteStandIn(const std::string& Name, const std::string& Script = "") const;
 
+    /// The output of a command of the shell in the folder; the test fails if the command does.
+    std::string Shell(const std::string& Command) const;
     /// Runs the program to its end.
     [[nodiscard]] TProgramResult Run(const std::vector<std::string>& Arguments, const TPairs& Environment = {}) const;
     /// Starts it. OutFile takes its standard output in place of a file beside the folder.

@@ -37,6 +37,14 @@ public:
     }
 };
 
+/// What a text of a data file stands for, in UTF-16 if it begins with that word.
+std::string Bytes(const std::string& Text)
+{
+    static const std::string Mark = "UTF-16 ";
+    return Text.starts_with(Mark) ? "\xFF\xFE" + Texts::ToUtf16(Unescape(Text.substr(Mark.size())), false)
+                                  : Unescape(Text);
+}
+
 /// One case in a folder and a host of its own.
 class TCaseRun
 {
@@ -113,7 +121,7 @@ private:
         if (Line.Word == "file")
             FHost.Folder.Write(Rest, Texts::Replace(Fill(Line.Text), "\n", "\r\n"));
         else if (Line.Word == "source")
-            FHost.Folder.Write(Name, FSources[Name] = Unescape(Value));
+            FHost.Folder.Write(Name, FSources[Name] = Bytes(Value));
         else if (Line.Word == "tool")
         {
             fs::remove(Rest);
@@ -280,7 +288,7 @@ private:
                 const testing::ScopedTrace Trace(FCase.File.c_str(), Line.Line, Kind);
                 const auto [Name, Text] = SplitSetting(Line.Rest);
                 const bool IsBytes = Line.Word == "updated";
-                EXPECT_EQ(FHost.Folder.Read(Name), IsBytes ? Unescape(Text) : Fill(Text) + "\r\n");
+                EXPECT_EQ(FHost.Folder.Read(Name), IsBytes ? Bytes(Text) : Fill(Text) + "\r\n");
             }
     }
 

@@ -91,6 +91,15 @@ TEST(Xml, MalformedTextsNameReasonAndLine)
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
+TEST(Xml, ProjectFilesAreReadAsTheyAreWritten)
+{
+    CheckTable("texts", "project file", [](const TColumns& Row) {
+        TXmlDocument Document;
+        const bool Loaded = Document.LoadFromProject(Row[0]);
+        return TColumns{Loaded ? Document.DocumentElement().Attribute("b") : Document.ParseError().Reason};
+    });
+}
+
 TEST(Xml, LoadsFilesInTheirEncodingAndLooksAtNothingElse)
 {
     const TTempFolder Folder;

@@ -143,7 +143,7 @@ std::string TQXResponseFile::CopyUnparted(const std::string& Path, std::string_v
             return HasAny({&Item, 1}, Separators);
         },
         '_');
-    const std::string Way = Paths::Normalise("obj/unparted/" + std::to_string(++FCopies) + '/' + Name);
+    std::string Way = Paths::Normalise("obj/unparted/" + std::to_string(++FCopies) + '/' + Name);
     const std::string Copy = FBaseDir + Way;
     if (FAction.Host() != nullptr && FAction.Host()->IsDryRun())
     {

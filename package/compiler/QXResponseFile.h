@@ -55,10 +55,10 @@ private:
     /// An exact path as the compiler takes it behind a switch whose value it parts at these characters, quoted or not:
     /// the way from its folder, if that is without them, else that to a copy. The log tells if nothing helps.
     [[nodiscard]] std::string Unparted(const std::string& Path, std::string_view Separators);
-    /// The way to a copy of the file in the project's object folder; empty if none can be made.
-    [[nodiscard]] std::string CopyUnparted(const std::string& Path, std::string_view Separators);
     /// The same for a resource that is embedded under a name, or under its file's if that is empty.
     [[nodiscard]] std::string UnpartedResource(const std::string& Path, const std::string& Name);
+    /// The way to a copy of the file in the project's object folder; empty if none can be made.
+    [[nodiscard]] std::string CopyUnparted(const std::string& Path, std::string_view Separators);
     void WarnOfParting(const std::string& Path, std::string_view Separators) const;
 
     const TCustomQXAction& FAction;

@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -82,14 +83,17 @@ struct TQXProperty
     std::string_view HelpText{};                          ///< the long form of Meaning, where there is one
     std::string_view Example{};                           ///< of what validation asks for on a new object, else empty
     TQXTextKind Kind = TQXTextKind::Text;
-    char Separator = '\0';         ///< of a list
-    bool IsSecret = false;         ///< its value never reaches a log
-    bool IsOrdinal = false;        ///< an option that is stored as the number of its element
-    std::string_view StoredName{}; ///< of an option, where it is not Name
+    char Separator = '\0';             ///< of a list
+    bool IsSecret = false;             ///< its value never reaches a log
+    bool IsOrdinal = false;            ///< an option that is stored as the number of its element
+    std::string_view StoredName{};     ///< of an option, where it is not Name
+    std::function<bool()> MustStore{}; ///< whether a project stores it also where it is the default
 
     [[nodiscard]] bool IsPersisted() const { return static_cast<bool>(Write); }
     /// Whether validation asks for it on an object that has its defaults.
     [[nodiscard]] bool IsRequired() const { return !Example.empty(); }
+
+    [[nodiscard]] bool IsAlwaysStored() const { return MustStore && MustStore(); }
 
     /// The name of an option in the options file.
     [[nodiscard]] std::string_view StoredUnder() const { return StoredName.empty() ? Name : StoredName; }
@@ -103,6 +107,7 @@ struct TQXProperty
     TQXProperty& Alias(std::string_view AAlias) { return Set(AliasText, AAlias); }
     TQXProperty& StoredAs(std::string_view AName) { return Set(StoredName, AName); }
     TQXProperty& StoredAsOrdinal(std::string_view AName) { return StoredAs(AName).Set(IsOrdinal, true); }
+    TQXProperty& StoredWhile(std::function<bool()> AMustStore) { return Set(MustStore, std::move(AMustStore)); }
     TQXProperty& Help(std::string_view AHelp) { return Set(HelpText, AHelp); }
     /// Validation asks for it on a new object; this value will do.
     TQXProperty& Required(std::string_view AExample) { return Set(Example, AExample); }
@@ -110,7 +115,7 @@ struct TQXProperty
 private:
     template <typename T> TQXProperty& Set(T& Field, T Value)
     {
-        Field = Value;
+        Field = std::move(Value);
         return *this;
     }
 };

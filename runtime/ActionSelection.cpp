@@ -45,6 +45,23 @@ std::vector<std::size_t> PlacesOfAction(const TProject& Project, std::string_vie
     }
     ThrowUnknown(Project, Text);
 }
+bool IsIn(const std::vector<std::string>& Groups, const TProjectAction& Action)
+{
+    return std::any_of(Groups.begin(), Groups.end(),
+                       [&](const std::string& Group) { return Texts::Same(Group, Action.Group); });
+}
+
+/// Throws EUsageError for a group that no action is in.
+void CheckGroups(const TProject& Project, const std::vector<std::string>& Groups)
+{
+    std::vector<std::string_view> Names;
+    for (const TProjectAction& Action : Project.Actions)
+        if (!Action.Group.empty())
+            Names.push_back(Action.Group);
+    for (const std::string& Group : Groups)
+        if (std::none_of(Names.begin(), Names.end(), [&](std::string_view Name) { return Texts::Same(Group, Name); }))
+            throw EUsageError(fmt::format("the project has no group \"{}\"{}", Group, DidYouMean(Group, Names)));
+}
 } // namespace
 
 std::size_t PlaceOfAction(const TProject& Project, std::string_view NumberOrName)
@@ -58,9 +75,14 @@ std::vector<TProjectAction*> SelectActions(TProject& Project, const TRunOptions&
     for (const std::string& Only : Options.Only)
         for (const std::size_t Place : PlacesOfAction(Project, Only))
             Named[Place] = true;
+    CheckGroups(Project, Options.Groups);
+    CheckGroups(Project, Options.SkipGroups);
+    const auto IsInGroups = [&](const TProjectAction& Action) {
+        return (Options.Groups.empty() || IsIn(Options.Groups, Action)) && !IsIn(Options.SkipGroups, Action);
+    };
     std::vector<TProjectAction*> Selected;
     for (std::size_t Place = Begin; Place < Project.Actions.size(); ++Place)
-        if (Named[Place] && Project.Actions[Place].Enabled)
+        if (Named[Place] && Project.Actions[Place].Enabled && IsInGroups(Project.Actions[Place]))
             Selected.push_back(&Project.Actions[Place]);
     return Selected;
 }

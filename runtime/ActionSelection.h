@@ -6,8 +6,8 @@
 #include <vector>
 
 /// The actions of a project that a run's options select, in the order of the file; disabled ones are left out.
-/// Begin is the place in the project's list before which none is selected. Throws EUsageError for an action that
-/// does not exist.
+/// Begin is the place in the project's list before which none is selected. Throws EUsageError for an action or group
+/// that does not exist.
 [[nodiscard]] std::vector<TProjectAction*> SelectActions(TProject& Project, const TRunOptions& Options,
                                                          std::size_t Begin);
 

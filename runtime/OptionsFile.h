@@ -49,6 +49,16 @@ public:
     /// A stored value of the table Key, none when nothing is stored.
     [[nodiscard]] std::optional<std::string> ReadString(std::string_view Key, std::string_view Name) const;
     [[nodiscard]] std::optional<int> ReadInteger(std::string_view Key, std::string_view Name) const;
+    /// A key of the file with its place.
+    struct TEntry
+    {
+        std::string_view Name;
+        int Line = 0;
+        int Column = 0;
+        std::vector<TEntry> Settings{}; ///< of a table
+    };
+    /// The tables of options objects.
+    [[nodiscard]] std::vector<TEntry> Tables() const;
     /// Stores a value; the rest of the text stays byte for byte.
     void WriteString(std::string_view Key, std::string_view Name, std::string_view Value);
     void WriteInteger(std::string_view Key, std::string_view Name, int Value);

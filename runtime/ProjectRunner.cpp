@@ -2,10 +2,13 @@
 
 #include "platform/Files.h"
 #include "platform/Processes.h"
+#include "platform/Text.h"
 #include "runtime/ActionSelection.h"
+#include "runtime/ActionTest.h"
 #include "runtime/HostErrors.h"
 #include "runtime/ResumeNote.h"
 #include "runtime/Runtime.h"
+#include "runtime/VariableUse.h"
 #include "runtime/actions/RunContext.h"
 #include "runtime/log/CleanEvents.h"
 #include "runtime/log/Diagnostics.h"
@@ -13,6 +16,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <chrono>
 #include <stdexcept>
 
@@ -87,6 +91,8 @@ struct TProjectRunner::TImpl
     void AddExpanded(std::string_view Expression);
     [[nodiscard]] std::size_t Begin();
     [[nodiscard]] std::size_t PlaceToResume();
+    void TakeNotedSettings(const TResumeNote::TPlace& Place);
+    void NoteSettings();
 
     /// Says a line of the host's own, about the run or about an action.
     void Tell(std::string_view Text, int Index = 0) { Events.Handle(TMessageEvent{Index, Text}); }
@@ -99,7 +105,9 @@ struct TProjectRunner::TImpl
     void RunOrSkip(TProjectAction& Action);
     void RunAction(TProjectAction& Action);
     [[nodiscard]] bool Execute(TProjectAction& Action);
-    void Skip(const TProjectAction& Action);
+    /// Whether its test lets it run; one that cannot be made fails it when it runs.
+    [[nodiscard]] bool IsWanted(const TProjectAction& Action) const;
+    void Skip(const TProjectAction& Action, std::string_view Reason);
     void Count(const TProjectAction& Action, TActionResult ActionResult);
     [[nodiscard]] TRunResult Result() const;
     void Note(const TProjectAction& Action);
@@ -114,7 +122,8 @@ struct TProjectRunner::TImpl
     TVariables Variables;
     std::vector<TProjectAction*> Selected;
     TResumeNote Resume;
-    std::string ResumeProblem; ///< told when the run has started
+    TResumeNote::TPlace Noted;            ///< what the next note says
+    std::vector<std::string> ResumeLines; ///< told when the run has started
     bool CanNote = true;
     bool Stopped = false;
     TRunEndedEvent Totals;
@@ -123,18 +132,21 @@ struct TProjectRunner::TImpl
 TProjectRunner::TImpl::TImpl(TProject& AProject, TRunOptions AOptions, IRunEvents& Target)
     : Project(AProject), Options(std::move(AOptions)), Diagnostics(Target), Resume(AProject.File)
 {
-    Variables.SetOverrides(Options.Overrides);
-    Variables.SetProjectVariables(Project.Variables);
+    Project.GiveScripts();
+    Variables.SetProjectVariables(Project.AllVariables());
     Variables.SetHostVariables(
         {{"ProjectDir", Project.Folder}, {"ProjectFile", Project.File}, {"ProjectName", Project.Name}});
+    CheckSettings(Project, Variables, Options.Overrides);
     Selected = SelectActions(Project, Options, Begin());
+    Variables.SetOverrides(Options.Overrides);
     CollectSecrets();
+    NoteSettings();
 }
 
 /// Values of the secret variables and, of every action, of the properties that hold a secret.
 void TProjectRunner::TImpl::CollectSecrets()
 {
-    for (const std::string& Name : Project.Secrets)
+    for (const std::string& Name : Project.AllSecrets())
         AddExpanded("%" + Name + "%");
     for (const TProjectAction& Action : Project.Actions)
         for (const TQXProperty& Property : Action.Object->Properties())
@@ -177,7 +189,11 @@ std::size_t TProjectRunner::TImpl::PlaceToResume()
 {
     const auto Place = Resume.Read();
     if (!Place)
+    {
+        ResumeLines.emplace_back("There is nothing to resume; this run begins with the first action");
         return 0;
+    }
+    TakeNotedSettings(*Place);
     const auto Same = [&](const TProjectAction& Action) { return Action.Name == Place->Name; };
     const auto Index = static_cast<std::size_t>(Place->Index) - 1;
     if (Index < Project.Actions.size() && Same(Project.Actions[Index]))
@@ -185,17 +201,55 @@ std::size_t TProjectRunner::TImpl::PlaceToResume()
     for (std::size_t Other = 0; Other < Project.Actions.size(); ++Other)
         if (Same(Project.Actions[Other]))
             return Other;
-    ResumeProblem = fmt::format("The action \"{}\" at which the last run ended is not in the project any more; "
-                                "this run begins with the first action",
-                                Place->Name);
+    ResumeLines.push_back(fmt::format("The action \"{}\" at which the last run ended is not in the project any more; "
+                                      "this run begins with the first action",
+                                      Place->Name));
     return 0;
+}
+
+/// What is given anew holds. Without a value that was not noted the run would be another one.
+void TProjectRunner::TImpl::TakeNotedSettings(const TResumeNote::TPlace& Place)
+{
+    const auto IsGiven = [Given = Options.Overrides](const std::string& Name) {
+        return std::any_of(Given.begin(), Given.end(),
+                           [&](const auto& Setting) { return Texts::Same(Setting.first, Name); });
+    };
+    for (const auto& [Name, Value] : Place.Settings)
+        if (IsGiven(Name))
+            ResumeLines.push_back(
+                fmt::format("The variable \"{}\" has the value given now, not that of the last run", Name));
+        else
+            Options.Overrides.emplace_back(Name, Value);
+    for (const std::string& Name : Place.Withheld)
+        if (!IsGiven(Name))
+            throw EUsageError(fmt::format("--resume: the value of the secret variable \"{0}\" was not noted; give it "
+                                          "again with --set {0}=VALUE",
+                                          Name));
+}
+
+/// No value that the log would mask is noted.
+void TProjectRunner::TImpl::NoteSettings()
+{
+    const std::vector<std::string> Secrets = Project.AllSecrets();
+    for (const auto& [Name, Value] : Options.Overrides)
+    {
+        std::string Buffer;
+        const bool IsSecret = Events.Mask().Apply(Value, Buffer) != Value ||
+                              std::any_of(Secrets.begin(), Secrets.end(), [&Same = Name](const std::string& Secret) {
+                                  return Texts::Same(Secret, Same);
+                              });
+        if (IsSecret)
+            Noted.Withheld.push_back(Name);
+        else
+            Noted.Settings.emplace_back(Name, Value);
+    }
 }
 
 bool TProjectRunner::TImpl::ValidateAll()
 {
     bool Valid = true;
     for (TProjectAction* Action : Selected)
-        if (!Runtime.FileError())
+        if (!Runtime.FileError() && IsWanted(*Action))
             Valid = ValidateAction(*Action) && Valid;
     return Valid;
 }
@@ -239,9 +293,9 @@ TRunResult TProjectRunner::TImpl::ValidateAndRun()
 
 void TProjectRunner::TImpl::RunAll()
 {
-    if (!ResumeProblem.empty())
-        Tell(ResumeProblem);
-    if (Selected.empty() && !Options.Only.empty())
+    for (const std::string& Line : ResumeLines)
+        Tell(Line);
+    if (Selected.empty() && !(Options.Only.empty() && Options.Groups.empty()))
         Tell("Nothing to run : the actions asked for are disabled or stand before the place to begin");
     for (TProjectAction* Action : Selected)
         RunOrSkip(*Action);
@@ -251,8 +305,12 @@ void TProjectRunner::TImpl::RunAll()
 
 void TProjectRunner::TImpl::RunOrSkip(TProjectAction& Action)
 {
-    if (Stopped || Termination::Requested() != 0)
-        Skip(Action);
+    if (Termination::Requested() != 0)
+        Skip(Action, "the run was ended");
+    else if (Stopped)
+        Skip(Action, "an earlier action failed");
+    else if (!IsWanted(Action))
+        Skip(Action, fmt::format("when {}", Action.When));
     else
         RunAction(Action);
 }
@@ -262,7 +320,8 @@ void TProjectRunner::TImpl::RunAction(TProjectAction& Action)
     Note(Action);
     Events.Handle(TActionStartedEvent{Action.Index, Action.Type, Action.Name});
     const TStopwatch Stopwatch;
-    const TActionRun Run{Action.Index, std::chrono::seconds(Action.TimeoutSeconds), Options.DryRun, &Events.Mask()};
+    const TActionRun Run{Action.Index, std::chrono::seconds(Action.TimeoutSeconds), Options.DryRun, &Events.Mask(),
+                         Action.Arguments};
     TRunContext Context(*Action.Object, Run, Variables, Events);
     const bool Succeeded = Execute(Action) && !Runtime.FileError();
     if (!Succeeded)
@@ -277,6 +336,11 @@ void TProjectRunner::TImpl::RunAction(TProjectAction& Action)
 bool TProjectRunner::TImpl::Execute(TProjectAction& Action)
 try
 {
+    if (const TActionTest Test = TestAction(Action.When, Variables); !Test.Reason.empty())
+    {
+        Events.Handle(TExpansionErrorEvent{Action.Index, "when", Test.Text, Test.Reason});
+        return false;
+    }
     return Action.Object->Execute();
 }
 catch (const std::exception& Error)
@@ -288,11 +352,16 @@ catch (const std::exception& Error)
     return false;
 }
 
-void TProjectRunner::TImpl::Skip(const TProjectAction& Action)
+bool TProjectRunner::TImpl::IsWanted(const TProjectAction& Action) const
+{
+    const TActionTest Test = TestAction(Action.When, Variables);
+    return Test.Holds || !Test.Reason.empty();
+}
+
+void TProjectRunner::TImpl::Skip(const TProjectAction& Action, std::string_view Reason)
 {
     ++Totals.Skipped;
-    Events.Handle(TActionEndedEvent{Action.Index, Action.Name, TActionResult::Skipped, 0,
-                                    Termination::Requested() != 0 ? "the run was ended" : "an earlier action failed"});
+    Events.Handle(TActionEndedEvent{Action.Index, Action.Name, TActionResult::Skipped, 0, Reason});
 }
 
 void TProjectRunner::TImpl::Count(const TProjectAction& Action, TActionResult ActionResult)
@@ -319,8 +388,10 @@ TRunResult TProjectRunner::TImpl::Result() const
 /// Once an action has failed the note stays: that is where a run that begins again has to begin.
 void TProjectRunner::TImpl::Note(const TProjectAction& Action)
 {
+    Noted.Index = Action.Index;
+    Noted.Name = Action.Name;
     if (Totals.Failed == 0)
-        TryNote([&] { Resume.Write({Action.Index, Action.Name}); });
+        TryNote([&] { Resume.Write(Noted); });
 }
 
 void TProjectRunner::TImpl::NoteSuccess()
@@ -351,6 +422,7 @@ TProjectRunner::~TProjectRunner() = default;
 TRunResult TProjectRunner::Validate()
 {
     const TFolderScope Scope(FImpl->Project.Folder);
+    SendFindings<THostWarningEvent>(FindUndefined(FImpl->Project, FImpl->Variables), FImpl->Events);
     if (FImpl->ValidateAll())
         return TRunResult::Success;
     FImpl->TellFileError();

@@ -15,6 +15,8 @@ struct TRunOptions
     TVariables::TPairs Overrides{};
     std::optional<std::string> From{};
     std::vector<std::string> Only{};
+    std::vector<std::string> Groups{}; ///< if there are any, no other actions
+    std::vector<std::string> SkipGroups{};
     bool Resume = false;
     bool KeepGoing = false;
     bool SkipValidation = false;

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "platform/HeldFile.h"
+#include "runtime/Variables.h"
 
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 /// Where the last run of a project stands: a small file in the user's state folder, there only while a run has
 /// not ended with success. Of two runs at the same time the first one has it, and the other one does without.
@@ -15,6 +17,8 @@ public:
     {
         int Index = 0;
         std::string Name;
+        TVariables::TPairs Settings{};       ///< the variables that the command line set
+        std::vector<std::string> Withheld{}; ///< names of those whose values are secret
     };
 
     /// Of the project with this absolute file name, or any other that leads to it.

@@ -43,7 +43,7 @@ std::string_view NameBeforePercent(std::string_view Text)
 class TExpander
 {
 public:
-    explicit TExpander(const TVariables& Variables) : FVariables(Variables) {}
+    TExpander(const TVariables& Variables, TUnknownVariables Unknown) : FVariables(Variables), FUnknown(Unknown) {}
 
     TExpansion Expand(std::string_view Text)
     {
@@ -124,6 +124,8 @@ private:
             return Append(Known->second.Text, Name);
         }
         TVariables::TValue Value = FVariables.Find(Name);
+        if (!Value.Found && FUnknown == TUnknownVariables::AreEmpty)
+            return true;
         if (!Value.Found)
             return Fail(fmt::format("unknown variable \"{}\"", Name));
         if (Value.IsLiteral)
@@ -151,6 +153,7 @@ private:
     }
 
     const TVariables& FVariables;
+    TUnknownVariables FUnknown;
     std::vector<TPending> FStack;
     std::unordered_map<std::string, TKnown> FKnown;
     std::size_t FWork = 0;
@@ -161,6 +164,20 @@ private:
 bool IsVariableName(std::string_view Name)
 {
     return !Name.empty() && NameLength(Name) == Name.size();
+}
+
+std::vector<std::string_view> VariablesIn(std::string_view Text)
+{
+    std::vector<std::string_view> Names;
+    for (std::size_t Percent = Text.find('%'); Percent != std::string_view::npos; Percent = Text.find('%'))
+    {
+        Text.remove_prefix(Percent + 1);
+        const std::string_view Name = NameBeforePercent(Text);
+        if (!Name.empty())
+            Names.push_back(Name);
+        Text.remove_prefix(!Name.empty() ? Name.size() + 1 : Text.starts_with('%') ? 1 : 0);
+    }
+    return Names;
 }
 
 TVariables::TMap TVariables::Index(const TPairs& Pairs)
@@ -183,9 +200,9 @@ TVariables::TValue TVariables::Find(std::string_view Name) const
     return Value;
 }
 
-TExpansion TVariables::Expand(std::string_view Text) const
+TExpansion TVariables::Expand(std::string_view Text, TUnknownVariables Unknown) const
 {
     if (Text.find('%') == std::string_view::npos)
         return {true, std::string(Text), {}};
-    return TExpander(*this).Expand(Text);
+    return TExpander(*this, Unknown).Expand(Text);
 }

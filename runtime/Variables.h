@@ -20,6 +20,12 @@ struct TExpansion
     std::string Reason; ///< names the variable
 };
 
+/// What becomes of a variable that no one defines.
+enum class TUnknownVariables { AreErrors, AreEmpty };
+
+/// The names of the variables that a text uses.
+[[nodiscard]] std::vector<std::string_view> VariablesIn(std::string_view Text);
+
 /// The variables of a run and the expansion of `%Name%`. Looked up in this order: overrides of the command line,
 /// the project's variables, the host's own, the environment. Names ignore case; of a name that one source gives
 /// twice the last value counts. Overrides and project variables may use variables; the host's own and the
@@ -36,7 +42,8 @@ public:
 
     /// Replaces the variables of Text, those in their values included. Variables that bring more than 16 MiB are a
     /// failure.
-    [[nodiscard]] TExpansion Expand(std::string_view Text) const;
+    [[nodiscard]] TExpansion Expand(std::string_view Text,
+                                    TUnknownVariables Unknown = TUnknownVariables::AreErrors) const;
 
     /// A variable's value as its source holds it.
     struct TValue

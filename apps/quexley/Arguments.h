@@ -16,7 +16,7 @@ struct TArguments
     std::string RegistryFile;
     std::string PackageFile;
     // Commands with a project.
-    std::string Project = ".";
+    std::string Project; ///< empty: the nearest one upwards
     TRunOptions Run;
     TLogFormat Format = TLogFormat::Text;
     TColourChoice Colour = TColourChoice::Auto;

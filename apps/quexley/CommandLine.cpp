@@ -75,11 +75,14 @@ void AddProjectArguments(CLI::App& App, TRawArguments& Raw)
 {
     TArguments& Arguments = Raw.Arguments;
     TRunOptions& Run = Arguments.Run;
-    App.add_option("PROJECT", Arguments.Project, "File, or folder that holds a quexley.toml; default: this folder")
+    App.add_option("PROJECT", Arguments.Project,
+                   "File, or folder that holds a quexley.toml; default: the nearest upwards")
         ->type_name("");
     AddTexts(App, "--set", "NAME=VALUE", Raw.Settings, "Set a variable (repeatable)");
     AddText(App, "--from", "N|NAME", Raw.From, "Begin with this action");
     AddTexts(App, "--only", "N|NAME", Run.Only, "Take only this action (repeatable)");
+    AddTexts(App, "--group", "NAME", Run.Groups, "Take only the actions of this group (repeatable)");
+    AddTexts(App, "--skip-group", "NAME", Run.SkipGroups, "Leave out the actions of this group (repeatable)");
     App.add_flag("--resume", Run.Resume, "Begin where the last run ended without success");
     App.add_flag("--keep-going", Run.KeepGoing, "Go on behind an action that failed");
     AddText(App, "--format", "text|json|github", Raw.Format, "Format of the log");

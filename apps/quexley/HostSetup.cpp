@@ -67,8 +67,10 @@ THostSetup::THostSetup(const TArguments& Arguments)
     const std::string Package =
         Arguments.PackageFile.empty() ? TModule::FileBesideProgram(PackageName) : FromHere(Arguments.PackageFile);
 
-    FRuntime.SetOptionsSource([File = FromHere(Arguments.OptionsFile)] {
-        return TOptionsFile::Load(File.empty() ? TOptionsFile::DefaultFileName() : File, !File.empty());
+    // What stores an option makes the file.
+    const bool MustExist = !Arguments.OptionsFile.empty() && (Arguments.Words.empty() || Arguments.Words[0] != "set");
+    FRuntime.SetOptionsSource([File = FromHere(Arguments.OptionsFile), MustExist] {
+        return TOptionsFile::Load(File.empty() ? TOptionsFile::DefaultFileName() : File, MustExist);
     });
     FRuntime.SetRegistrySource([this, Registry] { return LoadRegistry(RegistryFile(Registry)); });
     FRuntime.SetPackageSource([Package] { LoadPackage(Package); });

@@ -34,7 +34,8 @@ TQXDotNetAction::TQXDotNetAction()
             "Use a .NET version of its own and not the default of the options");
     PublishAccessors<std::string>(
         "SDKVersion", "The .NET version whose tool runs", [this] { return GetDefaultSDKVersion(); },
-        [this](const std::string& Version) { SetDefaultSDKVersion(Version); });
+        [this](const std::string& Version) { SetDefaultSDKVersion(Version); })
+        .StoredWhile([this] { return OverrideSDKDefault && FSDKVersion; });
     Publish("MinimumSDKVersion", MinimumSDKVersion, "Lowest .NET version with which the action works");
     PublishAccessors<TQXDotNetToolType>("DotNetToolType", "Folder of the .NET version in which the tool lies",
                                         [this] { return GetDotNetToolType(); });

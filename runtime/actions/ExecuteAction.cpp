@@ -1,10 +1,26 @@
 #include "host/QXExecuteAction.h"
 
 #include "platform/Files.h"
+#include "runtime/Runtime.h"
 #include "runtime/actions/Process.h"
+#include "runtime/actions/RunContext.h"
 
 namespace
 {
+/// Adds what the project says of the tool's arguments.
+bool AddProjectArguments(const TCustomQXAction& Action, ICommandLineBuilder& Builder)
+{
+    const TRunContext* Running = TQXRuntime::RunningAction();
+    std::string Text;
+    if (!Running || Running->Run().Arguments.empty())
+        return true;
+    if (!Action.TryExpandExpression("arguments", Running->Run().Arguments, Text, false))
+        return false;
+    if (!Text.empty())
+        Builder.AddArgument(Text);
+    return true;
+}
+
 /// Runs the prepared process and has the action judge how it ended.
 bool RunTool(TQXExecuteAbstractAction& Action, TQXProcess& Process)
 try
@@ -30,7 +46,7 @@ bool TQXExecuteAbstractAction::Execute()
     if (!BeforeGetCommandLine())
         return false;
     const auto Builder = CreateCommandLineBuilder();
-    if (!GetCommandLine(*Builder) || !AfterGetCommandLine())
+    if (!GetCommandLine(*Builder) || !AfterGetCommandLine() || !AddProjectArguments(*this, *Builder))
         return false;
     const std::string Exe = GetExecutable();
     if (Exe.empty() || !Files::FileExists(Exe))

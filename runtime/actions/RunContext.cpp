@@ -8,6 +8,16 @@
 
 #include <fmt/format.h>
 
+namespace
+{
+std::string WhyEmpty(std::string_view Expression)
+{
+    const std::vector<std::string_view> Names = VariablesIn(Expression);
+    return Names.empty() ? "the result is empty"
+                         : fmt::format("the result is empty, as the variable \"{}\" is", Names.front());
+}
+} // namespace
+
 TRunContext::TRunContext(TCustomQXAction& Action, TActionRun Run, const TVariables& Variables, IRunEvents& Events)
     : FAction(Action), FRun(std::move(Run)), FVariables(Variables), FEvents(Events), FRuntime(TQXRuntime::Current()),
       FOuter(FRuntime.SetRunningAction(this))
@@ -46,7 +56,7 @@ bool TRunContext::TryExpandExpression(std::string_view Label, std::string_view E
     PassTermination();
     TExpansion Expansion = FVariables.Expand(Expression);
     if (Expansion.Succeeded && Required && Expansion.Text.empty())
-        Expansion = {false, {}, "the result is empty"};
+        Expansion = {false, {}, WhyEmpty(Expression)};
     if (Expansion.Succeeded)
         Value = std::move(Expansion.Text);
     else

@@ -16,6 +16,7 @@ struct TActionRun
     std::chrono::seconds TimeLimit{0}; ///< of each of its processes; 0: none
     bool DryRun = false;
     const TSecretMask* Secrets = nullptr; ///< null: there are none
+    std::string Arguments{};              ///< to be put behind those of its tool
 };
 
 /// The host's side of one action while it runs: turns what the action does into events. It is the running action of

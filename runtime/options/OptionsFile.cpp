@@ -36,6 +36,10 @@ std::string StoredText(const TQXProperty& Property, const TQXPropertyValue& Valu
     const auto& Names = Property.Elements;
     return std::to_string(std::find(Names.begin(), Names.end(), std::get<std::string>(Value)) - Names.begin());
 }
+TOptionsFile::TEntry EntryOf(const TTomlEntry& Entry)
+{
+    return {Entry.Key, static_cast<int>(Entry.Position.Line), static_cast<int>(Entry.Position.Column)};
+}
 } // namespace
 
 struct TOptionsFile::TImpl
@@ -99,6 +103,20 @@ TOptionsFile TOptionsFile::Load(const std::string& FileName, bool MustExist)
         throw EHostFileError({.File = FileName, .Message = Error.Reason});
     }
     return Parse(FileName, Text);
+}
+
+std::vector<TOptionsFile::TEntry> TOptionsFile::Tables() const
+{
+    std::vector<TEntry> Tables;
+    for (const TTomlEntry& Table : FImpl->Document.Root().Entries)
+    {
+        if (Table.Key == "host" || Table.Key == "dotnet")
+            continue;
+        Tables.push_back(EntryOf(Table));
+        for (const TTomlEntry& Setting : Table.Value.Entries)
+            Tables.back().Settings.push_back(EntryOf(Setting));
+    }
+    return Tables;
 }
 
 TOptionsFile TOptionsFile::Parse(const std::string& FileName, std::string_view Text)

@@ -24,6 +24,11 @@ TTomlWish Wish(std::string_view Key, bool IsUnchanged, bool IsDefault, TMakeValu
     return {TKind::Write, std::string(Key), MakeValue()};
 }
 
+TTomlWish TextWish(std::string_view Key, const std::string* Old, const std::string& Text)
+{
+    return Wish(Key, Old && *Old == Text, Text.empty(), [&] { return TomlText::String(Text); });
+}
+
 std::vector<TTomlWish> HostKeyWishes(const TProjectAction& Action, const TProjectAction* Old,
                                      const std::string& DefaultName)
 {
@@ -37,7 +42,29 @@ std::vector<TTomlWish> HostKeyWishes(const TProjectAction& Action, const TProjec
              [&] { return TomlText::String(OnFailureNames[static_cast<std::size_t>(Action.OnFailure)]); }),
         Wish("timeout", Old && Old->TimeoutSeconds == Action.TimeoutSeconds, Action.TimeoutSeconds == 0,
              [&] { return std::to_string(Action.TimeoutSeconds); }),
+        TextWish("group", Old ? &Old->Group : nullptr, Action.Group),
+        TextWish("when", Old ? &Old->When : nullptr, Action.When),
+        TextWish("arguments", Old ? &Old->Arguments : nullptr, Action.Arguments),
     };
+}
+
+template <typename TMakeText>
+std::vector<TTomlWish> PairWishes(const TVariables::TPairs& Pairs, const TVariables::TPairs& Original,
+                                  TMakeText MakeText)
+{
+    std::unordered_map<std::string_view, std::string_view> Old(Original.begin(), Original.end());
+    std::vector<TTomlWish> Wishes;
+    for (const auto& [Name, Value] : Pairs)
+    {
+        const auto Known = Old.find(Name);
+        Wishes.push_back(Wish(Name, Known != Old.end() && Known->second == Value, false,
+                              [&, &Text = Value] { return MakeText(Text); }));
+        if (Known != Old.end())
+            Old.erase(Known);
+    }
+    for (const auto& [Name, Value] : Old)
+        Wishes.push_back({TKind::Remove, std::string(Name), {}});
+    return Wishes;
 }
 
 /// Decides property after property whether it has to be written, on an object that is restored along the way
@@ -59,7 +86,7 @@ public:
         const bool IsUnchanged = Entry && FStored.Action->Object->Properties()[Index].Read() == Value;
         if (IsUnchanged)
             Restore(*Entry, Replayed);
-        if (IsUnchanged || Replayed.Read() == Value)
+        if (IsUnchanged || (Replayed.Read() == Value && !Property.IsAlwaysStored()))
             return {IsUnchanged || !Entry ? TKind::Keep : TKind::Remove, std::string(Property.Name), {}};
         Replayed.Write(Value);
         return {TKind::Write, std::string(Property.Name), TomlText::Value(Property.Type, Value, FLineEnd)};
@@ -89,21 +116,15 @@ std::vector<TTomlWish> ProjectWishes(const TProject& Project, const TProject& Or
     };
 }
 
-std::vector<TTomlWish> VariableWishes(const TProject& Project, const TProject& Original)
+std::vector<TTomlWish> VariableWishes(const TVariables::TPairs& Variables, const TVariables::TPairs& Original)
 {
-    std::unordered_map<std::string_view, std::string_view> Old(Original.Variables.begin(), Original.Variables.end());
-    std::vector<TTomlWish> Wishes;
-    for (const auto& [Name, Value] : Project.Variables)
-    {
-        const auto Known = Old.find(Name);
-        Wishes.push_back(Wish(Name, Known != Old.end() && Known->second == Value, false,
-                              [&Text = Value] { return TomlText::String(Text); }));
-        if (Known != Old.end())
-            Old.erase(Known);
-    }
-    for (const auto& [Name, Value] : Old)
-        Wishes.push_back({TKind::Remove, std::string(Name), {}});
-    return Wishes;
+    return PairWishes(Variables, Original, &TomlText::String);
+}
+
+std::vector<TTomlWish> ProjectScriptWishes(const TProject& Project, const TProject& Original, std::string_view LineEnd)
+{
+    return PairWishes(Project.Scripts, Original.Scripts,
+                      [&](const std::string& Text) { return TomlText::Lines(Text, LineEnd); });
 }
 
 std::vector<TTomlWish> ActionWishes(const TProjectAction& Action, TStoredAction Stored, std::string_view LineEnd)

@@ -11,7 +11,11 @@
 /// For `[project]`.
 [[nodiscard]] std::vector<TTomlWish> ProjectWishes(const TProject& Project, const TProject& Original);
 /// For `[variables]`.
-[[nodiscard]] std::vector<TTomlWish> VariableWishes(const TProject& Project, const TProject& Original);
+[[nodiscard]] std::vector<TTomlWish> VariableWishes(const TVariables::TPairs& Variables,
+                                                    const TVariables::TPairs& Original);
+/// For `[scripts]`.
+[[nodiscard]] std::vector<TTomlWish> ProjectScriptWishes(const TProject& Project, const TProject& Original,
+                                                         std::string_view LineEnd);
 
 /// An action as its table held it; both null for an action that has none.
 struct TStoredAction

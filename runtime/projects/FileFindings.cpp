@@ -33,18 +33,22 @@ void TFileFindings::AddWrongType(const TTomlNode& Value, std::string_view Name, 
     Add(Value.Begin, fmt::format("\"{}\" expects {}, not {}", Name, Expected, TomlKindName(Value.Kind)));
 }
 
-void TFileFindings::ThrowIfAny() const
+std::vector<THostFinding> TFileFindings::Sorted() const
 {
-    if (FFindings.empty())
-        return;
-    auto Sorted = FFindings;
-    std::stable_sort(Sorted.begin(), Sorted.end(),
+    auto InOrder = FFindings;
+    std::stable_sort(InOrder.begin(), InOrder.end(),
                      [](const auto& Left, const auto& Right) { return Left.first < Right.first; });
     std::vector<THostFinding> Findings;
-    Findings.reserve(Sorted.size());
-    for (const auto& [Position, Text] : Sorted)
+    Findings.reserve(InOrder.size());
+    for (const auto& [Position, Text] : InOrder)
         Findings.push_back(MakeFinding(FFile, Position, Text));
-    throw EHostFileError(std::move(Findings));
+    return Findings;
+}
+
+void TFileFindings::ThrowIfAny() const
+{
+    if (!FFindings.empty())
+        throw EHostFileError(Sorted());
 }
 
 std::string QuotedNames(std::span<const std::string_view> Names)

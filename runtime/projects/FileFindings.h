@@ -20,7 +20,9 @@ public:
     void Add(TTomlPosition Position, std::string Message);
     /// Adds that a value is of another type than the key Name wants; Expected as in "a string".
     void AddWrongType(const TTomlNode& Value, std::string_view Name, std::string_view Expected);
-    /// Throws EHostFileError with all findings in the order of the file.
+    /// All findings in the order of the file.
+    [[nodiscard]] std::vector<THostFinding> Sorted() const;
+    /// Throws EHostFileError with them.
     void ThrowIfAny() const;
 
 private:

@@ -1,12 +1,15 @@
 #include "runtime/projects/ProjectReader.h"
 
+#include "host/QXExecuteAction.h"
 #include "host/QXServices.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 #include "runtime/NearestName.h"
 #include "runtime/Variables.h"
+#include "runtime/projects/Condition.h"
 #include "runtime/projects/FileFindings.h"
+#include "runtime/projects/StringPlaces.h"
 #include "runtime/projects/ValueReader.h"
 
 #include <algorithm>
@@ -15,7 +18,7 @@
 
 namespace
 {
-constexpr std::array<std::string_view, 3> RootKeys{"project", "variables", "action"};
+constexpr std::array<std::string_view, 5> RootKeys{"include", "project", "variables", "scripts", "action"};
 
 bool IsOneOf(std::string_view Name, std::span<const std::string_view> Names)
 {
@@ -26,14 +29,18 @@ bool IsOneOf(std::string_view Name, std::span<const std::string_view> Names)
 class TReader
 {
 public:
-    TReader(TProject& Project, std::string FileName, TFileFindings& Findings)
-        : FProject(Project), FFileName(std::move(FileName)), FFindings(Findings), FValues(Findings)
+    TReader(TProjectPart& Part, const TTomlDocument& Document, std::string FileName, TFileFindings& Findings)
+        : FProject(Part.Content), FIncludes(Part.Includes), FDocument(Document), FFileName(std::move(FileName)),
+          FFindings(Findings), FValues(Findings)
     {}
 
     void ReadRoot(const TTomlNode& Root);
 
 private:
+    void ReadTable(std::string_view Key, const TTomlNode& Table);
+    void ReadIncludes(const TTomlEntry& Entry);
     void ReadProjectTable(const TTomlNode& Table);
+    void ReadProjectScripts(const TTomlNode& Table);
     void ReadSecrets(const TTomlEntry& Entry);
     void ReadVariables(const TTomlNode& Table);
     void ReadVariable(const TTomlEntry& Entry);
@@ -41,12 +48,16 @@ private:
     TProjectAction ReadAction(const TTomlNode& Table);
     const TQXActionRegistration* FindType(const TTomlNode& Table);
     void ReadHostKey(const TTomlEntry& Entry, TProjectAction& Action);
+    [[nodiscard]] std::string ReadWhen(const TTomlEntry& Entry);
+    [[nodiscard]] std::string ReadArguments(const TTomlEntry& Entry, const TProjectAction& Action);
     void ReadProperties(const TTomlNode& Table, const TProjectAction& Action);
     void ReadScripts(const TTomlNode& Table, const TProjectAction& Action);
     void AddUnknownKey(const TTomlEntry& Entry, const TProjectAction& Action);
     void AddUnknownScript(const TTomlEntry& Entry, const TProjectAction& Action);
 
     TProject& FProject;
+    std::vector<TProjectInclude>& FIncludes;
+    const TTomlDocument& FDocument;
     std::string FFileName; ///< as the user named it
     TFileFindings& FFindings;
     TValueReader FValues;
@@ -61,8 +72,43 @@ void TReader::ReadRoot(const TTomlNode& Root)
         else if (!IsOneOf(Entry.Key, RootKeys))
             FFindings.Add(Entry.Position,
                           fmt::format("a project has no \"{}\"{}", Entry.Key, DidYouMean(Entry.Key, RootKeys)));
+        else if (Entry.Key == "include")
+            ReadIncludes(Entry);
         else if (const TTomlNode* Table = FValues.Table(Entry))
-            Entry.Key == "project" ? ReadProjectTable(*Table) : ReadVariables(*Table);
+            ReadTable(Entry.Key, *Table);
+}
+
+void TReader::ReadTable(std::string_view Key, const TTomlNode& Table)
+{
+    if (Key == "project")
+        ReadProjectTable(Table);
+    else if (Key == "variables")
+        ReadVariables(Table);
+    else
+        ReadProjectScripts(Table);
+}
+
+void TReader::ReadIncludes(const TTomlEntry& Entry)
+{
+    const auto Names = FValues.Strings(Entry);
+    for (std::size_t Index = 0; Names && Index < Names->size(); ++Index)
+        FIncludes.push_back({(*Names)[Index], Entry.Value.Items[Index].Begin});
+}
+
+/// Whatever an action of any class declares may be named, also where none of the project's does.
+void TReader::ReadProjectScripts(const TTomlNode& Table)
+{
+    std::vector<std::string> Known;
+    for (const TQXActionRegistration& Registration : QXActionServices().Actions())
+        for (const auto& Script : Registration.ActionClass.Create()->Scripts())
+            Known.push_back(Script->Name());
+    const std::vector<std::string_view> Names(Known.begin(), Known.end());
+    for (const TTomlEntry& Entry : Table.Entries)
+        if (!IsOneOf(Entry.Key, Names))
+            FFindings.Add(Entry.Position,
+                          fmt::format("no action has a script \"{}\"{}", Entry.Key, DidYouMean(Entry.Key, Names)));
+        else if (auto Text = FValues.String(Entry))
+            FProject.Scripts.emplace_back(Entry.Key, std::move(*Text));
 }
 
 void TReader::ReadProjectTable(const TTomlNode& Table)
@@ -184,9 +230,36 @@ void TReader::ReadHostKey(const TTomlEntry& Entry, TProjectAction& Action)
             FValues.Element(Entry, OnFailureNames) == "continue" ? TOnFailure::Continue : TOnFailure::Stop;
     else if (Entry.Key == "timeout")
         Action.TimeoutSeconds = FValues.Integer(Entry, 0).value_or(0);
+    else if (Entry.Key == "group")
+        Action.Group = FValues.String(Entry).value_or(std::string());
+    else if (Entry.Key == "when")
+        Action.When = ReadWhen(Entry);
+    else if (Entry.Key == "arguments")
+        Action.Arguments = ReadArguments(Entry, Action);
     else if (Entry.Key == "scripts")
         if (const TTomlNode* Table = FValues.Table(Entry))
             ReadScripts(*Table, Action);
+}
+
+std::string TReader::ReadWhen(const TTomlEntry& Entry)
+try
+{
+    const std::string When = FValues.String(Entry).value_or(std::string());
+    if (Entry.Value.Kind == TTomlKind::String)
+        CheckCondition(When);
+    return When;
+}
+catch (const EConditionError& Error)
+{
+    FFindings.Add(PlaceInString(FDocument, Entry.Value, Error.Offset), fmt::format("\"when\": {}", Error.what()));
+    return {};
+}
+
+std::string TReader::ReadArguments(const TTomlEntry& Entry, const TProjectAction& Action)
+{
+    if (Action.Object && !dynamic_cast<const TQXExecuteAbstractAction*>(Action.Object.get()))
+        FFindings.Add(Entry.Position, fmt::format("{} runs no tool that could take \"arguments\"", Action.Type));
+    return FValues.String(Entry).value_or(std::string());
 }
 
 /// Restores in the order of declaration: the accessors of some properties look at earlier ones.
@@ -257,16 +330,14 @@ void TReader::AddUnknownScript(const TTomlEntry& Entry, const TProjectAction& Ac
 }
 } // namespace
 
-TProject ReadProject(const TTomlDocument& Document, const std::string& FileName)
+TProjectPart ReadProjectPart(const TTomlDocument& Document, const std::string& FileName, TFileFindings& Findings)
 {
-    TProject Project;
-    Project.File = Paths::Expand(FileName, Files::CurrentFolder());
-    Project.Folder = Paths::WithoutTrailing(Paths::Folder(Project.File));
-    Project.Name = DefaultProjectName(Project);
-    TFileFindings Findings(FileName);
-    TReader(Project, FileName, Findings).ReadRoot(Document.Root());
-    Findings.ThrowIfAny();
-    return Project;
+    TProjectPart Part;
+    Part.Content.File = Paths::Expand(FileName, Files::CurrentFolder());
+    Part.Content.Folder = Paths::WithoutTrailing(Paths::Folder(Part.Content.File));
+    Part.Content.Name = DefaultProjectName(Part.Content);
+    TReader(Part, Document, FileName, Findings).ReadRoot(Document.Root());
+    return Part;
 }
 
 std::string DefaultProjectName(const TProject& Project)

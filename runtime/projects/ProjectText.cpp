@@ -27,7 +27,7 @@ private:
     [[nodiscard]] bool IsEmptied(const TTomlSection& Section, const std::string& Edited) const;
     void AddSection(std::size_t Place);
     void AddBlock(const TActionBlock& Block);
-    void AddVariablesOnce();
+    void AddTablesOnce();
     void AddBlocksToNextOriginal();
 
     const TTomlEditor& FEditor;
@@ -38,7 +38,7 @@ private:
     std::vector<std::vector<std::size_t>> FPlaces;             ///< of an action: its sections
     std::vector<bool> FIsKept;                                 ///< of an action
     std::size_t FNextBlock = 0;
-    bool FHasVariables = false;
+    bool FHasTables = false;
 };
 
 void TAssembler::MapSections(std::span<const TTomlNode> Tables)
@@ -81,14 +81,14 @@ std::string TAssembler::Assemble()
             AddSection(Place);
         else if (FIsKept[Owner->second])
         {
-            AddVariablesOnce();
+            AddTablesOnce();
             if (!IsMoving)
                 AddSection(Place);
             else if (Place == FPlaces[Owner->second].front())
                 AddBlocksToNextOriginal();
         }
     }
-    AddVariablesOnce();
+    AddTablesOnce();
     for (std::size_t Index = IsMoving ? FNextBlock : 0; Index < FBlocks.Actions.size(); ++Index)
         if (!FBlocks.Actions[Index].Original)
             AddBlock(FBlocks.Actions[Index]);
@@ -118,11 +118,12 @@ void TAssembler::AddBlock(const TActionBlock& Block)
             AddSection(Place);
 }
 
-void TAssembler::AddVariablesOnce()
+void TAssembler::AddTablesOnce()
 {
-    if (!FHasVariables)
-        FJoiner.AddNew(FBlocks.NewVariables);
-    FHasVariables = true;
+    if (!FHasTables)
+        for (const std::string* Table : {&FBlocks.NewVariables, &FBlocks.NewScripts})
+            FJoiner.AddNew(*Table);
+    FHasTables = true;
 }
 
 void TAssembler::AddBlocksToNextOriginal()

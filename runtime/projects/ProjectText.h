@@ -25,6 +25,7 @@ struct TProjectBlocks
 {
     std::string NewProject;
     std::string NewVariables;
+    std::string NewScripts;
     std::vector<TActionBlock> Actions;
 };
 

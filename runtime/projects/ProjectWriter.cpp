@@ -34,13 +34,22 @@ struct TActionPlan
     }
 };
 
-/// Edits the text of one project. Tables that exist are edited in place; what is new gets sections of its own.
+TProject ReadAgain(const TTomlDocument& Document, const TProjectFile& File)
+{
+    TFileFindings Findings(File.Name);
+    TProject Project = ReadProjectPart(Document, File.Path, Findings).Content;
+    Findings.ThrowIfAny();
+    return Project;
+}
+
+/// Edits the text of one file of a project. Tables that exist are edited in place; what is new gets sections of its
+/// own.
 class TWriter
 {
 public:
-    TWriter(const TProject& Project, const std::string& Text)
-        : FProject(Project), FDocument(Project.File, Text), FOriginal(ReadProject(FDocument, Project.File)),
-          FEditor(FDocument), FActions(FDocument.Root().Find("action"))
+    TWriter(const TProject& Project, const TProjectFile& File, bool IsIncluded)
+        : FProject(Project), FFile(File), FIsIncluded(IsIncluded), FDocument(File.Name, File.Text),
+          FOriginal(ReadAgain(FDocument, File)), FEditor(FDocument), FActions(FDocument.Root().Find("action"))
     {}
 
     std::string Write();
@@ -48,6 +57,7 @@ public:
 private:
     [[nodiscard]] std::string EditTable(std::string_view Key, const std::vector<TTomlWish>& Wishes);
     void PlanActions(bool AsNew);
+    [[nodiscard]] bool IsOfFile(const TProjectAction& Action) const;
     [[nodiscard]] std::optional<std::size_t> Claim(const TProjectAction& Action);
     [[nodiscard]] bool AreActionsInline() const;
     [[nodiscard]] bool IsPlanUnchanged() const;
@@ -56,6 +66,8 @@ private:
     [[nodiscard]] std::string NewAction(const TActionPlan& Plan) const;
 
     const TProject& FProject;
+    const TProjectFile& FFile;
+    bool FIsIncluded;
     TTomlDocument FDocument;
     TProject FOriginal;
     TTomlEditor FEditor;
@@ -67,8 +79,12 @@ private:
 std::string TWriter::Write()
 {
     TProjectBlocks Blocks;
-    Blocks.NewProject = EditTable("project", ProjectWishes(FProject, FOriginal));
-    Blocks.NewVariables = EditTable("variables", VariableWishes(FProject, FOriginal));
+    if (!FIsIncluded)
+    {
+        Blocks.NewProject = EditTable("project", ProjectWishes(FProject, FOriginal));
+        Blocks.NewVariables = EditTable("variables", VariableWishes(FProject.Variables, FOriginal.Variables));
+        Blocks.NewScripts = EditTable("scripts", ProjectScriptWishes(FProject, FOriginal, FDocument.LineEnd()));
+    }
     PlanActions(false);
     std::span<const TTomlNode> Tables;
     if (AreActionsInline())
@@ -108,6 +124,8 @@ void TWriter::PlanActions(bool AsNew)
     FIsClaimed.assign(FOriginal.Actions.size(), false);
     for (const TProjectAction& Action : FProject.Actions)
     {
+        if (!IsOfFile(Action))
+            continue;
         const std::optional<std::size_t> Original = AsNew ? std::nullopt : Claim(Action);
         TStoredAction Stored;
         if (Original)
@@ -117,10 +135,15 @@ void TWriter::PlanActions(bool AsNew)
     }
 }
 
+bool TWriter::IsOfFile(const TProjectAction& Action) const
+{
+    return FIsIncluded ? Action.File == FFile.Name : !FProject.IsIncluded(Action);
+}
+
 /// The file's action that this one was, unless another has taken its place.
 std::optional<std::size_t> TWriter::Claim(const TProjectAction& Action)
 {
-    const auto Place = static_cast<std::size_t>(Action.Index) - 1;
+    const auto Place = static_cast<std::size_t>(Action.Index) - 1 - FFile.FirstAction;
     if (Action.Index < 1 || Place >= FIsClaimed.size() || FIsClaimed[Place] ||
         FOriginal.Actions[Place].Type != Action.Type)
         return {};
@@ -180,7 +203,7 @@ std::string TWriter::NewAction(const TActionPlan& Plan) const
 }
 } // namespace
 
-std::string WriteProject(const TProject& Project, const std::string& Text)
+std::string WriteProjectFile(const TProject& Project, const TProjectFile& File, bool IsIncluded)
 {
-    return TWriter(Project, Text).Write();
+    return TWriter(Project, File, IsIncluded).Write();
 }

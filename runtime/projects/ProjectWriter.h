@@ -4,5 +4,6 @@
 
 #include <string>
 
-/// The text of a project that was read from Text, with what changed since.
-[[nodiscard]] std::string WriteProject(const TProject& Project, const std::string& Text);
+/// The text of a file of the project with what changed since it was read. Of an included file that is its actions; the
+/// project file also has the actions of which no file is known.
+[[nodiscard]] std::string WriteProjectFile(const TProject& Project, const TProjectFile& File, bool IsIncluded);

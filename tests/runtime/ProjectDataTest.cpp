@@ -59,6 +59,10 @@ protected:
             return Action.OnFailure = Value == "stop" ? TOnFailure::Stop : TOnFailure::Continue, true;
         if (Line.Word == "timeout")
             return Action.TimeoutSeconds = std::stoi(Value), true;
+        for (const auto& [Word, Text] : {std::pair("group", &Action.Group), std::pair("when", &Action.When),
+                                         std::pair("arguments", &Action.Arguments)})
+            if (Line.Word == Word)
+                return *Text = Value, true;
         return false;
     }
 

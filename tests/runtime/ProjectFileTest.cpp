@@ -133,9 +133,15 @@ TEST_F(ProjectFile, IsFoundByFileOrFolderOrSaysWhatItLookedFor)
     EXPECT_EQ(Files::Read(Project.File), "[[action]]\ntype = 'TPlainAction'\nname = \"Named\"\n");
     EXPECT_EQ(TProject::Load(Project.File).Actions[0].Name, "Named");
 
+    const std::string Before = Files::CurrentFolder();
+    Files::SetCurrentFolder((Folder / "Acme" / "empty").string());
+    EXPECT_EQ(TProject::Load("").File, Project.File);
+    Files::SetCurrentFolder(Before);
+
     for (const auto& [Path, Message] :
          {std::pair{(Folder / "none.toml").string(), "there is no such project file or folder"},
-          std::pair{(Folder / "Acme" / "empty").string(), "the folder holds no project file"}})
+          std::pair{(Folder / "Acme" / "empty").string(),
+                    "the folder holds no project file; \"quexley init\" makes one"}})
         try
         {
             static_cast<void>(TProject::Load(Path));
@@ -146,6 +152,32 @@ TEST_F(ProjectFile, IsFoundByFileOrFolderOrSaysWhatItLookedFor)
             EXPECT_TRUE(std::string(Error.what()).starts_with(Path) && std::string(Error.what()).ends_with(Message))
                 << Error.what();
         }
+}
+
+TEST_F(ProjectFile, SavesEachActionWhereItStands)
+{
+    const TTempFolder Temp;
+    const std::string Common = "[[action]]\ntype = 'TPlainAction'\n\n[[action]]\ntype = 'TSampleAction'\n";
+    const std::string Main = "include = ['a.toml', 'b.toml'] # both\n[[action]]\ntype = 'TPlainAction'\n";
+    Temp.Write("common.toml", Common);
+    Temp.Write("a.toml", "include = ['common.toml']");
+    Temp.Write("b.toml", "include = ['common.toml']\n[[action]]\ntype = 'TPlainAction'\nname = 'b'\n");
+    Temp.Write("quexley.toml", Main);
+    TProject Project = TProject::Load(Temp.Path());
+    ASSERT_EQ(Project.Actions.size(), 4U);
+    Project.Actions[1].Name = "changed";
+    Project.Actions.erase(Project.Actions.begin());
+    Project.Actions.insert(Project.Actions.begin(), NewAction("TPlainAction", "new"));
+    for (int Round = 0; Round < 2; ++Round)
+    {
+        Project.Save();
+        EXPECT_EQ(Files::Read(Temp / "common.toml"), "[[action]]\ntype = 'TSampleAction'\nname = \"changed\"\n");
+        EXPECT_EQ(Files::Read(Temp / "a.toml"), "include = ['common.toml']");
+        EXPECT_TRUE(Files::Read(Temp / "quexley.toml").starts_with(Main));
+        const TProject Again = TProject::Load(Temp.Path());
+        EXPECT_EQ(Dump(Again), Dump(Project));
+        EXPECT_EQ(Again.Actions.back().Name, "new");
+    }
 }
 
 /// Texts that are hard to write down, and ordinary ones.

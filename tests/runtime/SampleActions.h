@@ -27,8 +27,9 @@ public:
         PublishAccessors<int>("Length", "Length of the text", [this] { return static_cast<int>(Text.size()); });
         Publish("Override", Override, "Use a version of its own");
         PublishAccessors<std::string>(
-            "Version", "The version in use", [this] { return Override ? Version : DefaultVersion; },
-            [this](const std::string& Value) { Version = Override ? Value : DefaultVersion; });
+            "Version", "The version in use", [this] { return Override && !Version.empty() ? Version : DefaultVersion; },
+            [this](const std::string& Value) { Version = Override ? Value : DefaultVersion; })
+            .StoredWhile([this] { return Override && !Version.empty(); });
         AddScript("OnStart");
         AddScript("OnEnd");
     }

@@ -1,4 +1,5 @@
 #include "runtime/Variables.h"
+#include "runtime/ActionTest.h"
 #include "tests/DataFile.h"
 
 #include <gtest/gtest.h>
@@ -41,6 +42,16 @@ TEST(Variables, NamesTheVariableThatFails)
         const TExpansion Expansion = Sample().Expand(Row[0]);
         EXPECT_FALSE(Expansion.Succeeded);
         return TColumns{Expansion.Reason};
+    });
+}
+
+TEST(Variables, DecideTests)
+{
+    TVariables Variables;
+    Variables.SetProjectVariables({{"A", "x"}, {"B", "b c"}, {"No", "NO"}, {"Empty", ""}, {"Loop", "%Loop%"}});
+    CheckTable("conditions", "conditions", [&](const TColumns& Row) {
+        const TActionTest Found = TestAction(Row[0], Variables);
+        return TColumns{!Found.Reason.empty() ? Found.Reason : Found.Holds ? "yes" : "no"};
     });
 }
 

@@ -1,6 +1,7 @@
 #include "apps/quexley/commands/ProjectSchema.h"
 
 #include "apps/quexley/commands/PropertyTexts.h"
+#include "host/QXExecuteAction.h"
 #include "host/QXServices.h"
 #include "runtime/projects/ProjectReader.h"
 #include "runtime/properties/ValueCheck.h"
@@ -53,6 +54,8 @@ TJson HostKeys(const TQXActionRegistration& Registration)
             {"name", {{"type", "string"}, {"default", Registration.DisplayName}}},
             {"enabled", {{"type", "boolean"}, {"default", true}}},
             {"on_failure", {{"enum", OnFailureNames}, {"default", OnFailureNames[0]}}},
+            {"group", {{"type", "string"}}},
+            {"when", {{"type", "string"}, {"minLength", 1}}},
             {"timeout", {{"type", "integer"}, {"minimum", 0}, {"maximum", std::numeric_limits<int>::max()}}}};
 }
 
@@ -107,12 +110,24 @@ TJson ScriptsTable(const TCustomQXAction& Action)
     return ClosedObject(std::move(Properties));
 }
 
+/// The scripts of all classes.
+TJson ProjectScriptsTable()
+{
+    TJson Properties = TJson::object();
+    for (const TQXActionRegistration& Registration : QXActionServices().Actions())
+        for (const auto& Script : Registration.ActionClass.Create()->Scripts())
+            Properties[Script->Name()] = {{"type", "string"}};
+    return ClosedObject(std::move(Properties));
+}
+
 TJson ActionTable(const TQXActionRegistration& Registration)
 {
     const std::unique_ptr<TCustomQXAction> Action = Registration.ActionClass.Create();
     TStringList Hidden;
     Action->GetHiddenProperties(Hidden);
     TJson Properties = HostKeys(Registration);
+    if (dynamic_cast<const TQXExecuteAbstractAction*>(Action.get()))
+        Properties["arguments"] = {{"type", "string"}};
     for (const TQXProperty& Property : Action->Properties())
         if (Property.IsPersisted())
         {
@@ -132,8 +147,11 @@ TJson ActionTable(const TQXActionRegistration& Registration)
 nlohmann::ordered_json ProjectSchema()
 {
     TJson Result = {{"$schema", "https://json-schema.org/draft/2020-12/schema"}, {"title", "Quexley project"}};
-    Result.update(
-        ClosedObject({{"project", ProjectTable()}, {"variables", VariablesTable()}, {"action", ActionTables()}}));
+    Result.update(ClosedObject({{"include", {{"type", "array"}, {"items", {{"type", "string"}}}}},
+                                {"project", ProjectTable()},
+                                {"variables", VariablesTable()},
+                                {"scripts", ProjectScriptsTable()},
+                                {"action", ActionTables()}}));
     TJson Definitions = TJson::object();
     for (const TQXActionRegistration& Registration : QXActionServices().Actions())
         Definitions[Registration.ActionClass.ClassName] = ActionTable(Registration);

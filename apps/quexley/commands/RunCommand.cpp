@@ -5,6 +5,8 @@
 #include "platform/Processes.h"
 #include "runtime/ProjectRunner.h"
 #include "runtime/Runtime.h"
+#include "runtime/log/HostEvents.h"
+#include "runtime/options/UnknownOptions.h"
 
 #include <exception>
 #include <string>
@@ -35,7 +37,8 @@ int ExitCode(TRunResult Result)
 /// The files that say what a run does.
 std::vector<std::string> InputsOf(const TArguments& Arguments, const TProject& Project, const TOptionsFile& Options)
 {
-    std::vector<std::string> Result = {Project.File, Options.FileName(), Arguments.RegistryFile, Arguments.PackageFile};
+    std::vector<std::string> Result = Project.FileNames();
+    Result.insert(Result.end(), {Options.FileName(), Arguments.RegistryFile, Arguments.PackageFile});
     if (!Options.Host().Registry.empty())
         Result.push_back(Paths::Expand(Options.Host().Registry, Paths::Folder(Options.FileName())));
     return Result;
@@ -46,11 +49,16 @@ std::vector<std::string> InputsOf(const TArguments& Arguments, const TProject& P
 template <typename TWork> TRunResult WithLog(const TArguments& Arguments, TQXRuntime& Runtime, TWork Work)
 {
     TProject Project = TProject::Load(Arguments.Project);
+    // A file that cannot be read is told before anything runs.
+    std::vector<THostFinding> Warnings;
+    if (!Project.Actions.empty())
+        Warnings = FindUnknownOptions(Runtime);
     if (!Arguments.LogFile.empty())
         CheckLogFile(Arguments.LogFile, InputsOf(Arguments, Project, Runtime.Options()), Project);
     TRunLog Log(Arguments);
     try
     {
+        SendFindings<THostWarningEvent>(Warnings, Log.Events());
         TProjectRunner Runner(Project, Arguments.Run, Log.Events());
         const TRunResult Result = Work(Runner, Log.Events());
         Log.Finish();

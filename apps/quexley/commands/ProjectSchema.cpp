@@ -35,17 +35,26 @@ TJson VariablesTable()
             {"additionalProperties", {{"type", "string"}}}};
 }
 
+/// Each class by a condition on `type`, and not as one of several choices: so a validator knows which class is meant,
+/// and names the key that is wrong in it.
 TJson ActionTables()
 {
-    TJson Choices = TJson::array();
+    TJson Types = TJson::array();
+    TJson Classes = TJson::array();
     for (const TQXActionRegistration& Registration : QXActionServices().Actions())
-        Choices.push_back({{"$ref", "#/$defs/" + Registration.ActionClass.ClassName}});
-    TJson Result = {{"type", "array"}};
-    if (Choices.empty())
-        Result["items"] = false;
-    else
-        Result["items"] = {{"oneOf", std::move(Choices)}};
-    return Result;
+    {
+        const std::string& Class = Registration.ActionClass.ClassName;
+        Types.push_back(Class);
+        Classes.push_back({{"if", {{"properties", {{"type", {{"const", Class}}}}}, {"required", {"type"}}}},
+                           {"then", {{"$ref", "#/$defs/" + Class}}}});
+    }
+    if (Types.empty())
+        return {{"type", "array"}, {"items", false}};
+    TJson Items = {{"type", "object"},
+                   {"required", TJson::array({ActionKeys[0]})},
+                   {"properties", {{"type", {{"enum", std::move(Types)}}}}},
+                   {"allOf", std::move(Classes)}};
+    return {{"type", "array"}, {"items", std::move(Items)}};
 }
 
 TJson HostKeys(const TQXActionRegistration& Registration)

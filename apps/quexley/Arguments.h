@@ -14,7 +14,7 @@ struct TArguments
     // Every command.
     std::string OptionsFile; ///< empty: the default
     std::string RegistryFile;
-    std::string PackageFile;
+    std::vector<std::string> PackageFiles; ///< empty: those beside the program
     // Commands with a project.
     std::string Project; ///< empty: the nearest one upwards
     TRunOptions Run;
@@ -25,7 +25,8 @@ struct TArguments
     bool Verbose = false;
     // Other commands.
     bool Json = false;
-    bool Example = false;           ///< of `show`
-    bool Scripts = false;           ///< of `show`
-    std::vector<std::string> Words; ///< class of `show`; list, get or set with their operands of `options`
+    bool Example = false; ///< of `show`
+    bool Scripts = false; ///< of `show`
+    std::vector<std::string>
+        Words; ///< class of `show`, shell of `completions`; list, get or set with operands of `options`
 };

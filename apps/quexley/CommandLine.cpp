@@ -1,5 +1,6 @@
 #include "apps/quexley/CommandLine.h"
 
+#include "apps/quexley/Syntax.h"
 #include "runtime/HostErrors.h"
 #include "runtime/NearestName.h"
 #include "runtime/Variables.h"
@@ -68,30 +69,41 @@ void AddCommonOptions(CLI::App& App, TArguments& Arguments)
 {
     AddText(App, "--options", "FILE", Arguments.OptionsFile, "Options file in place of the user's");
     AddText(App, "--registry", "FILE", Arguments.RegistryFile, "Registry export file in place of the options' one");
-    AddText(App, "--package", "FILE", Arguments.PackageFile, "Package in place of the installed one");
+    AddTexts(App, "--package", "FILE", Arguments.PackageFiles, "Package in place of the installed ones (repeatable)");
+}
+
+void AddProject(CLI::App& App, TRawArguments& Raw)
+{
+    App.add_option("PROJECT", Raw.Arguments.Project,
+                   "File, or folder that holds a quexley.toml; default: the nearest upwards")
+        ->type_name("");
 }
 
 void AddProjectArguments(CLI::App& App, TRawArguments& Raw)
 {
     TArguments& Arguments = Raw.Arguments;
     TRunOptions& Run = Arguments.Run;
-    App.add_option("PROJECT", Arguments.Project,
-                   "File, or folder that holds a quexley.toml; default: the nearest upwards")
-        ->type_name("");
-    AddTexts(App, "--set", "NAME=VALUE", Raw.Settings, "Set a variable (repeatable)");
+    AddProject(App, Raw);
+    AddTexts(App, "-s,--set", "NAME=VALUE", Raw.Settings, "Set a variable (repeatable)");
     AddText(App, "--from", "N|NAME", Raw.From, "Begin with this action");
     AddTexts(App, "--only", "N|NAME", Run.Only, "Take only this action (repeatable)");
     AddTexts(App, "--group", "NAME", Run.Groups, "Take only the actions of this group (repeatable)");
     AddTexts(App, "--skip-group", "NAME", Run.SkipGroups, "Leave out the actions of this group (repeatable)");
-    App.add_flag("--resume", Run.Resume, "Begin where the last run ended without success");
-    App.add_flag("--keep-going", Run.KeepGoing, "Go on behind an action that failed");
     AddText(App, "--format", "text|json|github", Raw.Format, "Format of the log");
     AddText(App, "--log", "FILE", Arguments.LogFile, "Write a copy of the text log to this file");
-    App.add_flag("--quiet", Arguments.Quiet, "Show an action's lines only if it failed");
-    App.add_flag("--verbose", Arguments.Verbose, "Show every process start");
+    App.add_flag("-q,--quiet", Arguments.Quiet, "Show an action's lines only if it failed");
     AddText(App, "--color", "auto|always|never", Raw.Colour, "Whether the log has colours");
+}
+
+void AddRunArguments(CLI::App& App, TRawArguments& Raw)
+{
+    TRunOptions& Run = Raw.Arguments.Run;
+    AddProjectArguments(App, Raw);
+    App.add_flag("--resume", Run.Resume, "Begin where the last run ended without success");
+    App.add_flag("-k,--keep-going", Run.KeepGoing, "Go on behind an action that failed");
+    App.add_flag("-v,--verbose", Raw.Arguments.Verbose, "Show every process start");
     App.add_flag("--skip-validation", Run.SkipValidation, "Run without validating first");
-    App.add_flag("--dry-run", Run.DryRun, "Start no process, show what would be started");
+    App.add_flag("-n,--dry-run", Run.DryRun, "Start no process, show what would be started");
 }
 
 void AddWords(CLI::App& App, const std::string& Name, TArguments& Arguments, const std::string& Description)
@@ -105,8 +117,21 @@ void AddArguments(CLI::App& App, TCommandArguments Kind, TRawArguments& Raw)
     {
     case TCommandArguments::None:
         break;
-    case TCommandArguments::Project:
+    case TCommandArguments::Run:
+        AddRunArguments(App, Raw);
+        break;
+    case TCommandArguments::Validate:
         AddProjectArguments(App, Raw);
+        break;
+    case TCommandArguments::ProjectAndJson:
+        AddProject(App, Raw);
+        App.add_flag("--json", Raw.Arguments.Json, "Write JSON");
+        break;
+    case TCommandArguments::Project:
+        AddProject(App, Raw);
+        break;
+    case TCommandArguments::Shell:
+        AddWords(App, "SHELL", Raw.Arguments, "bash, zsh or fish");
         break;
     case TCommandArguments::ClassAndJson:
         AddWords(App, "CLASS", Raw.Arguments, "Class or registered name of an action or of an options object");
@@ -161,6 +186,7 @@ class TParser
 public:
     explicit TParser(std::span<const TCommand> Commands);
     TParsedCommandLine Parse(int Count, const char* const* Words);
+    [[nodiscard]] std::vector<TCommandSyntax> Describe() const;
 
 private:
     [[nodiscard]] const CLI::App* Chosen() const;
@@ -183,8 +209,33 @@ TParser::TParser(std::span<const TCommand> Commands)
     {
         CLI::App* App = FApp.add_subcommand(std::string(Command.Name), std::string(Command.Description));
         App->allow_extras();
+        if (Command.IsHidden)
+            App->group("");
         AddArguments(*App, Command.Arguments, FRaw);
     }
+}
+
+TCommandSyntax DescribeApp(const CLI::App& App)
+{
+    TCommandSyntax Result{App.get_name(), App.get_description(), {}, {}};
+    for (const CLI::Option* Option : App.get_options())
+        if (Option->nonpositional())
+            Result.Options.push_back({"--" + Option->get_lnames().front(),
+                                      Option->get_snames().empty() ? "" : "-" + Option->get_snames().front(),
+                                      Option->get_type_size() == 0 ? "" : Option->get_type_name(),
+                                      Option->get_description()});
+        else
+            Result.Operands.push_back({"", "", Option->get_name(true), Option->get_description()});
+    return Result;
+}
+
+std::vector<TCommandSyntax> TParser::Describe() const
+{
+    std::vector<TCommandSyntax> Result = {DescribeApp(FApp)};
+    for (const TCommand& Command : FCommands)
+        if (!Command.IsHidden)
+            Result.push_back(DescribeApp(*FApp.get_subcommand(std::string(Command.Name))));
+    return Result;
 }
 
 const CLI::App* TParser::Chosen() const
@@ -207,7 +258,8 @@ void TParser::CheckCommand() const
 {
     std::vector<std::string_view> Names;
     for (const TCommand& Command : FCommands)
-        Names.push_back(Command.Name);
+        if (!Command.IsHidden)
+            Names.push_back(Command.Name);
     CheckExtras(FApp, "command", Names);
     if (Chosen() == nullptr)
         throw EUsageError("a command is missing\n" + Help());
@@ -243,6 +295,11 @@ TParsedCommandLine TParser::Parse(int Count, const char* const* Words)
     return Result;
 }
 } // namespace
+
+std::vector<TCommandSyntax> DescribeCommandLine(std::span<const TCommand> Commands)
+{
+    return TParser(Commands).Describe();
+}
 
 TParsedCommandLine ParseCommandLine(int Count, const char* const* Words, std::span<const TCommand> Commands)
 {

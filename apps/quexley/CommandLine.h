@@ -9,7 +9,7 @@
 class TQXRuntime;
 
 /// Which arguments a command takes besides those of every command.
-enum class TCommandArguments { None, Project, Json, ClassAndJson, Option };
+enum class TCommandArguments { None, Run, Validate, Project, ProjectAndJson, Json, ClassAndJson, Option, Shell };
 
 /// A command of the program.
 struct TCommand
@@ -19,6 +19,7 @@ struct TCommand
     TCommandArguments Arguments;
     /// Gives the exit code. Throws EHostFileError, EUsageError, EFileError.
     int (*Execute)(const TArguments& Arguments, TQXRuntime& Runtime);
+    bool IsHidden = false; ///< from help and completions: for the build alone
 };
 
 /// What the command line asks for: a command, or, without one, a text that answers it.

@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace
 {
@@ -64,8 +65,11 @@ THostSetup::THostSetup(const TArguments& Arguments)
     const std::string Registry = FromHere(Arguments.RegistryFile);
     if (!Registry.empty() && !Files::FileExists(Registry))
         throw EHostFileError({.File = Arguments.RegistryFile, .Message = "no such file"});
-    const std::string Package =
-        Arguments.PackageFile.empty() ? TModule::FileBesideProgram(PackageName) : FromHere(Arguments.PackageFile);
+    std::vector<std::string> Packages;
+    for (const std::string& Package : Arguments.PackageFiles)
+        Packages.push_back(FromHere(Package));
+    if (Packages.empty())
+        Packages.push_back(TModule::FileBesideProgram(PackageName));
 
     // What stores an option makes the file.
     const bool MustExist = !Arguments.OptionsFile.empty() && (Arguments.Words.empty() || Arguments.Words[0] != "set");
@@ -73,7 +77,10 @@ THostSetup::THostSetup(const TArguments& Arguments)
         return TOptionsFile::Load(File.empty() ? TOptionsFile::DefaultFileName() : File, MustExist);
     });
     FRuntime.SetRegistrySource([this, Registry] { return LoadRegistry(RegistryFile(Registry)); });
-    FRuntime.SetPackageSource([Package] { LoadPackage(Package); });
+    FRuntime.SetPackageSource([Packages] {
+        for (const std::string& Package : Packages)
+            LoadPackage(Package);
+    });
     FRuntime.SetScriptEngineSource([] { return std::make_unique<TDuktapeEngine>(); });
 }
 

@@ -10,23 +10,12 @@
 #include "runtime/log/CleanEvents.h"
 #include "runtime/log/HostEvents.h"
 
-#include <array>
 #include <exception>
 #include <span>
 
 namespace
 {
 constexpr int WrongUsage = 2;
-
-constexpr std::array<TCommand, 7> Commands = {{
-    {"run", "Validate every enabled action, then run them in order", TCommandArguments::Project, &RunCommand},
-    {"validate", "Only validate", TCommandArguments::Project, &ValidateCommand},
-    {"list", "List the registered actions and options objects", TCommandArguments::Json, &ListCommand},
-    {"show", "Show the properties of an action or options object", TCommandArguments::ClassAndJson, &ShowCommand},
-    {"options", "List, get or set options", TCommandArguments::Option, &OptionsCommand},
-    {"dotnet", "List the .NET versions found and where", TCommandArguments::Json, &DotNetCommand},
-    {"schema", "Write the JSON Schema of the project file", TCommandArguments::None, &SchemaCommand},
-}};
 
 /// Tells of the error in the format that was asked for, and on standard error.
 int Report(TLogFormat Format, std::span<const THostFinding> Findings)
@@ -42,7 +31,7 @@ int Report(TLogFormat Format, std::span<const THostFinding> Findings)
 
 int RunProgram(int Count, const char* const* Words)
 {
-    const TParsedCommandLine CommandLine = ParseCommandLine(Count, Words, Commands);
+    const TParsedCommandLine CommandLine = ParseCommandLine(Count, Words, ProgramCommands());
     if (!CommandLine.Command)
         return WriteAnswer(CommandLine.Answer);
     THostSetup Host(CommandLine.Arguments);

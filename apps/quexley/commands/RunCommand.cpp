@@ -38,7 +38,8 @@ int ExitCode(TRunResult Result)
 std::vector<std::string> InputsOf(const TArguments& Arguments, const TProject& Project, const TOptionsFile& Options)
 {
     std::vector<std::string> Result = Project.FileNames();
-    Result.insert(Result.end(), {Options.FileName(), Arguments.RegistryFile, Arguments.PackageFile});
+    Result.insert(Result.end(), {Options.FileName(), Arguments.RegistryFile});
+    Result.insert(Result.end(), Arguments.PackageFiles.begin(), Arguments.PackageFiles.end());
     if (!Options.Host().Registry.empty())
         Result.push_back(Paths::Expand(Options.Host().Registry, Paths::Folder(Options.FileName())));
     return Result;

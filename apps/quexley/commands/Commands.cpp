@@ -1,0 +1,26 @@
+#include "apps/quexley/commands/Commands.h"
+
+#include <array>
+
+namespace
+{
+constexpr std::array<TCommand, 11> Commands = {{
+    {"run", "Validate every enabled action, then run them in order", TCommandArguments::Run, &RunCommand},
+    {"validate", "Only validate", TCommandArguments::Validate, &ValidateCommand},
+    {"tasks", "List the actions of the project", TCommandArguments::ProjectAndJson, &TasksCommand},
+    {"list", "List the registered actions and options objects", TCommandArguments::Json, &ListCommand},
+    {"show", "Show the properties of an action or options object", TCommandArguments::ClassAndJson, &ShowCommand},
+    {"doctor", "Show what is installed, and which tools of the project are missing", TCommandArguments::Project,
+     &DoctorCommand},
+    {"completions", "Write the completions of a shell", TCommandArguments::Shell, &CompletionsCommand},
+    {"options", "List, get or set options", TCommandArguments::Option, &OptionsCommand},
+    {"dotnet", "List the .NET versions found and where", TCommandArguments::Json, &DotNetCommand},
+    {"schema", "Write the JSON Schema of the project file", TCommandArguments::None, &SchemaCommand},
+    {"manual", "Write the manual page", TCommandArguments::None, &ManualCommand, true},
+}};
+} // namespace
+
+std::span<const TCommand> ProgramCommands()
+{
+    return Commands;
+}

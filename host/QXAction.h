@@ -51,6 +51,8 @@ public:
     /// The host while it runs an action, else null: then messages go nowhere and expressions stand for themselves,
     /// as at design time.
     [[nodiscard]] static IQXActionHost* Host();
+    /// Whether the host runs an action that may only show what it would start and write.
+    [[nodiscard]] static bool IsDryRun();
 
     /// Writes one line to the log.
     void SendMessage(std::string_view Text) const;

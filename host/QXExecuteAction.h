@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Base of every action that runs an outside tool. Execute holds the run flow; actions override its
 /// steps and never start their tool themselves. The first step that returns false ends the action as
@@ -31,6 +32,9 @@ public:
     [[nodiscard]] virtual bool InterpretResult(int ExitCode);
     virtual void OnSuccess(int ExitCode);
     virtual void OnFailure(int ExitCode);
+    /// The files that the tool makes as far as the action knows them: a dry run counts them as there, and asks for
+    /// nothing else of what comes after the start.
+    [[nodiscard]] virtual std::vector<std::string> GetOutputs();
     /// Reports that no file lies at Exe.
     virtual void OnExeNotFound(const std::string& Exe);
     /// Puts a line of the tool's output into the log.

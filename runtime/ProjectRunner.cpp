@@ -9,6 +9,7 @@
 #include "runtime/ResumeNote.h"
 #include "runtime/Runtime.h"
 #include "runtime/VariableUse.h"
+#include "runtime/actions/PlannedFiles.h"
 #include "runtime/actions/RunContext.h"
 #include "runtime/log/CleanEvents.h"
 #include "runtime/log/Diagnostics.h"
@@ -127,6 +128,7 @@ struct TProjectRunner::TImpl
     bool CanNote = true;
     bool Stopped = false;
     TRunEndedEvent Totals;
+    TPlannedFiles Plan; ///< of a dry run
 };
 
 TProjectRunner::TImpl::TImpl(TProject& AProject, TRunOptions AOptions, IRunEvents& Target)
@@ -320,15 +322,16 @@ void TProjectRunner::TImpl::RunAction(TProjectAction& Action)
     Note(Action);
     Events.Handle(TActionStartedEvent{Action.Index, Action.Type, Action.Name});
     const TStopwatch Stopwatch;
-    const TActionRun Run{Action.Index, std::chrono::seconds(Action.TimeoutSeconds), Options.DryRun, &Events.Mask(),
-                         Action.Arguments};
+    const TActionRun Run{Action.Index, std::chrono::seconds(Action.TimeoutSeconds), Options.DryRun ? &Plan : nullptr,
+                         &Events.Mask(), Action.Arguments};
     TRunContext Context(*Action.Object, Run, Variables, Events);
     const bool Succeeded = Execute(Action) && !Runtime.FileError();
     if (!Succeeded)
         Context.PassTermination();
     const TActionResult ActionResult = Context.WasTerminated() ? TActionResult::Terminated
-                                       : Succeeded             ? TActionResult::Success
-                                                               : TActionResult::Failure;
+                                       : !Succeeded            ? TActionResult::Failure
+                                       : Options.DryRun        ? TActionResult::Planned
+                                                               : TActionResult::Success;
     Count(Action, ActionResult);
     Events.Handle(TActionEndedEvent{Action.Index, Action.Name, ActionResult, Stopwatch.Seconds(), {}});
 }
@@ -366,7 +369,7 @@ void TProjectRunner::TImpl::Skip(const TProjectAction& Action, std::string_view 
 
 void TProjectRunner::TImpl::Count(const TProjectAction& Action, TActionResult ActionResult)
 {
-    if (ActionResult == TActionResult::Success)
+    if (ActionResult == TActionResult::Success || ActionResult == TActionResult::Planned)
     {
         ++Totals.Succeeded;
         return;
@@ -437,6 +440,7 @@ TRunResult TProjectRunner::Run()
     const TRunResult Result = FImpl->ValidateAndRun();
     FImpl->TellFileError();
     FImpl->Totals.Result = Result;
+    FImpl->Totals.DryRun = FImpl->Options.DryRun;
     FImpl->Totals.Seconds = Stopwatch.Seconds();
     FImpl->Events.Handle(FImpl->Totals);
     return Result;

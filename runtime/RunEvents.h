@@ -8,7 +8,7 @@
 #include <string_view>
 #include <variant>
 
-enum class TActionResult { Success, Failure, Skipped, Terminated };
+enum class TActionResult { Success, Failure, Skipped, Terminated, Planned };
 /// HostError: a file of the host's is wrong; programs that read the log see a failure.
 enum class TRunResult { Success, Failure, Invalid, Terminated, HostError };
 enum class TSeverity { Error, Warning };
@@ -157,12 +157,13 @@ struct TActionEndedEvent
 struct TRunEndedEvent
 {
     static constexpr std::string_view Name = "run-ended";
-    static constexpr TEventMembers<5> Members = {"result", "succeeded", "failed", "skipped", "seconds"};
+    static constexpr TEventMembers<6> Members = {"result", "succeeded", "failed", "skipped", "seconds", ""};
     TRunResult Result = TRunResult::Success;
     int Succeeded = 0;
     int Failed = 0;
     int Skipped = 0;
     double Seconds = 0;
+    bool DryRun = false; ///< what succeeded is planned
 };
 
 /// Comes about once a second while a process runs. Programs do not see it.

@@ -97,6 +97,18 @@ const std::vector<std::string> WordsOfSystems = {
     "fopen(",  "tmpfile(", "getenv(",  "<filesystem>", "std::filesystem",
     "symlink", ".so\"",    "\"PATH\"", "-Wl,",         "-fvisibility",
 };
+
+/// What a dry run would not notice: QXFiles() does the same.
+const std::vector<std::string> WordsOfWriting = {"Files::Copy(", "Files::Delete(", "Files::Write(",
+                                                 "Files::ForceFolders("};
+
+void ExpectNone(const std::string& Folder, const std::vector<std::string>& Words)
+{
+    ForEachLine(QUEXLEY_SOURCE_DIR, Folder, [&](const std::string& File, const std::string& Line) {
+        for (const std::string& Word : Words)
+            EXPECT_EQ(Line.find(Word), std::string::npos) << File << ": " << Line;
+    });
+}
 } // namespace
 
 TEST(Layers, EachUsesOnlyWhatItMay)
@@ -132,8 +144,10 @@ TEST(Layers, ALibraryIsKnownInOneRoom)
 TEST(Layers, WhatSystemsDifferInStandsInPlatform)
 {
     for (const std::string Folder : {"host", "runtime", "package", "apps"})
-        ForEachLine(QUEXLEY_SOURCE_DIR, Folder, [](const std::string& File, const std::string& Line) {
-            for (const std::string& Word : WordsOfSystems)
-                EXPECT_EQ(Line.find(Word), std::string::npos) << File << ": " << Line;
-        });
+        ExpectNone(Folder, WordsOfSystems);
+}
+
+TEST(Layers, APackageWritesThroughItsHost)
+{
+    ExpectNone("package", WordsOfWriting);
 }

@@ -1,11 +1,11 @@
 #include "package/compiler/QXProjectLoader.h"
 
+#include "host/QXFiles.h"
 #include "host/QXUtilities.h"
 #include "package/compiler/QXDotNetUtils.h"
 #include "package/compiler/QXProjectXml.h"
 #include "package/compiler/QXResourceProcessor.h"
 #include "package/plugin/QXActionHelpers.h"
-#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 
@@ -47,8 +47,8 @@ bool TQXBorlandProjectLoader::LoadDocument(const TXmlElement& Root)
         return false;
 
     const std::string Folder = Paths::Normalise(FLoad.Folder + "obj/" + FLoad.ConfigName);
-    const bool Made = Files::ForceFolders(Folder);
-    FLoad.ObjectFolder = Paths::WithTrailing(Files::Spelling(Folder));
+    const bool Made = QXFiles().ForceFolders(Folder);
+    FLoad.ObjectFolder = Paths::WithTrailing(QXFiles().Spelling(Folder));
     if (!Made)
         return Fail("Unable to create output directory : " + FLoad.ObjectFolder);
     TQXResourceProcessor Resources(FAction, FLoad);
@@ -67,7 +67,7 @@ bool TQXBorlandProjectLoader::SelectOptionsSet(const TXmlElement& Options)
         return Fail("Unable to load Config Nodes in project document");
     const TXmlElement* Set = FindConfiguration(Sets);
     if (!Set)
-        return Fail("OptionSet : " + FLoad.ConfigName + " - not found in project file");
+        return FailConfiguration("OptionSet : ", Sets);
     FMapping.LoadConfigCompilerOptionsFromProjFile(*Set);
     // Always below the project's folder, an absolute path included.
     const std::string Directory = GetOptionValueString("OutputDirectory", *Set);

@@ -1,5 +1,6 @@
 #include "package/compiler/QXDotNetManagedCompilerAction.h"
 
+#include "host/QXFiles.h"
 #include "host/QXServices.h"
 #include "host/QXUtilities.h"
 #include "package/compiler/QXResponseFile.h"
@@ -81,16 +82,7 @@ bool TQXManagedCompilerAction::ExpandProjectDir(std::string& Folder) const
 bool TQXManagedCompilerAction::WriteLines(const std::string& FileName, const TStringList& Lines,
                                           std::string_view Message) const
 {
-    bool Written = Files::Delete(FileName);
-    try
-    {
-        if (Written)
-            Files::WritePrivate(FileName, Lines.Text()); // what it holds may be secret
-    }
-    catch (const EFileError&)
-    {
-        Written = false;
-    }
+    const bool Written = QXFiles().Write(FileName, Lines.Text());
     if (!Written)
         SendMessage(std::string(Message) + FileName);
     return Written;
@@ -201,6 +193,15 @@ std::string TQXManagedCompilerAction::GetStartingDir(const std::string& /*Exe*/)
     return {};
 }
 
+std::vector<std::string> TQXManagedCompilerAction::GetOutputs()
+{
+    std::string Folder;
+    const std::string Typed(Texts::Trim(Project.IsLoaded ? OutputFile : ExpandExpression(OutputFile, false)));
+    if (Typed.empty() || !ExpandProjectDir(Folder))
+        return {};
+    return {Paths::Join(Folder, StripQuotes(Typed))};
+}
+
 void TQXManagedCompilerAction::OnSuccess(int ExitCode)
 {
     TQXDotNetAction::OnSuccess(ExitCode);
@@ -219,7 +220,7 @@ void TQXManagedCompilerAction::DeleteResponseFile() const
 {
     // One that cannot be deleted does no harm: the next run replaces it.
     if (!KeepResponseFile)
-        static_cast<void>(Files::Delete(ResponseFileName));
+        static_cast<void>(QXFiles().Delete(ResponseFileName));
 }
 
 void TQXManagedCompilerAction::AddScripts()

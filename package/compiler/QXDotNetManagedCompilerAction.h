@@ -18,6 +18,7 @@ public:
     [[nodiscard]] TQXDotNetToolType GetDotNetToolType() const override { return ttFramework; }
     [[nodiscard]] bool GetCommandLine(ICommandLineBuilder& Builder) override;
     [[nodiscard]] std::string GetStartingDir(const std::string& Exe) override;
+    [[nodiscard]] std::vector<std::string> GetOutputs() override;
     void OnSuccess(int ExitCode) override;
     void OnFailure(int ExitCode) override;
     void InitialiseScriptParams(TQXScript& Script) override;

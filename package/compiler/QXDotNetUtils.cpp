@@ -1,8 +1,8 @@
 #include "package/compiler/QXDotNetUtils.h"
 
+#include "host/QXFiles.h"
 #include "host/QXServices.h"
 #include "host/QXUtilities.h"
-#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 
@@ -48,8 +48,8 @@ std::string GetGACFolder()
         if (std::string Location = Key->ReadString("CacheLocation").value_or(""); !Location.empty())
             return Location;
     const std::string Windows = GetWinDirectory();
-    const std::string Folder = Windows.empty() ? "" : Files::Find(Paths::Join(Windows, "assembly\\GAC"));
-    return Files::FolderExists(Folder) ? Paths::WithTrailing(Folder) : "";
+    const std::string Folder = Windows.empty() ? "" : QXFiles().Find(Paths::Join(Windows, "assembly\\GAC"));
+    return QXFiles().FolderExists(Folder) ? Paths::WithTrailing(Folder) : "";
 }
 
 std::string FindAssemblyKeyFolder(std::string_view Key)

@@ -1,9 +1,9 @@
 #include "package/compiler/QXProjectLoader.h"
 
 #include "host/QXDotNetInfo.h"
+#include "host/QXFiles.h"
 #include "host/QXUtilities.h"
 #include "package/plugin/QXActionHelpers.h"
-#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 
@@ -48,9 +48,19 @@ const TXmlElement* TQXProjectLoader::FindConfiguration(const std::vector<TXmlEle
     return Found == Configurations.end() ? nullptr : &*Found;
 }
 
+bool TQXProjectLoader::FailConfiguration(const std::string& Kind, const std::vector<TXmlElement>& Configurations) const
+{
+    Log(Kind + FLoad.ConfigName + " - not found in project file");
+    std::string Names;
+    for (const TXmlElement& Element : Configurations)
+        if (const std::string Name = Element.Attribute("Name"); !Name.empty())
+            Names.append(Names.empty() ? "" : ", ").append(Name);
+    return !Names.empty() && Fail("The project file has : " + Names);
+}
+
 std::string TQXProjectLoader::MakeFolder(std::string_view Path, std::string_view Base)
 {
-    static_cast<void>(Files::ForceFolders(ExpandRelativePath(Path, Base)));
+    static_cast<void>(QXFiles().ForceFolders(ExpandRelativePath(Path, Base)));
     return Paths::WithTrailing(ExpandRelativePath(Path, Base));
 }
 
@@ -81,7 +91,7 @@ bool TQXProjectLoader::PrepareDocumentation()
 bool TQXProjectLoader::CheckResourceCompiler() const
 {
     const std::string Folder = FAction.GetSDKPath();
-    if (!Folder.empty() && Files::FileExists(Paths::WithTrailing(Folder) + "resgen.exe"))
+    if (!Folder.empty() && QXFiles().FileExists(Paths::WithTrailing(Folder) + "resgen.exe"))
         return true;
     return Fail(".NET SDK Version " + FAction.GetDefaultSDKVersion() + " - not detected on this machine!");
 }

@@ -44,6 +44,8 @@ protected:
     [[nodiscard]] bool ExpandConfigName();
     /// The first with the name of the wanted configuration, or null.
     [[nodiscard]] const TXmlElement* FindConfiguration(const std::vector<TXmlElement>& Configurations) const;
+    /// Tells that the wanted configuration is not there, by what the format calls it, and which are; false.
+    [[nodiscard]] bool FailConfiguration(const std::string& Kind, const std::vector<TXmlElement>& Configurations) const;
     /// Gives the output file its folder, which is made, the extension of its target and, if need be, the project's
     /// name. Property: where the project names the file. False: the log tells why.
     [[nodiscard]] bool CompleteOutputFile(std::string_view Property);

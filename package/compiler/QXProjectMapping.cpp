@@ -1,5 +1,6 @@
 #include "package/compiler/QXProjectMapping.h"
 
+#include "host/QXFiles.h"
 #include "host/QXUtilities.h"
 #include "package/compiler/QXProjectLoader.h"
 #include "package/compiler/QXProjectXml.h"
@@ -50,7 +51,7 @@ bool TQXProjectMapping::ValidateProject(IQXActionValidationError& Errors) const
 bool TQXProjectMapping::LoadConfigListFromProject(const std::string& FileName, TStringList& List) const
 {
     List.Clear();
-    if (!Files::FileExists(FileName))
+    if (!QXFiles().FileExists(FileName))
         return false;
     const bool IsBorland = Texts::Same(Paths::Extension(FileName), ".bdsproj");
     TXmlDocument Document;

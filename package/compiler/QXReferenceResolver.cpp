@@ -1,5 +1,6 @@
 #include "package/compiler/QXReferenceResolver.h"
 
+#include "host/QXFiles.h"
 #include "host/QXServices.h"
 #include "host/QXUtilities.h"
 #include "package/compiler/QXDotNetUtils.h"
@@ -16,7 +17,7 @@ namespace
 /// The file in its spelling on disk, or empty.
 std::string FindFile(const std::string& Path)
 {
-    return Files::FileExists(Path) ? Files::Find(Path) : "";
+    return QXFiles().FileExists(Path) ? QXFiles().Find(Path) : "";
 }
 } // namespace
 
@@ -50,13 +51,14 @@ bool TQXReferenceResolver::ResolveProjectReference(TXmlElement& Reference)
     else
         Name = FAction.ResolveProjReferenceEvent(Name);
 
-    if (!Files::FileExists(Name))
+    if (!QXFiles().FileExists(Name))
     {
-        if (FAction.LibLocations.empty())
-        {
+        const bool IsLeftToCompiler = !FAction.LibLocations.empty();
+        if (!IsLeftToCompiler)
             FAction.SendMessage("Unable to resolve project reference: " + ProjectName);
+        TellWhereLookedFor(WithLibraryExtension(ProjectName), Name);
+        if (!IsLeftToCompiler)
             return false;
-        }
         Name = Paths::FileName(Name);
     }
     // What a script gives is relative to the current folder, a hint to the project's.
@@ -64,6 +66,28 @@ bool TQXReferenceResolver::ResolveProjectReference(TXmlElement& Reference)
         Reference.SetAttribute("HintPath", ExpandRelativePath(Name, Files::CurrentFolder()));
     Reference.SetAttribute("AssemblyName", Paths::FileName(Name));
     return true;
+}
+
+void TQXReferenceResolver::TellWhereLookedFor(const std::string& Name, const std::string& Answer) const
+{
+    if (IsFoundByCompiler(Paths::FileName(Answer)))
+        return;
+    const std::string Where =
+        Answer == Name
+            ? "There is no " + FLoad.OutputFolder + Name + ", and OnResolveProjectReference does not say where it is"
+            : "OnResolveProjectReference answered " + ExpandRelativePath(Answer, Files::CurrentFolder()) +
+                  ", where no file is";
+    FAction.SendMessage(Where + " : the action that makes it has to run before this one");
+}
+
+bool TQXReferenceResolver::IsFoundByCompiler(const std::string& Name) const
+{
+    TStringList Folders;
+    Folders.SetText(Texts::Replace(FAction.ExpandExpression(FAction.LibLocations, false), ",", "\n"));
+    Folders.Add(FAction.GetFrameWorkPath());
+    return std::any_of(Folders.begin(), Folders.end(), [&](const std::string& Folder) {
+        return !Folder.empty() && QXFiles().FileExists(Paths::Join(Paths::Expand(Folder, FLoad.Folder), Name));
+    });
 }
 
 bool TQXReferenceResolver::ResolveComReference(const TXmlElement& Reference)
@@ -104,7 +128,7 @@ bool TQXReferenceResolver::AddWrapper(const TXmlElement& Reference)
     const std::string Name = "Interop." + WithLibraryExtension(Reference.Attribute("Name"));
     if (!IsPrivate(Reference, Name))
         return FWrappers.GenerateInterop(Reference);
-    AddReference(Files::Find(FLoad.OutputFolder + Name));
+    AddReference(QXFiles().Find(FLoad.OutputFolder + Name));
     return true;
 }
 
@@ -114,25 +138,25 @@ bool TQXReferenceResolver::AddControlWrapper(const TXmlElement& Reference)
     const bool AreThere = IsPrivate(Reference, "Ax" + Name) && IsPrivate(Reference, Name);
     if (!AreThere && !FWrappers.GenerateAxInterop(Reference))
         return false;
-    AddReference(Files::Spelling(FLoad.OutputFolder + "Ax" + Name));
-    AddReference(Files::Spelling(FLoad.OutputFolder + Name));
+    AddReference(QXFiles().Spelling(FLoad.OutputFolder + "Ax" + Name));
+    AddReference(QXFiles().Spelling(FLoad.OutputFolder + Name));
     return true;
 }
 
 bool TQXReferenceResolver::IsPrivate(const TXmlElement& Reference, const std::string& Name) const
 {
-    return Reference.Attribute("Private") == "True" && Files::FileExists(FLoad.OutputFolder + Name);
+    return Reference.Attribute("Private") == "True" && QXFiles().FileExists(FLoad.OutputFolder + Name);
 }
 
 std::string TQXReferenceResolver::AssemblyPath(const TXmlElement& Reference) const
 {
     std::string Name = WithLibraryExtension(Reference.Attribute("AssemblyName"));
     if (IsPrivate(Reference, Name))
-        return Files::Find(FLoad.OutputFolder + Name);
+        return QXFiles().Find(FLoad.OutputFolder + Name);
     if (Reference.HasAttribute("AssemblyFolderKey") || Reference.HasAttribute("HintPath"))
         return PathByKeyOrHint(Reference, Name);
     if (!FLoad.CompactSystemFolder.empty() && Name.starts_with("System."))
-        return Files::Spelling(FLoad.CompactSystemFolder + Name);
+        return QXFiles().Spelling(FLoad.CompactSystemFolder + Name);
     return Name;
 }
 
@@ -142,11 +166,15 @@ std::string TQXReferenceResolver::PathByKeyOrHint(const TXmlElement& Reference, 
     {
         const std::string Folder = FindAssemblyKeyFolder(Reference.Attribute("AssemblyFolderKey"));
         const std::string Path = Paths::WithoutTrailing(Folder) + Paths::Delimiter() + Name;
-        if (!Reference.HasAttribute("HintPath") || Files::FileExists(Path))
-            return Files::Spelling(Path);
+        if (!Reference.HasAttribute("HintPath") || QXFiles().FileExists(Path))
+            return QXFiles().Spelling(Path);
     }
     const std::string Path = ExpandRelativePath(Reference.Attribute("HintPath"), FLoad.Folder);
-    return Files::FileExists(Path) ? Path : Paths::FileName(Path);
+    if (QXFiles().FileExists(Path))
+        return Path;
+    if (!IsFoundByCompiler(Paths::FileName(Path)))
+        FAction.SendMessage("Warning : The hint path of a reference was not found : " + Path);
+    return Paths::FileName(Path);
 }
 
 void TQXReferenceResolver::AddReference(const std::string& Path)

@@ -18,6 +18,10 @@ private:
     [[nodiscard]] bool ResolveReference(TXmlElement& Reference);
     /// Finds the output of another project and turns the element into a reference to that assembly.
     [[nodiscard]] bool ResolveProjectReference(TXmlElement& Reference);
+    /// Tells where the output of a project, Name, was looked for; Answer: what a script made of the name.
+    void TellWhereLookedFor(const std::string& Name, const std::string& Answer) const;
+    /// Whether a bare name lies where the compiler looks by itself.
+    [[nodiscard]] bool IsFoundByCompiler(const std::string& Name) const;
     [[nodiscard]] bool ResolveComReference(const TXmlElement& Reference);
     [[nodiscard]] bool AddWrapper(const TXmlElement& Reference);
     [[nodiscard]] bool AddControlWrapper(const TXmlElement& Reference);

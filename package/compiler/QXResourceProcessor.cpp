@@ -1,10 +1,10 @@
 #include "package/compiler/QXResourceProcessor.h"
 
+#include "host/QXFiles.h"
 #include "host/QXUtilities.h"
 #include "package/compiler/QXDotNetUtils.h"
 #include "package/compiler/QXProjectXml.h"
 #include "platform/CommandLines.h"
-#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 
@@ -18,15 +18,15 @@ class TToolCopy
 public:
     /// Whether a copy can be made shows when it is started.
     TToolCopy(const std::string& Original, const std::string& Copy)
-        : FPath(Copy), FIsOriginal(Files::Spelling(Original) == Files::Spelling(Copy))
+        : FPath(Copy), FIsOriginal(QXFiles().Spelling(Original) == QXFiles().Spelling(Copy))
     {
         if (!FIsOriginal)
-            static_cast<void>(Files::Copy(Original, Copy));
+            static_cast<void>(QXFiles().Copy(Original, Copy));
     }
     ~TToolCopy()
     {
         if (!FIsOriginal)
-            static_cast<void>(Files::Delete(FPath));
+            static_cast<void>(QXFiles().Delete(FPath));
     }
     TToolCopy(const TToolCopy&) = delete;
     TToolCopy& operator=(const TToolCopy&) = delete;
@@ -55,7 +55,7 @@ bool TQXResourceProcessor::ProcessVSEmbeddedResource(const TXmlElement& File) co
 {
     FProcess->SetStartDirectory(FLoad.Folder);
     const std::string Path = ExpandRelativePath(GetProjectPath(File), FLoad.Folder);
-    if (!Files::FileExists(Path))
+    if (!QXFiles().FileExists(Path))
     {
         Log("Error - File : " + Path + " - does not exist!");
         return false;
@@ -119,7 +119,7 @@ bool TQXResourceProcessor::ProcessBorlandEmbeddedResource(const TXmlElement& Fil
     const std::string Path = ExpandRelativePath(File.Attribute("FileName"), FLoad.Folder);
     if (!File.HasAttribute("Parent"))
         return ProcessResx(Path);
-    const std::string Parent = Files::Spelling(FLoad.Folder + File.Attribute("Parent"));
+    const std::string Parent = QXFiles().Spelling(FLoad.Folder + File.Attribute("Parent"));
     return ProcessFormResx(Path, Paths::RelativeTo(Parent, Paths::Folder(Path)));
 }
 
@@ -146,13 +146,13 @@ bool TQXResourceProcessor::ProcessResx(const std::string& SourceFile) const
 
 bool TQXResourceProcessor::ProcessFormResx(const std::string& SourceFile, const std::string& DependentFile) const
 {
-    const std::string CodeFile = Files::Spelling(Paths::Folder(SourceFile) + DependentFile);
-    if (!Files::ForceFolders(FLoad.ObjectFolder))
+    const std::string CodeFile = QXFiles().Spelling(Paths::Folder(SourceFile) + DependentFile);
+    if (!QXFiles().ForceFolders(FLoad.ObjectFolder))
     {
         Log("Unable to create output directory : " + FLoad.ObjectFolder);
         return false;
     }
-    if (!Files::FileExists(CodeFile))
+    if (!QXFiles().FileExists(CodeFile))
     {
         Log("File : " + CodeFile + " - does not exist");
         Log("Unable to determine namespace for resource file");
@@ -181,6 +181,7 @@ bool TQXResourceProcessor::AddResx(const std::string& SourceFile, const std::str
         Log("Error compiling resource : " + SourceFile);
         return false;
     }
+    QXFiles().WillMake(Destination);
     FAction.Project.Resources.push_back(Destination);
     return true;
 }
@@ -220,6 +221,7 @@ bool TQXResourceProcessor::ProcessLicx(const std::string& LicenseFile) const
     if (!RunLicenseCompiler(LicenseFile, Arguments))
         return false;
     FAction.Project.LicenseResources.push_back(FLoad.ObjectFolder + FLoad.AssemblyFileName + ".licenses");
+    QXFiles().WillMake(FAction.Project.LicenseResources.back());
     return true;
 }
 
@@ -241,7 +243,7 @@ std::vector<std::string> TQXResourceProcessor::LicensedModules(const std::string
 void TQXResourceProcessor::WarnOfMissingLicense(const std::string& ControlClass) const
 {
     const std::string Path = FLoad.OutputFolder + ControlClass + ".lic";
-    if (Files::FileExists(Path))
+    if (QXFiles().FileExists(Path))
         return;
     Log("Warning : Unable to locate Lic file : " + Path);
     Log("Lic files need to be copied to the Bin\\<ConfigName> folder otherwise the license compiler will not find "

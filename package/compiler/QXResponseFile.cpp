@@ -1,9 +1,9 @@
 #include "package/compiler/QXResponseFile.h"
 
+#include "host/QXFiles.h"
 #include "host/QXUtilities.h"
 #include "package/compiler/QXDotNetUtils.h"
 #include "package/plugin/QXActionHelpers.h"
-#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 
@@ -134,7 +134,7 @@ std::string TQXResponseFile::Unparted(const std::string& Path, std::string_view 
 
 std::string TQXResponseFile::CopyUnparted(const std::string& Path, std::string_view Separators)
 {
-    if (!Paths::IsAbsolute(Path) || !Files::FileExists(Path))
+    if (!Paths::IsAbsolute(Path) || !QXFiles().FileExists(Path))
         return {};
     std::string Name = Paths::FileName(Path);
     std::replace_if(
@@ -145,13 +145,10 @@ std::string TQXResponseFile::CopyUnparted(const std::string& Path, std::string_v
         '_');
     std::string Way = Paths::Normalise("obj/unparted/" + std::to_string(++FCopies) + '/' + Name);
     const std::string Copy = FBaseDir + Way;
-    if (FAction.Host() != nullptr && FAction.Host()->IsDryRun())
-    {
-        FAction.SendMessage("Would copy : " + Path + " to " + Copy);
-        return Way;
-    }
-    FAction.SendMessage("Copying : " + Path + " to " + Copy);
-    return Files::ForceFolders(Paths::Folder(Copy)) && Files::Copy(Path, Copy) ? Way : "";
+    // A dry run says it in its own words.
+    if (!TCustomQXAction::IsDryRun())
+        FAction.SendMessage("Copying : " + Path + " to " + Copy);
+    return QXFiles().ForceFolders(Paths::Folder(Copy)) && QXFiles().Copy(Path, Copy) ? Way : "";
 }
 
 void TQXResponseFile::WarnOfParting(const std::string& Path, std::string_view Separators) const

@@ -1,11 +1,11 @@
 #include "package/compiler/QXProjectLoader.h"
 
+#include "host/QXFiles.h"
 #include "host/QXUtilities.h"
 #include "package/compiler/QXProjectXml.h"
 #include "package/compiler/QXReferenceResolver.h"
 #include "package/compiler/QXResourceProcessor.h"
 #include "package/plugin/QXActionHelpers.h"
-#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 
@@ -32,7 +32,7 @@ bool TQXVisualStudioProjectLoader::Load()
     std::string Content;
     try
     {
-        Content = Files::Read(FLoad.FileName);
+        Content = QXFiles().Read(FLoad.FileName);
     }
     catch (const std::exception& Error)
     {
@@ -93,7 +93,7 @@ bool TQXVisualStudioProjectLoader::SelectConfiguration(const TXmlElement& Settin
         return Fail("Unable to load Config Nodes in project document");
     const TXmlElement* Config = FindConfiguration(Configurations);
     if (!Config)
-        return Fail("Configuration : " + FLoad.ConfigName + " - not found in project file");
+        return FailConfiguration("Configuration : ", Configurations);
     FMapping.LoadConfigCompilerOptionsFromProjFile(*Config);
     const std::string OutputPath = Config->Attribute("OutputPath");
     if (!CheckTarget(FAction, "OutputPath", OutputPath))
@@ -127,15 +127,17 @@ bool TQXVisualStudioProjectLoader::LoadFiles(const TXmlElement& Root)
 
 void TQXVisualStudioProjectLoader::CopyConfigurationFiles() const
 {
-    for (const std::string& Name : Files::Enumerate(FLoad.Folder, "*.config", Files::TEntryKind::Files))
+    for (const std::string& Name : QXFiles().FileNames(FLoad.Folder, "*.config"))
     {
         const bool OfProgram = Texts::Same(Name, "app.config") && FLoad.AssemblyFileName.ends_with(".exe");
         const std::string& Folder = FLoad.OutputFolder;
         const std::string Target = Folder + (OfProgram ? FLoad.AssemblyFileName + ".config" : Name);
         std::string Message = "Copying : ";
         Message.append(Name).append(OfProgram ? " to " : " to Output Folder : ").append(OfProgram ? Target : Folder);
-        Log(Message);
+        // A dry run says it in its own words.
+        if (!TCustomQXAction::IsDryRun())
+            Log(Message);
         // A copy that fails shows when the program runs without its settings, as it does in the IDE.
-        static_cast<void>(Files::Copy(FLoad.Folder + Name, Target));
+        static_cast<void>(QXFiles().Copy(FLoad.Folder + Name, Target));
     }
 }

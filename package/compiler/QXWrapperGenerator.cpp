@@ -1,11 +1,11 @@
 #include "package/compiler/QXWrapperGenerator.h"
 
+#include "host/QXFiles.h"
 #include "host/QXProcess.h"
 #include "host/QXUtilities.h"
 #include "package/compiler/QXDotNetUtils.h"
 #include "package/compiler/QXProjectXml.h"
 #include "platform/CommandLines.h"
-#include "platform/Files.h"
 #include "platform/Paths.h"
 
 namespace
@@ -27,7 +27,7 @@ std::string FindLibrary(const std::string& Registered)
     const std::size_t Length = Registered.size();
     const bool HasIndex = Length > 2 && Paths::IsDelimiter(Registered[Length - 2]);
     const std::string File = Registered.substr(0, HasIndex ? Length - 2 : Length);
-    return Files::FileExists(File) ? Files::Find(File) + Registered.substr(File.size()) : "";
+    return QXFiles().FileExists(File) ? QXFiles().Find(File) + Registered.substr(File.size()) : "";
 }
 } // namespace
 
@@ -54,7 +54,8 @@ bool TQXWrapperGenerator::GenerateInterop(const TXmlElement& Reference) const
                                        " /nologo /silent /namespace:" + Name);
     if (Generated)
     {
-        FAction.SendMessage("Interop Assembly Generated : " + Wrapper);
+        QXFiles().WillMake(Wrapper);
+        TellGenerated(Wrapper);
         FAction.Project.References.push_back(Wrapper);
         FAction.SendMessage("Adding Reference : " + Wrapper);
     }
@@ -73,9 +74,19 @@ bool TQXWrapperGenerator::GenerateAxInterop(const TXmlElement& Reference) const
     const bool Generated =
         RunTool("aximp.exe", FLoad.OutputFolder, CommandLines::Quote(Library, true) + " /nologo /verbose");
     if (Generated)
-        FAction.SendMessage("Interop Assembly Generated : " + Name);
+    {
+        for (const char* Prefix : {"Ax", ""})
+            QXFiles().WillMake(FLoad.OutputFolder + Prefix + Name + ".dll");
+        TellGenerated(Name);
+    }
     FAction.SendMessage(".");
     return Generated;
+}
+
+void TQXWrapperGenerator::TellGenerated(const std::string& Name) const
+{
+    if (!TCustomQXAction::IsDryRun())
+        FAction.SendMessage("Interop Assembly Generated : " + Name);
 }
 
 std::string TQXWrapperGenerator::LocateLibrary(const std::string& Name, const TXmlElement& Reference,

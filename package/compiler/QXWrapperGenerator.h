@@ -21,6 +21,7 @@ public:
     [[nodiscard]] static std::string LibraryName(const std::string& Name);
 
 private:
+    void TellGenerated(const std::string& Name) const;
     /// Logs what is looked for and what is found. Empty: the log tells.
     [[nodiscard]] std::string LocateLibrary(const std::string& Name, const TXmlElement& Reference,
                                             int VersionBase) const;

@@ -1,6 +1,6 @@
 #include "package/plugin/QXActionHelpers.h"
 
-#include "platform/Files.h"
+#include "host/QXFiles.h"
 #include "platform/Paths.h"
 
 #include <algorithm>
@@ -94,7 +94,7 @@ bool RequireTool(IQXActionValidationError& Errors, const std::string& Exe, const
 {
     if (Exe.empty())
         return Require(Errors, {{false, NotSet.Label, NotSet.Message}});
-    return Require(Errors, {{Files::FileExists(Exe), NotFound.Label, NotFound.Message}});
+    return Require(Errors, {{QXFiles().FileExists(Exe), NotFound.Label, NotFound.Message}});
 }
 
 std::string ExitCodeText(int ExitCode)

@@ -1,8 +1,8 @@
 #include "package/plugin/QXDotNetAction.h"
 
 #include "host/QXDotNetInfo.h"
+#include "host/QXFiles.h"
 #include "package/plugin/QXDotNetOptionsImpl.h"
-#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 
@@ -74,7 +74,7 @@ std::string TQXDotNetAction::GetExecutable()
     if (ToolType == ttNone)
         return GetDotNetTool();
     const std::string Folder = ToolType == ttSDK ? GetSDKPath() : GetFrameWorkPath();
-    return Files::Spelling(Paths::WithTrailing(Folder) + GetDotNetTool());
+    return QXFiles().Spelling(Paths::WithTrailing(Folder) + GetDotNetTool());
 }
 
 std::string TQXDotNetAction::GetStartingDir(const std::string& Exe)

@@ -1,5 +1,6 @@
 #include "package/sourceupdate/QXAssemblyInfo.h"
 
+#include "host/QXFiles.h"
 #include "host/QXServices.h"
 #include "host/QXUtilities.h"
 #include "platform/Paths.h"
@@ -108,7 +109,9 @@ bool TQXAssemblyInfo::ProcessFile(const std::string& AFileName, bool Backup)
     ScanLines();
     if (!Mode.UpdateOnly && !Entries.empty())
         AddNewEntries();
-    if (FileLines.IsChanged() && !Mode.DryRun)
+    if (FileLines.IsChanged() && Mode.DryRun)
+        QXFiles().WillMake(FileName, ChangedBytes());
+    else if (FileLines.IsChanged())
         SaveToFile(FileName);
     return true;
 }
@@ -134,14 +137,17 @@ bool TQXAssemblyInfo::Load()
 {
     Leave();
     Source.emplace(FileName, Mode.ReadAhead, Mode.Batch);
-    if (Source->State() == TFileRewrite::TState::Missing)
+    if (Mode.DryRun ? !QXFiles().FileExists(FileName) : Source->State() == TFileRewrite::TState::Missing)
         return Refuse("- does not exist!");
     if (Source->State() == TFileRewrite::TState::ReadOnly)
         return Refuse("- is read only!");
-    const std::string Foreign(Texts::ForeignEncoding(Source->Bytes()));
+    if (Mode.DryRun)
+        Planned = QXFiles().Read(FileName);
+    const std::string_view Bytes = Mode.DryRun ? Planned : Source->Bytes();
+    const std::string Foreign(Texts::ForeignEncoding(Bytes));
     if (!Foreign.empty())
         return Refuse("- holds " + Foreign + ", only UTF-8 and 8-bit text can be updated!");
-    FileLines.SetBytes(Source->Bytes());
+    FileLines.SetBytes(Bytes);
     return true;
 }
 
@@ -154,13 +160,18 @@ void TQXAssemblyInfo::SetLanguage()
 
 void TQXAssemblyInfo::SaveToFile(const std::string& AFileName)
 {
-    const std::vector<std::string_view> Pieces = FileLines.Pieces();
     if (Source && AFileName == FileName)
-        return Source->Replace(Pieces);
+        Source->Replace(FileLines.Pieces());
+    else
+        Files::ReplaceContent(AFileName, ChangedBytes());
+}
+
+std::string TQXAssemblyInfo::ChangedBytes() const
+{
     std::string Bytes;
-    for (const std::string_view Piece : Pieces)
+    for (const std::string_view Piece : FileLines.Pieces())
         Bytes += Piece;
-    Files::ReplaceContent(AFileName, Bytes);
+    return Bytes;
 }
 
 void TQXAssemblyInfo::ScanLines()

@@ -60,6 +60,8 @@ private:
     void ReadQuotedValue(IStringTokeniser& Scanner, TDeclaration& Declaration) const;
     static void ReadPlainValue(IStringTokeniser& Scanner, TDeclaration& Declaration);
 
+    /// The current file with its changes.
+    [[nodiscard]] std::string ChangedBytes() const;
     void UpdateDeclaration(const TDeclaration& Declaration);
     [[nodiscard]] bool ProcessEntry(const std::string& Name, std::string_view OldValue, std::string& Value);
     void ReportSetting(const std::string& Name, std::string_view OldValue, const std::string& Value) const;
@@ -90,4 +92,5 @@ private:
     TQXAssemblyInfoLanguage Language = TQXAssemblyInfoLanguage::alOther;
     TAssemblyInfoMode Mode;
     std::optional<TFileRewrite> Source; ///< the current file
+    std::string Planned;                ///< in a dry run what the file would hold by now
 };

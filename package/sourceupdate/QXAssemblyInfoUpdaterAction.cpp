@@ -1,5 +1,6 @@
 #include "package/sourceupdate/QXAssemblyInfoUpdaterAction.h"
 
+#include "host/QXFiles.h"
 #include "host/QXServices.h"
 #include "host/QXUtilities.h"
 #include "package/plugin/QXActionHelpers.h"
@@ -17,11 +18,6 @@ struct TEnded
 {
 };
 } // namespace
-
-bool TQXAssemblyInfoUpdaterAction::IsDryRun() const
-{
-    return Host() != nullptr && Host()->IsDryRun();
-}
 
 /// A folder in which files are going to be replaced.
 void TQXAssemblyInfoUpdaterAction::Visit(const std::string& Folder) const
@@ -87,7 +83,7 @@ bool TQXAssemblyInfoUpdaterAction::BuildFileList()
             FFiles.push_back(std::move(Path));
         }
         else
-            ProcessWildCard(Files::Spelling(Paths::Folder(Path)), Paths::FileName(Path));
+            ProcessWildCard(QXFiles().Spelling(Paths::Folder(Path)), Paths::FileName(Path));
         if (FTerminated)
             break;
     }
@@ -99,7 +95,7 @@ void TQXAssemblyInfoUpdaterAction::ProcessWildCard(const std::string& Folder, st
     if (Host() != nullptr)
         Host()->Poll();
     Visit(Folder);
-    for (const std::string& Name : Files::Enumerate(Folder, Mask, Files::TEntryKind::Files))
+    for (const std::string& Name : QXFiles().FileNames(Folder, Mask))
         FFiles.push_back(Folder + Name);
     if (!Recurse)
         return;
@@ -145,7 +141,7 @@ bool TQXAssemblyInfoUpdaterAction::ProcessFile(IQXAssemblyInfoUpdater& Updater, 
 try
 {
     const bool Result = Updater.ProcessFile(FileName, BackupFiles);
-    if (!Result && Recurse && !Files::FileExists(FileName))
+    if (!Result && Recurse && !QXFiles().FileExists(FileName))
         SendMessage("Only masks search subfolders, as in " + Paths::Join(Paths::Folder(FileName), "*") +
                     Paths::FileName(FileName));
     return Result;

@@ -38,7 +38,6 @@ private:
     [[nodiscard]] bool ProcessFile(IQXAssemblyInfoUpdater& Updater, const std::string& FileName) const;
     [[nodiscard]] bool BuildFileList();
     void ProcessWildCard(const std::string& Folder, std::string_view Mask);
-    [[nodiscard]] bool IsDryRun() const;
     void Visit(const std::string& Folder) const;
     [[nodiscard]] bool ProcessFiles();
     [[nodiscard]] bool ProcessFiles(TRewriteBatch& Batch);

@@ -1,5 +1,6 @@
 #include "package/sourceupdate/QXDotNetComRefAction.h"
 
+#include "host/QXFiles.h"
 #include "package/plugin/QXActionHelpers.h"
 #include "package/sourceupdate/QXTypeLibrarySearch.h"
 #include "platform/FileRewrite.h"
@@ -49,9 +50,10 @@ public:
         const std::vector<TXmlAttribute> Changes = FindChanges(*Reference, Library);
         if (!Changes.empty() && !Edit(*Reference, Changes))
             return false;
-        if (FAction.Host() != nullptr && FAction.Host()->IsDryRun())
+        if (TCustomQXAction::IsDryRun())
         {
             TellChanges(*Reference, Changes);
+            QXFiles().WillMake(FFileName, Encode(FMarkup, FMark));
             return true;
         }
         if (!Changes.empty())
@@ -78,16 +80,17 @@ private:
         try
         {
             FFile.emplace(FFileName);
-            FMarkup = FFile->Bytes();
+            FBytes = TCustomQXAction::IsDryRun() ? QXFiles().Read(FFileName) : std::string(FFile->Bytes());
         }
         catch (const EFileError& Error)
         {
             return FailLoading(Error.Reason);
         }
+        FMarkup = FBytes;
         if (Texts::ForeignEncoding(FMarkup) == "UTF-16")
         {
             FMark = FMarkup.substr(0, BigEndianMark.size());
-            FMarkup = Texts::FromUtf16(FFile->Bytes().substr(FMark.size()), FMark == BigEndianMark);
+            FMarkup = Texts::FromUtf16(std::string_view(FBytes).substr(FMark.size()), FMark == BigEndianMark);
         }
         if (const std::string Foreign(Texts::ForeignEncoding(FMarkup)); !Foreign.empty())
             return Fail("Cannot update project file, it holds " + Foreign +
@@ -113,7 +116,7 @@ private:
     {
         const std::size_t Number = Reference.Number();
         std::optional<std::string> Edited = SetXmlAttributes(FMarkup, Number, Changes);
-        if (!Edited || !Holds(*Edited, Number, Changes) || Encode(FMarkup, FMark) != FFile->Bytes())
+        if (!Edited || !Holds(*Edited, Number, Changes) || Encode(FMarkup, FMark) != FBytes)
             return Fail("Cannot update project file, its encoding or layout is not understood : " + FFileName);
         FMarkup = *std::move(Edited);
         return true;
@@ -153,6 +156,7 @@ private:
     const std::string& FFileName;
     const std::string& FName;
     std::optional<TFileRewrite> FFile;
+    std::string FBytes;  ///< as they are, or in a dry run would be by now
     std::string FMarkup; ///< in UTF-8 or an encoding in which ASCII characters stand for themselves
     std::string FMark;   ///< of UTF-16
     TXmlDocument FDocument;
@@ -197,7 +201,7 @@ bool TQXDotNetComReferenceFixAction::CheckProjectFile(const std::string& FileNam
         SendMessage("Project type is not supported by this action!");
     else if (Files::IsReadOnly(FileName))
         SendMessage("Cannot update project file, file is read only");
-    else if (!Files::FileExists(FileName))
+    else if (!QXFiles().FileExists(FileName))
         SendMessage("Project file not found : " + FileName);
     else
         return true;

@@ -11,6 +11,12 @@ IQXActionHost* TCustomQXAction::Host()
     return TQXRuntime::RunningAction();
 }
 
+bool TCustomQXAction::IsDryRun()
+{
+    const IQXActionHost* Running = Host();
+    return Running && Running->IsDryRun();
+}
+
 TQXScriptParam& TQXScript::AddParam(std::string Name, TQXParamType Type)
 {
     TQXScriptParam& Param = AddParam();

@@ -1,6 +1,6 @@
 #include "host/QXExecuteAction.h"
 
-#include "platform/Files.h"
+#include "host/QXFiles.h"
 #include "runtime/Runtime.h"
 #include "runtime/actions/Process.h"
 #include "runtime/actions/RunContext.h"
@@ -28,6 +28,12 @@ try
     const int ExitCode = Process.Run();
     // A tool that was cut off has no result of its own to be interpreted.
     const bool WasCutOff = Process.End().TimedOut || Process.End().Terminated;
+    if (TCustomQXAction::IsDryRun())
+    {
+        for (const std::string& File : Action.GetOutputs())
+            QXFiles().WillMake(File);
+        return !WasCutOff;
+    }
     const bool Succeeded = !WasCutOff && Action.InterpretResult(ExitCode);
     Succeeded ? Action.OnSuccess(ExitCode) : Action.OnFailure(ExitCode);
     return Succeeded;
@@ -49,13 +55,13 @@ bool TQXExecuteAbstractAction::Execute()
     if (!GetCommandLine(*Builder) || !AfterGetCommandLine() || !AddProjectArguments(*this, *Builder))
         return false;
     const std::string Exe = GetExecutable();
-    if (Exe.empty() || !Files::FileExists(Exe))
+    if (Exe.empty() || !QXFiles().FileExists(Exe))
     {
         OnExeNotFound(Exe);
         return false;
     }
     const std::string Folder = GetStartingDir(Exe);
-    if (!Folder.empty() && !Files::FolderExists(Folder))
+    if (!Folder.empty() && !QXFiles().FolderExists(Folder))
     {
         SendMessage("The starting directory does not exist : " + Folder);
         return false;
@@ -99,6 +105,11 @@ bool TQXExecuteAbstractAction::InterpretResult(int ExitCode)
 void TQXExecuteAbstractAction::OnSuccess(int) {}
 
 void TQXExecuteAbstractAction::OnFailure(int) {}
+
+std::vector<std::string> TQXExecuteAbstractAction::GetOutputs()
+{
+    return {};
+}
 
 void TQXExecuteAbstractAction::OnExeNotFound(const std::string& Exe)
 {

@@ -1,5 +1,6 @@
 #include "runtime/actions/Process.h"
 
+#include "host/QXFiles.h"
 #include "platform/CommandLines.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
@@ -62,7 +63,7 @@ private:
 /// is not there stays as it is.
 std::string Locate(const std::string& Path)
 {
-    const std::string Found = Files::Find(Path);
+    const std::string Found = QXFiles().Find(Path);
     return Found.empty() ? Path : Paths::Expand(Found, Files::CurrentFolder());
 }
 
@@ -74,8 +75,8 @@ std::optional<std::string> ResponseFileText(const TProcessStart& Start)
         if (!Argument.starts_with('@'))
             continue;
         const std::string File = Paths::Join(Start.Folder, std::string_view(Argument).substr(1));
-        if (Files::FileExists(File))
-            return Texts::Decode(Files::Read(File));
+        if (QXFiles().FileExists(File))
+            return Texts::Decode(QXFiles().Read(File));
     }
     return std::nullopt;
 }

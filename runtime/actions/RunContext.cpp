@@ -3,7 +3,9 @@
 #include "platform/Processes.h"
 #include "platform/Text.h"
 #include "runtime/Runtime.h"
+#include "runtime/actions/PlannedFiles.h"
 #include "runtime/scripting/ScriptEngine.h"
+#include "runtime/services/DiskFiles.h"
 #include "runtime/services/ScriptingServices.h"
 
 #include <fmt/format.h>
@@ -37,6 +39,11 @@ std::size_t TRunContext::PlaceToCut(std::string_view Text, std::size_t Length)
 std::string_view TRunContext::Shorten(std::string_view Text, std::size_t Length)
 {
     return Text.size() > Length ? Text.substr(0, PlaceToCut(Text, Texts::CutLength(Text, Length))) : Text;
+}
+
+IQXFiles& TRunContext::Files() const
+{
+    return FRun.Plan ? *FRun.Plan : DiskFiles();
 }
 
 void TRunContext::SendMessage(std::string_view Text)

@@ -7,14 +7,16 @@
 
 #include <chrono>
 
+class IQXFiles;
+class TPlannedFiles;
 class TQXRuntime;
 
 /// How an action is to run.
 struct TActionRun
 {
-    int Index = 0;                     ///< position in the project file, from 1
-    std::chrono::seconds TimeLimit{0}; ///< of each of its processes; 0: none
-    bool DryRun = false;
+    int Index = 0;                        ///< position in the project file, from 1
+    std::chrono::seconds TimeLimit{0};    ///< of each of its processes; 0: none
+    TPlannedFiles* Plan = nullptr;        ///< what a dry run would have made so far; null: the run is no dry one
     const TSecretMask* Secrets = nullptr; ///< null: there are none
     std::string Arguments{};              ///< to be put behind those of its tool
 };
@@ -41,7 +43,9 @@ public:
     [[nodiscard]] std::string ExpandExpression(std::string_view Expression, bool Report) override;
     [[nodiscard]] bool ExecuteScript(TQXScript& Script) override;
     void Poll() override { PassTermination(); }
-    [[nodiscard]] bool IsDryRun() const override { return FRun.DryRun; }
+    [[nodiscard]] bool IsDryRun() const override { return FRun.Plan != nullptr; }
+    /// Those on disk or, in a dry run, what is planned of them.
+    [[nodiscard]] IQXFiles& Files() const;
 
     /// Replaces the host variables of Expression and reports nothing.
     [[nodiscard]] TExpansion Expand(std::string_view Expression) const { return FVariables.Expand(Expression); }

@@ -1,3 +1,4 @@
+#include "host/QXFiles.h"
 #include "host/QXServices.h"
 #include "host/QXUtilities.h"
 #include "platform/Files.h"
@@ -29,13 +30,13 @@ std::string StripQuotes(std::string_view Text)
 std::string ExpandRelativePath(std::string_view Path, std::string_view Folder)
 {
     // No spelling of ours would make a path on a drive mean more.
-    return Paths::IsForeign(Path) ? std::string(Path) : Files::Spelling(Paths::Expand(Path, Folder));
+    return Paths::IsForeign(Path) ? std::string(Path) : QXFiles().Spelling(Paths::Expand(Path, Folder));
 }
 
 TStringList LoadUnicodeFile(const std::string& FileName)
 {
     TStringList Lines;
-    Lines.SetText(Texts::Decode(Files::Read(FileName)));
+    Lines.SetText(Texts::Decode(QXFiles().Read(FileName)));
     return Lines;
 }
 

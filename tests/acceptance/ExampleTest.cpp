@@ -6,11 +6,16 @@
 #include "gmock/gmock.h"
 
 #include <filesystem>
+#include <map>
 #include <regex>
+#include <sstream>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace fs = std::filesystem;
 using testing::HasSubstr;
+using testing::Not;
 
 namespace
 {
@@ -50,8 +55,69 @@ protected:
         fs::copy(QUEXLEY_SOURCE_DIR "/examples/acme", Folder(), fs::copy_options::recursive);
         fs::remove_all(Path("bin"));
     }
+
+    /// Every file and folder with the time of its last change.
+    std::map<std::string, fs::file_time_type> Tree() const
+    {
+        std::map<std::string, fs::file_time_type> Result = {{".", fs::last_write_time(Folder())}};
+        for (const auto& Entry : fs::recursive_directory_iterator(Folder()))
+            Result[Entry.path().string()] = Entry.last_write_time();
+        return Result;
+    }
+
+    /// The JSON lines of the processes that a run starts. The text of a response file, which only dry runs show, is
+    /// taken from the disk for others.
+    std::vector<std::string> Starts(const std::string& Output) const
+    {
+        std::vector<std::string> Result;
+        std::istringstream Lines(Output);
+        for (std::string Line; std::getline(Lines, Line);)
+        {
+            if (!Line.starts_with("{\"event\":\"process-started\""))
+                continue;
+            Line.pop_back();
+            if (const auto Place = Line.find(",\"dry_run\":true"); Place != std::string::npos)
+                Line.erase(Place, std::string(",\"dry_run\":true").size());
+            else if (const auto Name = Line.find("/qxresp.rsp"); Name != std::string::npos)
+                Line += ",\"response_file\":\"" + ResponseFile(Line.substr(0, Name)) + '"';
+            Result.push_back(Line);
+        }
+        return Result;
+    }
+
+private:
+    /// The response file in the folder that ends a line, as it stands in JSON.
+    std::string ResponseFile(const std::string& Line) const
+    {
+        std::string Text = ReadFile(Line.substr(Line.rfind('"') + 1) + "/qxresp.rsp");
+        for (const auto& [From, To] : {std::pair("\"", "\\\""), std::pair("\r\n", "\\r\\n")})
+            for (std::size_t Place = 0; (Place = Text.find(From, Place)) != std::string::npos;)
+            {
+                Text.replace(Place, std::string_view(From).size(), To);
+                Place += std::string_view(To).size();
+            }
+        return Text;
+    }
 };
 } // namespace
+
+TEST_F(TExampleTest, ADryRunShowsTheStartsOfTheRealOneAndTouchesNothing)
+{
+    if (!fs::exists("/usr/lib/mono/4.5/mcs.exe") || !fs::exists("/usr/lib/mono/4.5/lc.exe"))
+        GTEST_SKIP() << "Mono's tools are not installed";
+    const auto Before = Tree();
+    const TProgramResult Planned = Run({"run", "--dry-run", "--format", "json"});
+    EXPECT_EQ(Planned.ExitCode, 0) << Planned.Out;
+    EXPECT_EQ(Tree(), Before);
+    EXPECT_THAT(Planned.Out, HasSubstr("Would copy "));
+    EXPECT_THAT(Planned.Out, Not(HasSubstr("Compiled OK")));
+    EXPECT_THAT(Run({"run", "--dry-run"}).Out, HasSubstr("\n4 planned, 0 failed, 0 skipped in "));
+
+    const TProgramResult Real = Run({"run", "--format", "json"});
+    ASSERT_EQ(Real.ExitCode, 0) << Real.Out;
+    EXPECT_EQ(Starts(Planned.Out), Starts(Real.Out));
+    EXPECT_EQ(Starts(Real.Out).size(), 6U);
+}
 
 TEST_F(TExampleTest, CompilesAndRunsWithTheRealTools)
 {

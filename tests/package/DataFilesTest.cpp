@@ -105,7 +105,7 @@ private:
         else if (Line.Word == "script")
             FScripts.push_back(Line);
         else if (Line.Word == "dry-run")
-            FHost.Settings.DryRun = true;
+            FHost.Settings.Plan = &FHost.Plan;
         else if (Line.Word == "time-limit")
             FHost.Settings.TimeLimit = std::chrono::seconds(std::stoi(Rest));
         else if (Line.Word == "execute")

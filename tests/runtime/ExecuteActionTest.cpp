@@ -163,7 +163,7 @@ TEST_F(ExecuteAction, OnlyShowsUnderADryRun)
 {
     const TTempFolder Folder;
     Files::Write(Folder / "my args.rsp", "/a\n/b");
-    Host.Settings.DryRun = true;
+    Host.Settings.Plan = &Host.Plan;
     Action.Script = "touch made";
     Action.Folder = Folder.Path();
     EXPECT_TRUE(Host.Execute(Action));

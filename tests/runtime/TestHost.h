@@ -4,6 +4,7 @@
 
 #include "host/QXExecuteAction.h"
 #include "runtime/Runtime.h"
+#include "runtime/actions/PlannedFiles.h"
 #include "runtime/actions/RunContext.h"
 
 #include <memory>
@@ -126,7 +127,7 @@ private:
     }
     std::string Remember(const TActionEndedEvent& Event)
     {
-        static constexpr std::string_view Names[] = {"success", "failure", "skipped", "terminated"};
+        static constexpr std::string_view Names[] = {"success", "failure", "skipped", "terminated", "planned"};
         EndedActions.push_back({Event.Index, Event.Result, std::string(Event.Reason.value_or(""))});
         return std::to_string(Event.Index) + " " + std::string(Names[static_cast<std::size_t>(Event.Result)]);
     }
@@ -243,5 +244,6 @@ public:
     TQXRuntime Runtime;
     TRecordedLog Log;
     TVariables Variables;
-    TActionRun Settings{1, {}, false};
+    TPlannedFiles Plan; ///< of actions whose Settings name it
+    TActionRun Settings{1, {}, nullptr};
 };

@@ -10,7 +10,7 @@
 namespace
 {
 /// In the order of TActionResult and TRunResult.
-constexpr std::array<std::string_view, 4> ActionResults = {"success", "failure", "skipped", "terminated"};
+constexpr std::array<std::string_view, 5> ActionResults = {"success", "failure", "skipped", "terminated", "planned"};
 constexpr std::array<std::string_view, 5> RunResults = {"success", "failure", "invalid", "terminated", "failure"};
 
 /// For each byte what stands behind the backslash in a JSON text, `u` for the long form, NUL for a byte that stands

@@ -25,8 +25,8 @@ struct TResultWord
     std::string_view Escape;
 };
 /// In the order of TActionResult.
-constexpr std::array<TResultWord, 4> ResultWords = {
-    {{"ok", Green}, {"FAILED", Red}, {"skipped", Yellow}, {"ended", Red}}};
+constexpr std::array<TResultWord, 5> ResultWords = {
+    {{"ok", Green}, {"FAILED", Red}, {"skipped", Yellow}, {"ended", Red}, {"planned", Green}}};
 
 bool IsControl(char Character)
 {
@@ -157,7 +157,7 @@ void TTextWriter::Write(const TActionEndedEvent& Event)
     if (FInAction)
     {
         RemoveLiveLine();
-        if (Event.Result == TActionResult::Success)
+        if (Event.Result == TActionResult::Success || Event.Result == TActionResult::Planned)
             FHeldBack.Clear();
         else
             FHeldBack.MoveTo(FOutput);
@@ -209,9 +209,10 @@ std::string TTextWriter::LastLine(const TRunEndedEvent& Event) const
         return fmt::format("{} finding{}; nothing was run", FFindings, FFindings == 1 ? "" : "s");
     if (FActions == 0 && Event.Result == TRunResult::Success)
         return "no action to run";
-    return fmt::format("{}{} succeeded, {} failed, {} skipped in {}",
-                       Event.Result == TRunResult::Terminated ? "ended early: " : "", Event.Succeeded, Event.Failed,
-                       Event.Skipped, FormatSeconds(Event.Seconds));
+    return fmt::format("{}{} {}, {} failed, {} skipped in {}",
+                       Event.Result == TRunResult::Terminated ? "ended early: " : "", Event.Succeeded,
+                       Event.DryRun ? "planned" : "succeeded", Event.Failed, Event.Skipped,
+                       FormatSeconds(Event.Seconds));
 }
 
 void TTextWriter::WriteLine(std::string_view Line, std::string_view Escape)

@@ -100,8 +100,11 @@ void TReader::ReadProjectScripts(const TTomlNode& Table)
 {
     std::vector<std::string> Known;
     for (const TQXActionRegistration& Registration : QXActionServices().Actions())
-        for (const auto& Script : Registration.ActionClass.Create()->Scripts())
+    {
+        const std::unique_ptr<TCustomQXAction> Action = Registration.ActionClass.Create();
+        for (const auto& Script : Action->Scripts())
             Known.push_back(Script->Name());
+    }
     const std::vector<std::string_view> Names(Known.begin(), Known.end());
     for (const TTomlEntry& Entry : Table.Entries)
         if (!IsOneOf(Entry.Key, Names))

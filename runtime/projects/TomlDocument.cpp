@@ -188,7 +188,7 @@ std::string Reason(const toml::parse_error& Error)
     std::string Result = Texts::Replace(Error.description(), " (TOML_MAX_NESTED_VALUES)", "");
     if (Result.starts_with("Error"))
         Result[0] = 'e';
-    if (Result.find("escape") != std::string::npos)
+    if (Result.find("escape") != std::string::npos || Result.find("unicode scalar") != std::string::npos)
         Result += "; a text with \\ stands in single quotes";
     return Result;
 }

@@ -209,7 +209,7 @@ TEST_F(ExecuteAction, ReportsWhatCannotBeExpanded)
     EXPECT_FALSE(Action.TryExpandExpression("Label B", "x%Gone%", Value, false));
     ASSERT_EQ(Host.Log.ExpansionErrors.size(), 2U);
     EXPECT_EQ(Host.Log.ExpansionErrors[0].Label, "Label A");
-    EXPECT_EQ(Host.Log.ExpansionErrors[0].Reason, "the result is empty");
+    EXPECT_EQ(Host.Log.ExpansionErrors[0].Reason, "the result is empty, as the variable \"Empty\" is");
     EXPECT_EQ(Host.Log.ExpansionErrors[1].Text, "x%Gone%");
     EXPECT_EQ(Host.Log.ExpansionErrors[1].Reason, "unknown variable \"Gone\"");
     EXPECT_EQ(Action.ExpandExpression("%Name%", true), "value");

@@ -167,7 +167,7 @@ TEST_F(ProjectFile, SavesEachActionWhereItStands)
     ASSERT_EQ(Project.Actions.size(), 4U);
     Project.Actions[1].Name = "changed";
     Project.Actions.erase(Project.Actions.begin());
-    Project.Actions.insert(Project.Actions.begin(), NewAction("TPlainAction", "new"));
+    Project.Actions.push_back(NewAction("TPlainAction", "new"));
     for (int Round = 0; Round < 2; ++Round)
     {
         Project.Save();

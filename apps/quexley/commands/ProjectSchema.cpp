@@ -124,8 +124,11 @@ TJson ProjectScriptsTable()
 {
     TJson Properties = TJson::object();
     for (const TQXActionRegistration& Registration : QXActionServices().Actions())
-        for (const auto& Script : Registration.ActionClass.Create()->Scripts())
+    {
+        const std::unique_ptr<TCustomQXAction> Action = Registration.ActionClass.Create();
+        for (const auto& Script : Action->Scripts())
             Properties[Script->Name()] = {{"type", "string"}};
+    }
     return ClosedObject(std::move(Properties));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -9,6 +11,17 @@ class TQXPersistent;
 
 /// A value that passes between the host and a script. An object is borrowed, alive during the call.
 using TQXVariant = std::variant<std::monostate, bool, int, std::string, TQXPersistent*>;
+
+/// An object with methods for scripts that change more of it than its properties.
+class IQXScriptTarget
+{
+public:
+    virtual ~IQXScriptTarget();
+    /// Gives what puts the object back as it is now, for a script that fails later.
+    [[nodiscard]] virtual std::function<void()> RememberState() = 0;
+    /// About how many bytes it holds of what methods gave it; they count as memory of the script.
+    [[nodiscard]] virtual std::size_t StateSize() const = 0;
+};
 
 /// Type of a script parameter; `None` takes whatever it is given.
 enum class TQXParamType { None, String, Boolean, Integer };

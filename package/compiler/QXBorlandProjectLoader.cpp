@@ -24,7 +24,7 @@ bool IsPicture(const std::string& Container)
 
 bool TQXBorlandProjectLoader::Load()
 {
-    if (!ExpandConfigName())
+    if (!Begin())
         return false;
     Reset();
     TXmlDocument Document;

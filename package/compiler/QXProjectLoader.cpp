@@ -16,6 +16,18 @@ TQXProjectLoader::TQXProjectLoader(TQXManagedCompilerAction& Action, TQXProjectM
     FLoad.FileName = std::move(FileName);
 }
 
+bool TQXProjectLoader::Begin()
+{
+    if (!FAction.TryExpandExpression("ConfigName", FAction.ConfigName, FLoad.ConfigName, true))
+        return false;
+    FLoad.IsCompact = FAction.IsCompactFramework();
+    FLoad.CompactCompiler = FAction.CFResGen;
+    FLoad.ConfigFolder = FMapping.UnMangleConfigName(FLoad.ConfigName);
+    if (const std::string Folder = FAction.GetSDKPath(); !Folder.empty())
+        FLoad.SDKFolder = Paths::WithTrailing(Folder);
+    return true;
+}
+
 void TQXProjectLoader::Reset()
 {
     FAction.ResetOptions();
@@ -32,11 +44,6 @@ bool TQXProjectLoader::FailParsing(const TXmlParseError& Error) const
 {
     return Fail("Error Loading Project File : " + FLoad.FileName + "\r\nReason : " + Error.Reason +
                 "\r\nLine   : " + std::to_string(Error.Line));
-}
-
-bool TQXProjectLoader::ExpandConfigName()
-{
-    return FAction.TryExpandExpression("ConfigName", FAction.ConfigName, FLoad.ConfigName, true);
 }
 
 const TXmlElement* TQXProjectLoader::FindConfiguration(const std::vector<TXmlElement>& Configurations) const
@@ -90,8 +97,7 @@ bool TQXProjectLoader::PrepareDocumentation()
 
 bool TQXProjectLoader::CheckResourceCompiler() const
 {
-    const std::string Folder = FAction.GetSDKPath();
-    if (!Folder.empty() && QXFiles().FileExists(Paths::WithTrailing(Folder) + "resgen.exe"))
+    if (!FLoad.SDKFolder.empty() && QXFiles().FileExists(FLoad.SDKFolder + "resgen.exe"))
         return true;
     return Fail(".NET SDK Version " + FAction.GetDefaultSDKVersion() + " - not detected on this machine!");
 }

@@ -9,18 +9,23 @@
 
 class TQXResourceProcessor;
 
-/// What one load of a project works with. Folders end in a delimiter.
+/// What one load of a project works with. Folders end in a delimiter. A script that the load calls may change the
+/// action, so what was read of that is kept here and not read again.
 struct TProjectLoad
 {
     const TQXProjectMapping& Mapping;
-    std::string FileName{};            ///< absolute
-    std::string Folder{};              ///< of the project file
-    std::string ConfigName{};          ///< expanded
-    std::string OutputFolder{};        ///< of the configuration
-    std::string ObjectFolder{};        ///< for compiled resources
-    std::string AssemblyFileName{};    ///< without folder
-    std::string KeyFile{};             ///< that signs wrapper assemblies, or empty
-    std::string PlatformName{};        ///< empty: references of every platform count
+    std::string FileName{};         ///< absolute
+    std::string Folder{};           ///< of the project file
+    std::string ConfigName{};       ///< expanded
+    std::string OutputFolder{};     ///< of the configuration
+    std::string ObjectFolder{};     ///< for compiled resources
+    std::string AssemblyFileName{}; ///< without folder
+    std::string KeyFile{};          ///< that signs wrapper assemblies, or empty
+    std::string PlatformName{};     ///< empty: references of every platform count
+    bool IsCompact = false;
+    std::string SDKFolder{};           ///< empty: there is none
+    std::string CompactCompiler{};     ///< of a compact project's resources, as the action has it
+    std::string ConfigFolder{};        ///< the configuration's part of the object folder
     std::string CompactSystemFolder{}; ///< where a compact project's system assemblies lie, or empty
 };
 
@@ -33,7 +38,9 @@ public:
 protected:
     ~TQXProjectLoader() = default;
 
-    /// Begins with nothing of the load before.
+    /// Reads what the load needs of the action.
+    [[nodiscard]] bool Begin();
+    /// Forgets the load before.
     void Reset();
     void Log(std::string_view Message) const { FAction.SendMessage(Message); }
     /// Makes a folder, or finds it in its spelling on disk. Whether it could be made shows when a tool needs it.
@@ -41,7 +48,6 @@ protected:
     /// Logs the message; false, for steps to end with.
     [[nodiscard]] bool Fail(const std::string& Message) const;
     [[nodiscard]] bool FailParsing(const TXmlParseError& Error) const;
-    [[nodiscard]] bool ExpandConfigName();
     /// The first with the name of the wanted configuration, or null.
     [[nodiscard]] const TXmlElement* FindConfiguration(const std::vector<TXmlElement>& Configurations) const;
     /// Tells that the wanted configuration is not there, by what the format calls it, and which are; false.

@@ -34,9 +34,10 @@ bool TQXProjectMapping::GetProjectCommandLine(ICommandLineBuilder& Builder,
         !CheckTarget(FAction, "ProjectFile", FileName))
         return false;
     FileName = ExpandRelativePath(FileName, Files::CurrentFolder());
+    const bool IsCompact = FAction.IsCompactFramework(); // before a script may name another project
     const bool Loaded = LoadProjectFile(FileName);
     FAction.ProjectDir = Paths::Folder(FileName);
-    if (FAction.IsCompactFramework())
+    if (IsCompact)
         for (const std::string_view Switch : CompactSwitches)
             Builder.AddArgument(Switch);
     return Loaded && FAction.TQXManagedCompilerAction::GetCommandLine(Builder);

@@ -40,9 +40,9 @@ private:
 } // namespace
 
 TQXResourceProcessor::TQXResourceProcessor(TQXManagedCompilerAction& Action, const TProjectLoad& Load)
-    : FAction(Action), FLoad(Load), FSDKFolder(Paths::WithTrailing(Action.GetSDKPath())), FProcess(CreateQXProcess())
+    : FAction(Action), FLoad(Load), FProcess(CreateQXProcess())
 {
-    FProcess->SetExecutable(FSDKFolder + "resgen.exe");
+    FProcess->SetExecutable(FLoad.SDKFolder + "resgen.exe");
     FProcess->SetOptionA(true);
     FProcess->SetOptionB(false);
     FProcess->SetEvents(&FAction);
@@ -126,7 +126,7 @@ bool TQXResourceProcessor::ProcessBorlandEmbeddedResource(const TXmlElement& Fil
 bool TQXResourceProcessor::ChooseResourceCompiler() const
 {
     const std::string Compiler =
-        FAction.IsCompactFramework() ? FAction.ExpandExpression(FAction.CFResGen, true) : FSDKFolder + "resgen.exe";
+        FLoad.IsCompact ? FAction.ExpandExpression(FLoad.CompactCompiler, true) : FLoad.SDKFolder + "resgen.exe";
     if (Texts::Trim(Compiler).empty())
     {
         Log("Compact Framework resource compiler not specified!");
@@ -254,7 +254,7 @@ void TQXResourceProcessor::WarnOfMissingLicense(const std::string& ControlClass)
 bool TQXResourceProcessor::RunLicenseCompiler(const std::string& LicenseFile, const std::string& Arguments) const
 {
     // The compiler looks for controls and their licenses where it lies itself.
-    const TToolCopy Copy(FSDKFolder + "lc.exe", FLoad.OutputFolder + "lc.exe");
+    const TToolCopy Copy(FLoad.SDKFolder + "lc.exe", FLoad.OutputFolder + "lc.exe");
     FProcess->SetExecutable(Copy.Path());
     FProcess->SetArguments(Arguments);
     try

@@ -43,7 +43,6 @@ private:
 
     TQXManagedCompilerAction& FAction;
     const TProjectLoad& FLoad;
-    std::string FSDKFolder;
     std::unique_ptr<IQXProcess> FProcess; ///< of all tools, one after the other
     /// The bare names of the resources that depend on a source file; names in the form that ignores case.
     std::unordered_map<std::string, std::vector<std::string>> FFormResources;

@@ -14,7 +14,7 @@ bool TQXCustomVBDotNetCompilerAction::Validate(IQXActionValidationError& Errors)
 
 bool TQXCustomVBDotNetCompilerAction::GenerateResponseFile(TQXResponseFile& File)
 {
-    File.AddFlag(TargetCF || IsCompactFramework(), "/netcf");
+    File.AddFlag(TargetCF, "/netcf");
     File.AddFlag(Verbose, "/verbose");
     File.AddFlag(DelaySign, "/delaysign");
     if (!File.AddOption("/imports", "Import namespace", Imports) ||

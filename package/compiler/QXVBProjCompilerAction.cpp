@@ -74,6 +74,7 @@ void TQXVBProjCompilerAction::LoadConfigCompilerOptionsFromProjFile(const TXmlEl
     if (GetAttributeValueBoolean("DefineTrace", Config))
         Symbols.SetValue("TRACE", "True");
     Defines = Symbols.CommaText();
+    TargetCF = IsCompactFramework();
     RemoveIntChecks = GetAttributeValueBoolean("RemoveIntegerChecks", Config);
 }
 

@@ -22,11 +22,11 @@ std::string TQXVisualStudioProjectLoader::LanguagePath(std::string_view Path) co
 
 bool TQXVisualStudioProjectLoader::Load()
 {
-    if (!ExpandConfigName())
+    if (!Begin())
         return false;
     static_cast<void>(MakeFolder("obj", FLoad.Folder));
     Reset();
-    if (FAction.IsCompactFramework())
+    if (FLoad.IsCompact)
         FLoad.CompactSystemFolder = Paths::WithTrailing(FAction.SDKPath);
 
     std::string Content;
@@ -109,7 +109,7 @@ bool TQXVisualStudioProjectLoader::LoadFiles(const TXmlElement& Root)
         return Fail("No Files to compile!");
     if (!CheckResourceCompiler())
         return false;
-    FLoad.ObjectFolder = MakeFolder("obj/" + FMapping.UnMangleConfigName(FLoad.ConfigName), FLoad.Folder);
+    FLoad.ObjectFolder = MakeFolder("obj/" + FLoad.ConfigFolder, FLoad.Folder);
     TQXResourceProcessor Resources(FAction, FLoad);
     Resources.ListFormResources(
         Root.SelectNodes(LanguagePath("/Files/Include/File[@BuildAction='EmbeddedResource' and @DependentUpon]")),

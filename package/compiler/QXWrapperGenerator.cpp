@@ -104,7 +104,7 @@ bool TQXWrapperGenerator::RunTool(const std::string& Tool, const std::string& Fo
     if (!FLoad.KeyFile.empty())
         Arguments += " /keyfile:" + CommandLines::Quote(FLoad.KeyFile, true);
     const auto Process = CreateQXProcess();
-    Process->SetExecutable(Paths::WithoutTrailing(FAction.GetSDKPath()) + Paths::Delimiter() + Tool);
+    Process->SetExecutable(Paths::WithoutTrailing(FLoad.SDKFolder) + Paths::Delimiter() + Tool);
     Process->SetOptionD(true);
     Process->SetOptionE(true);
     Process->SetEvents(&FAction);

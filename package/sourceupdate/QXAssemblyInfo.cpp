@@ -7,6 +7,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace
 {
@@ -57,15 +58,15 @@ void RegisterAssemblyInfoMethods()
     using TArguments = std::span<const TQXVariant>;
     const auto Text = [](const TQXVariant& Argument) { return std::get<std::string>(Argument); };
     IQXScriptingServices& Services = QXScriptingServices();
-    Services.RegisterMethod(QXScriptMethod<TQXAssemblyInfo>(ClassName, "AddEntry",
-                                                            {{"EntryName", TQXParamType::String},
-                                                             {"EntryValue", TQXParamType::String},
-                                                             {"IsQuoted", TQXParamType::Boolean}},
-                                                            [Text](TQXAssemblyInfo& Updater, TArguments Arguments) {
-                                                                Updater.AddEntry(Text(Arguments[0]), Text(Arguments[1]),
-                                                                                 std::get<bool>(Arguments[2]));
-                                                                return TQXVariant();
-                                                            }));
+    Services.RegisterMethod(QXScriptMethod<TQXAssemblyInfo>(
+        ClassName, "AddEntry",
+        {{"EntryName", TQXParamType::String},
+         {"EntryValue", TQXParamType::String},
+         {"IsQuoted", TQXParamType::Boolean}},
+        [Text](TQXAssemblyInfo& Updater, TArguments Arguments) {
+            Updater.AddScriptEntry(Text(Arguments[0]), Text(Arguments[1]), std::get<bool>(Arguments[2]));
+            return TQXVariant();
+        }));
     Services.RegisterMethod(QXScriptMethod<TQXAssemblyInfo>(ClassName, "RemoveEntry",
                                                             {{"EntryName", TQXParamType::String}},
                                                             [Text](TQXAssemblyInfo& Updater, TArguments Arguments) {
@@ -91,6 +92,28 @@ void TQXAssemblyInfo::RemoveEntry(const std::string& EntryName)
 {
     if (const auto Found = FindEntry(EntryName); Found != Entries.end())
         Entries.erase(Found);
+}
+
+void TQXAssemblyInfo::AddScriptEntry(const std::string& EntryName, const std::string& EntryValue, bool IsQuoted)
+{
+    AddEntry(EntryName, EntryValue, IsQuoted);
+    if (Entries.size() <= MostEntries)
+        return;
+    Entries.pop_back();
+    throw std::runtime_error("AddEntry adds no more than " + std::to_string(MostEntries) + " entries to a file");
+}
+
+std::function<void()> TQXAssemblyInfo::RememberState()
+{
+    return [this, Before = Entries] { Entries = Before; };
+}
+
+std::size_t TQXAssemblyInfo::StateSize() const
+{
+    std::size_t Size = Entries.size() * sizeof(TEntry);
+    for (const TEntry& Entry : Entries)
+        Size += Entry.Name.size() + Entry.Value.size();
+    return Size;
 }
 
 bool TQXAssemblyInfo::ProcessFile(const std::string& AFileName, bool Backup)

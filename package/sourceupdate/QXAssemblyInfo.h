@@ -1,11 +1,13 @@
 #pragma once
 
+#include "host/QXScript.h"
 #include "package/sourceupdate/QXAssemblyInfoLanguage.h"
 #include "package/sourceupdate/QXAssemblyInfoUpdater.h"
 #include "package/sourceupdate/QXSourceLines.h"
 #include "platform/FileRewrite.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,9 +16,12 @@
 class IStringTokeniser;
 
 /// The updater, a scanner that sees one line at a time and leaves alone what it does not recognise.
-class TQXAssemblyInfo final : public TQXPersistent, public IQXAssemblyInfoUpdater
+class TQXAssemblyInfo final : public TQXPersistent, public IQXAssemblyInfoUpdater, public IQXScriptTarget
 {
 public:
+    /// To which a script can bring the entries of a file.
+    static constexpr std::size_t MostEntries = 10000;
+
     explicit TQXAssemblyInfo(TAssemblyInfoMode AMode) : Mode(AMode) {}
 
     void SaveToFile(const std::string& FileName) override;
@@ -25,6 +30,10 @@ public:
     void RemoveEntry(const std::string& EntryName) override;
     [[nodiscard]] TQXPersistent& GetImplementation() override { return *this; }
     [[nodiscard]] bool ProcessFile(const std::string& AFileName, bool Backup) override;
+    [[nodiscard]] std::function<void()> RememberState() override;
+    [[nodiscard]] std::size_t StateSize() const override;
+    /// As AddEntry; throws std::runtime_error when there are too many.
+    void AddScriptEntry(const std::string& EntryName, const std::string& EntryValue, bool IsQuoted);
 
 private:
     struct TEntry

@@ -5,6 +5,7 @@
 
 TCustomQXAction::~TCustomQXAction() = default;
 TQXAction::~TQXAction() = default;
+IQXScriptTarget::~IQXScriptTarget() = default;
 
 IQXActionHost* TCustomQXAction::Host()
 {

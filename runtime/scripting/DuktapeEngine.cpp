@@ -64,10 +64,14 @@ class TScriptRun
 {
 public:
     TScriptRun(TQXScript& Script, TScriptingServices& Services, std::chrono::milliseconds Time)
-        : FScript(Script), FServices(Services), FLimits(Time, [this] { return FHeap ? FHeap->CurrentLine() : 0; })
+        : FScript(Script), FServices(Services),
+          FLimits(Time, [this] { return FHeap ? FHeap->CurrentPlace() : TScriptPlace(); })
     {}
 
+    /// Runs the script; what one that fails did to the host's objects is taken back.
     std::optional<TScriptFailure> Execute();
+    /// Only looks whether the script can be parsed.
+    std::optional<TScriptFailure> Parse() { return Attempt<&TScriptRun::Compile>(); }
 
 private:
     /// Runs a part so that its errors stay inside the engine; Arguments of the stack are its, and one result stays.
@@ -80,11 +84,15 @@ private:
         return duk_safe_call(FContext, Call, this, Arguments, 1) == DUK_EXEC_SUCCESS;
     }
 
+    /// Does a part in an engine of its own; gives no failure on success.
+    template <void (TScriptRun::*Part)()> std::optional<TScriptFailure> Attempt();
+
     void RunScript();
     void Trim();
     void OfferTypes();
     void OfferGlobals();
     void SetParameters();
+    void Compile();
     void RunText();
     void ReadOutputs();
     void DescribeError();
@@ -101,15 +109,22 @@ private:
 };
 
 std::optional<TScriptFailure> TScriptRun::Execute()
+{
+    std::optional<TScriptFailure> Failure = Attempt<&TScriptRun::RunScript>();
+    if (!Failure)
+        StoreOutputs();
+    else if (FHeap)
+        FHeap->Changes().TakeBack();
+    return Failure;
+}
+
+template <void (TScriptRun::*Part)()> std::optional<TScriptFailure> TScriptRun::Attempt()
 try
 {
     FHeap.emplace(FServices);
     FContext = FHeap->Context();
-    if (Protect<&TScriptRun::RunScript>(0))
-    {
-        StoreOutputs();
+    if (Protect<Part>(0))
         return {};
-    }
     (void)Protect<&TScriptRun::DescribeError>(1);
     return FFailure;
 }
@@ -117,7 +132,7 @@ catch (const std::runtime_error& Error) // the engine was left where it stood
 {
     if (FLimits.Reason().empty())
         return TScriptFailure{FHeap ? FHeap->ThrowLine() : 0, Error.what()};
-    return TScriptFailure{FLimits.Line(), FLimits.Reason()};
+    return TScriptFailure{FLimits.Place().Line, FLimits.Reason()};
 }
 
 void TScriptRun::RunScript()
@@ -128,6 +143,7 @@ void TScriptRun::RunScript()
     SetParameters();
     RunText();
     ReadOutputs();
+    QXCheckScriptLimits(); // its last call of the host counts too
 }
 
 void TScriptRun::Trim()
@@ -186,11 +202,16 @@ void TScriptRun::SetParameters()
     duk_pop(FContext);
 }
 
-void TScriptRun::RunText()
+void TScriptRun::Compile()
 {
     ScriptValues::PushText(FContext, FScript.Text());
     ScriptValues::PushText(FContext, FScript.Name());
     duk_compile(FContext, 0);
+}
+
+void TScriptRun::RunText()
+{
+    Compile();
     duk_call(FContext, 0);
     duk_pop(FContext);
 }
@@ -234,16 +255,33 @@ void TScriptRun::DescribeError()
 /// The engine has few words, and no line, for an error that it meets where memory or the stack is used up.
 void TScriptRun::ExplainLimits()
 {
-    const bool HasNoRoom = FFailure.Reason.starts_with("DoubleError");
-    if (FHeap->WasRefused() && (HasNoRoom || FFailure.Reason == "Error: alloc failed"))
-        FFailure = {FHeap->RefusalLine(),
-                    fmt::format("the script needs more than {} MiB of memory", TScriptHeap::MemoryLimit >> 20)};
+    const std::string& Reason = FFailure.Reason;
+    const bool HasNoRoom = Reason.starts_with("DoubleError");
+    const bool HasNoStack = HasNoRoom || Reason.find("C stack depth limit") != std::string::npos;
+    if (FHeap->WasRefused() &&
+        (HasNoRoom || Reason == "Error: alloc failed" || Reason.ends_with(TScriptHeap::MemoryReason())))
+        FFailure = {FHeap->RefusalLine(), TScriptHeap::MemoryReason()};
+    else if (Reason.find("regexp executor recursion limit") != std::string::npos ||
+             (HasNoStack && FLimits.Place().IsInRegExp))
+        FFailure = {HasNoRoom ? FLimits.Place().Line : FFailure.Line,
+                    "a regular expression goes too deep for the script engine; match shorter pieces of the text, or "
+                    "repeat single characters instead of groups"};
     else if (HasNoRoom)
-        FFailure = {FLimits.Line(), "the script nests too deep"};
+        FFailure = {FLimits.Place().Line, "the script nests too deep"};
+}
+
+std::chrono::milliseconds TimeOr(const std::optional<std::chrono::milliseconds>& Limit)
+{
+    return Limit ? *Limit : TimeOfOptions();
 }
 } // namespace
 
 std::optional<TScriptFailure> TDuktapeEngine::Run(TQXScript& Script, TScriptingServices& Services)
 {
-    return TScriptRun(Script, Services, FTimeLimit ? *FTimeLimit : TimeOfOptions()).Execute();
+    return TScriptRun(Script, Services, TimeOr(FTimeLimit)).Execute();
+}
+
+std::optional<TScriptFailure> TDuktapeEngine::Parse(TQXScript& Script, TScriptingServices& Services)
+{
+    return TScriptRun(Script, Services, TimeOr(FTimeLimit)).Parse();
 }

@@ -14,6 +14,7 @@ public:
     explicit TDuktapeEngine(std::chrono::milliseconds TimeLimit) : FTimeLimit(TimeLimit) {}
 
     [[nodiscard]] std::optional<TScriptFailure> Run(TQXScript& Script, TScriptingServices& Services) override;
+    [[nodiscard]] std::optional<TScriptFailure> Parse(TQXScript& Script, TScriptingServices& Services) override;
 
 private:
     std::optional<std::chrono::milliseconds> FTimeLimit;

@@ -1,8 +1,14 @@
 #include "runtime/scripting/ScriptHeap.h"
 
-#include "runtime/scripting/duktape/CurrentLine.h"
+#include "runtime/scripting/duktape/CurrentPlace.h"
 
+#include <fmt/format.h>
 #include <stdexcept>
+
+std::string TScriptHeap::MemoryReason()
+{
+    return fmt::format("the script needs more than {} MiB of memory", MemoryLimit >> 20);
+}
 
 // The engine is never taken down in order: a script that was ended leaves it in the middle of something, and all that
 // it holds is memory, which goes with FMemory.
@@ -20,9 +26,9 @@ TScriptHeap& TScriptHeap::Of(duk_context* Context)
     return *static_cast<TScriptHeap*>(Functions.udata);
 }
 
-int TScriptHeap::CurrentLine() const
+TScriptPlace TScriptHeap::CurrentPlace() const
 {
-    return FContext ? CurrentScriptLine(FContext) : 0;
+    return FContext ? CurrentScriptPlace(FContext) : TScriptPlace();
 }
 
 void* TScriptHeap::NoteRefusal(void* Memory)
@@ -30,7 +36,7 @@ void* TScriptHeap::NoteRefusal(void* Memory)
     if (FMemory.TakeRefusal())
     {
         FWasRefused = true;
-        if (const int Line = CurrentLine(); Line > 0) // describing the error may be refused memory too
+        if (const int Line = CurrentPlace().Line; Line > 0) // describing the error may be refused memory too
             FRefusalLine = Line;
     }
     return Memory;

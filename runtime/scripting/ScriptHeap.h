@@ -1,8 +1,11 @@
 #pragma once
 
+#include "runtime/scripting/ScriptChanges.h"
 #include "runtime/scripting/ScriptMemory.h"
+#include "runtime/scripting/ScriptPlace.h"
 
 #include <duktape.h>
+#include <string>
 
 class TScriptingServices;
 
@@ -11,6 +14,9 @@ class TScriptHeap
 {
 public:
     static constexpr std::size_t MemoryLimit = std::size_t{64} << 20;
+
+    /// What a script is told that needs more.
+    [[nodiscard]] static std::string MemoryReason();
 
     /// Makes the engine; throws std::runtime_error if it does not come up.
     explicit TScriptHeap(TScriptingServices& Services);
@@ -21,10 +27,12 @@ public:
     [[nodiscard]] duk_context* Context() const { return FContext; }
     [[nodiscard]] TScriptingServices& Services() const { return FServices; }
 
-    /// The script's line at the moment.
-    [[nodiscard]] int CurrentLine() const;
+    [[nodiscard]] TScriptChanges& Changes() { return FChanges; }
+
+    /// Where the script is at the moment.
+    [[nodiscard]] TScriptPlace CurrentPlace() const;
     /// Remembers the line as that of the last throw.
-    void NoteThrow() { FThrowLine = CurrentLine(); }
+    void NoteThrow() { FThrowLine = CurrentPlace().Line; }
     [[nodiscard]] int ThrowLine() const { return FThrowLine; }
     /// The line at which memory was refused last, 0 if it never was.
     [[nodiscard]] int RefusalLine() const { return FRefusalLine; }
@@ -37,6 +45,7 @@ private:
     void* NoteRefusal(void* Memory);
 
     TScriptMemory FMemory{MemoryLimit};
+    TScriptChanges FChanges{FMemory};
     TScriptingServices& FServices;
     duk_context* FContext = nullptr;
     int FThrowLine = 0;

@@ -22,8 +22,8 @@ std::string InSeconds(std::chrono::milliseconds Time)
 
 constinit thread_local unsigned TScriptLimits::StepsToCheck = StepsBetweenChecks;
 
-TScriptLimits::TScriptLimits(std::chrono::milliseconds Time, std::function<int()> FindLine)
-    : FTime(Time), FDeadline(std::chrono::steady_clock::now() + Time), FFindLine(std::move(FindLine)),
+TScriptLimits::TScriptLimits(std::chrono::milliseconds Time, std::function<TScriptPlace()> FindPlace)
+    : FTime(Time), FDeadline(std::chrono::steady_clock::now() + Time), FFindPlace(std::move(FindPlace)),
       FStackTop(static_cast<const char*>(__builtin_frame_address(0))), FOuter(Current)
 {
     Current = this;
@@ -43,14 +43,14 @@ bool TScriptLimits::CheckCurrent()
 bool TScriptLimits::Check()
 {
     if (!FReason.empty())
-        return false; // finding the line takes steps too
+        return false; // finding the place takes steps too
     if (Termination::Requested() != 0)
         FReason = "the run was ended";
     else if (std::chrono::steady_clock::now() >= FDeadline)
         FReason = fmt::format("the script ran longer than {}", InSeconds(FTime));
     else
         return false;
-    FLine = FFindLine();
+    FPlace = FFindPlace();
     return true;
 }
 
@@ -59,6 +59,6 @@ bool TScriptLimits::IsStackLow()
     const auto* Here = static_cast<const char*>(__builtin_frame_address(0));
     if (!Current || Current->FStackTop - Here <= StackForEngine)
         return false;
-    Current->FLine = Current->FFindLine();
+    Current->FPlace = Current->FFindPlace();
     return true;
 }

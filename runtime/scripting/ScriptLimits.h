@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/scripting/ScriptPlace.h"
+
 #include <chrono>
 #include <cstddef>
 #include <functional>
@@ -10,16 +12,16 @@
 class TScriptLimits
 {
 public:
-    /// FindLine gives the script's line at the moment; it is called when a limit is reached.
-    TScriptLimits(std::chrono::milliseconds Time, std::function<int()> FindLine);
+    /// FindPlace tells where the script is; it is called when a limit is reached.
+    TScriptLimits(std::chrono::milliseconds Time, std::function<TScriptPlace()> FindPlace);
     ~TScriptLimits();
     TScriptLimits(const TScriptLimits&) = delete;
     TScriptLimits& operator=(const TScriptLimits&) = delete;
 
     /// Why the script was ended; empty while it was not.
     [[nodiscard]] const std::string& Reason() const { return FReason; }
-    /// Where a limit was reached last; 0 if none was.
-    [[nodiscard]] int Line() const { return FLine; }
+    /// Where a limit was reached last.
+    [[nodiscard]] const TScriptPlace& Place() const { return FPlace; }
 
     /// Looks at the running script's limits; true if it has to end.
     [[nodiscard]] static bool CheckCurrent();
@@ -34,9 +36,9 @@ private:
 
     std::chrono::milliseconds FTime;
     std::chrono::steady_clock::time_point FDeadline;
-    std::function<int()> FFindLine;
+    std::function<TScriptPlace()> FFindPlace;
     const char* FStackTop;
     std::string FReason;
-    int FLine = 0;
+    TScriptPlace FPlace;
     TScriptLimits* FOuter;
 };

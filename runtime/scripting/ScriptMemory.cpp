@@ -20,10 +20,18 @@ TScriptMemory::~TScriptMemory()
 bool TScriptMemory::MayGrow(std::size_t OldSize, std::size_t NewSize)
 {
     const std::size_t Limit = NewSize <= SmallBlock ? FLimit + Reserve : FLimit;
-    if (NewSize <= Limit && FUsed - OldSize <= Limit - NewSize)
+    if (NewSize <= Limit && FOutside + FUsed - OldSize <= Limit - NewSize)
         return true;
     FRefused = true;
     return false;
+}
+
+bool TScriptMemory::CountOutside(std::size_t Bytes)
+{
+    FRefused = Bytes > FLimit || FUsed > FLimit - Bytes;
+    if (!FRefused)
+        FOutside = Bytes;
+    return !FRefused;
 }
 
 void TScriptMemory::Link(TBlock* Block)

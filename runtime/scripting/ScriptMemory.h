@@ -18,7 +18,10 @@ public:
     [[nodiscard]] void* Reallocate(void* Memory, std::size_t Size);
     void Free(void* Memory);
 
-    /// Whether a block was refused since the last call.
+    /// Counts memory outside of this object, all that there is at the moment, as the script's. False, and what was
+    /// counted before still counts, if that passes the limit.
+    [[nodiscard]] bool CountOutside(std::size_t Bytes);
+    /// Whether memory was refused since the last call.
     [[nodiscard]] bool TakeRefusal();
 
 private:
@@ -33,6 +36,7 @@ private:
 
     std::size_t FLimit;
     std::size_t FUsed = 0;
+    std::size_t FOutside = 0;
     bool FRefused = false;
     TBlock* FFirst = nullptr;
 };

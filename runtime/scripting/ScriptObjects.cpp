@@ -84,6 +84,25 @@ std::string ParameterNames(const TQXScriptMethod& Method)
     return Names;
 }
 
+[[noreturn]] void RaiseNoMemory(duk_context* Context)
+{
+    Raise(Context, DUK_ERR_RANGE_ERROR, TScriptHeap::MemoryReason());
+}
+
+/// Remembers how the object is before a method changes it.
+void PrepareCall(duk_context* Context, TQXPersistent& Object, const std::vector<TQXVariant>& Arguments)
+{
+    auto* Target = dynamic_cast<IQXScriptTarget*>(&Object);
+    if (!Target)
+        return;
+    std::size_t Bytes = 0;
+    for (const TQXVariant& Argument : Arguments)
+        if (const auto* Text = std::get_if<std::string>(&Argument))
+            Bytes += Text->size();
+    if (!CallHost(Context, [&] { return TScriptHeap::Of(Context).Changes().MayCall(*Target, Bytes); }))
+        RaiseNoMemory(Context);
+}
+
 /// Calls the registered method whose place is the function's magic number.
 duk_ret_t CallMethod(duk_context* Context)
 {
@@ -101,6 +120,7 @@ duk_ret_t CallMethod(duk_context* Context)
     for (const TQXMethodParam& Param : Method.Params)
         Arguments.push_back(
             ScriptValues::ArgumentAt(Context, static_cast<duk_idx_t>(Arguments.size()), Param.Type, Param.Name));
+    PrepareCall(Context, Object, Arguments);
     const TQXVariant Result = CallHost(Context, [&] { return Method.Call(Object, Arguments); });
     ScriptValues::PushVariant(Context, Result, TQXParamType::None, Method.Name);
     return 1;
@@ -178,6 +198,8 @@ duk_ret_t SetMember(duk_context* Context)
     if (!Property)
         RaiseUnknown(Context, *Object, Name);
     const TQXPropertyValue Value = ScriptValues::PropertyAt(Context, 2, *Property);
+    if (!CallHost(Context, [&] { return TScriptHeap::Of(Context).Changes().MayWrite(*Property, Value); }))
+        RaiseNoMemory(Context);
     CallHost(Context, [&] { Property->Write(Value); });
     duk_push_true(Context);
     return 1;

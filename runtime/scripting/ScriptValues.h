@@ -13,10 +13,11 @@ namespace ScriptValues
 {
 [[noreturn]] void Raise(duk_context* Context, duk_errcode_t Kind, const std::string& Message);
 
-/// Calls the host for a script: its exceptions become the script's.
+/// Calls the host for a script: its exceptions become the script's, and its time counts as the script's.
 template <typename T> auto CallHost(duk_context* Context, const T& Call) -> decltype(Call())
 {
     std::string Reason;
+    QXCheckScriptLimits();
     try
     {
         return Call();

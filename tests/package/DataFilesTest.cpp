@@ -20,6 +20,10 @@ using TLines = std::vector<std::string>;
 class TFillingEngine final : public IScriptEngine
 {
 public:
+    std::optional<TScriptFailure> Parse(TQXScript& /*Script*/, TScriptingServices& /*Services*/) override
+    {
+        return {};
+    }
     std::optional<TScriptFailure> Run(TQXScript& Script, TScriptingServices& /*Services*/) override
     {
         std::string Text = Script.Text();

@@ -1,5 +1,6 @@
 #include "platform/Processes.h"
 #include "runtime/scripting/DuktapeEngine.h"
+#include "runtime/services/ScriptingServices.h"
 #include "tests/DataFile.h"
 #include "tests/runtime/SampleActions.h"
 #include "tests/runtime/TestHost.h"
@@ -27,9 +28,20 @@ public:
     std::string Location = "/opt/tool";
 };
 
-class TEntryList final : public TQXPersistent
+class TEntryList final : public TQXPersistent, public IQXScriptTarget
 {
 public:
+    std::function<void()> RememberState() override
+    {
+        return [this, Before = Entries] { Entries = Before; };
+    }
+    std::size_t StateSize() const override
+    {
+        std::size_t Size = 0;
+        for (const std::string& Entry : Entries)
+            Size += Entry.size();
+        return Size;
+    }
     std::vector<std::string> Entries;
 };
 
@@ -167,6 +179,33 @@ TEST_F(ScriptEngine, CallsMethods)
     EXPECT_EQ(Fetches, 1) << "once, by the script that used it";
 }
 
+TEST_F(ScriptEngine, NothingOfAScriptThatFailsStays)
+{
+    SetTimeLimit(std::chrono::milliseconds(500));
+    Action.Lines = TStringList{"a"};
+    List.Entries = {"before"};
+    CheckTable("scripts", "fails in the middle", [this](const TColumns& Row) {
+        const std::string Error = Run(Row[0]);
+        EXPECT_EQ(Action.Text + std::to_string(Action.Count) + Action.Lines.Text() + Options.Location,
+                  "7a\r\n/opt/tool");
+        EXPECT_THAT(List.Entries, ElementsAre("before"));
+        return TColumns{Error};
+    });
+    EXPECT_EQ(Run("Entries.AddEntry('a', 'b', false); Action.Text = 'x'; Action.Text += 'y'"), "as it was");
+    EXPECT_EQ(Action.Text, "xy");
+    EXPECT_THAT(List.Entries, ElementsAre("before", "a=b"));
+}
+
+TEST_F(ScriptEngine, ParsesWithoutRunning)
+{
+    CheckTable("scripts", "Parses without running", [this](const TColumns& Row) {
+        Script().SetText(Row[0]);
+        const auto Failure = Host.Runtime.ScriptEngine()->Parse(Script(), Host.Runtime.ScriptingServices());
+        return TColumns{Failure ? std::to_string(Failure->Line) + ": " + Failure->Reason : "yes"};
+    });
+    EXPECT_EQ(Action.Count, 7);
+}
+
 TEST_F(ScriptEngine, EndsScriptsThatRunTooLong)
 {
     SetTimeLimit(std::chrono::milliseconds(150));
@@ -198,7 +237,7 @@ TEST_F(ScriptEngine, KeepsToItsMemoryAndStack)
               "2: the script nests too deep");
     EXPECT_LT(Run("throw 'x'.repeat(1e6)").size(), 5000u);
     CheckTable("scripts", "too deep", [this](const TColumns& Row) {
-        EXPECT_THAT(Run(Row[0]), AnyOf(HasSubstr("limit"), HasSubstr("the script nests too deep")));
+        EXPECT_THAT(Run(Row[0]), AnyOf(HasSubstr("limit"), HasSubstr("too deep")));
         return TColumns();
     });
     TSecretMask Mask;

@@ -90,7 +90,7 @@ struct TScriptErrorEvent
     static constexpr TEventMembers<4> Members = {"index", "script", "line", "reason"};
     int Index = 0;
     std::string_view Script;
-    int Line = 0;
+    std::optional<int> Line; ///< of the script, where one is to blame
     std::string_view Reason;
 };
 

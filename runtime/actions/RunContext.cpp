@@ -91,7 +91,9 @@ bool TRunContext::ExecuteScript(TQXScript& Script)
     const auto Failure = Engine ? Engine->Run(Script, FRuntime.ScriptingServices())
                                 : TScriptFailure{0, "this build of the host has no script engine"};
     if (Failure)
-        FEvents.Handle(TScriptErrorEvent{FRun.Index, Script.Name(), Failure->Line, Failure->Reason});
+        FEvents.Handle(TScriptErrorEvent{FRun.Index, Script.Name(),
+                                         Failure->Line > 0 ? std::optional(Failure->Line) : std::nullopt,
+                                         Failure->Reason});
     return !Failure;
 }
 

@@ -20,10 +20,7 @@ using TLines = std::vector<std::string>;
 class TFillingEngine final : public IScriptEngine
 {
 public:
-    std::optional<TScriptFailure> Parse(TQXScript& /*Script*/, TScriptingServices& /*Services*/) override
-    {
-        return {};
-    }
+    std::optional<TScriptFailure> Parse(TQXScript& /*Script*/, TScriptingServices& /*Services*/) override { return {}; }
     std::optional<TScriptFailure> Run(TQXScript& Script, TScriptingServices& /*Services*/) override
     {
         std::string Text = Script.Text();

@@ -105,7 +105,7 @@ private:
     }
     std::string Remember(const TScriptErrorEvent& Event)
     {
-        ScriptErrors.push_back({std::string(Event.Script), Event.Line, std::string(Event.Reason)});
+        ScriptErrors.push_back({std::string(Event.Script), Event.Line.value_or(0), std::string(Event.Reason)});
         return std::string(Event.Script);
     }
     std::string Remember(const TProcessStartedEvent& Event)

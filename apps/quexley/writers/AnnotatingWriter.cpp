@@ -1,5 +1,6 @@
 #include "apps/quexley/writers/AnnotatingWriter.h"
 
+#include "apps/quexley/writers/EventTexts.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 
@@ -74,7 +75,7 @@ void TAnnotatingWriter::Annotate(const TScriptErrorEvent& Event)
 {
     // The action goes on after it and may fail for another reason.
     const bool HadError = FHasError;
-    const std::string Text = fmt::format("{}, line {}: {}", Event.Script, Event.Line, Event.Reason);
+    const std::string Text = ScriptErrorText(Event);
     Write({.Action = FAction, .Text = Text});
     FHasError = HadError;
 }

@@ -1,5 +1,6 @@
 #include "apps/quexley/writers/TextWriter.h"
 
+#include "apps/quexley/writers/EventTexts.h"
 #include "platform/Console.h"
 #include "platform/Text.h"
 
@@ -116,7 +117,8 @@ void TTextWriter::Write(const TExpansionErrorEvent& Event)
 
 void TTextWriter::Write(const TScriptErrorEvent& Event)
 {
-    WriteActionLines(fmt::format("{}, line {}: {}", Event.Script, Event.Line, Event.Reason), Red);
+    // A quiet log has it too: the action goes on, without what the script was for.
+    ForEachLine(ScriptErrorText(Event), [this](std::string_view Line) { WriteShownLine(Line, Red); });
 }
 
 void TTextWriter::Write(const TProcessStartedEvent& Event)
@@ -227,16 +229,18 @@ void TTextWriter::WriteLine(std::string_view Line, std::string_view Escape)
     FOutput.EndLine();
 }
 
+void TTextWriter::WriteShownLine(std::string_view Line, std::string_view Escape, std::string_view Indent)
+{
+    RemoveLiveLine();
+    if (FInAction)
+        FOutput.Append(Indent);
+    WriteLine(Line, Escape);
+}
+
 void TTextWriter::WriteActionLine(std::string_view Line, std::string_view Escape, std::string_view Indent)
 {
-    if (!FInAction)
-        return WriteLine(Line, Escape);
-    if (!FStyle.Quiet)
-    {
-        RemoveLiveLine();
-        FOutput.Append(Indent);
-        return WriteLine(Line, Escape);
-    }
+    if (!FInAction || !FStyle.Quiet)
+        return WriteShownLine(Line, Escape, Indent);
     const bool Colour = FStyle.Colour && !Escape.empty();
     for (const std::string_view Piece :
          {Indent, Colour ? Escape : "", Line, Colour ? Plain : "", std::string_view("\n")})

@@ -61,6 +61,8 @@ private:
     void Write(const TRunEndedEvent& Event);
     void Write(const TTickEvent& Event);
 
+    /// A line of an action that a quiet log has as well.
+    void WriteShownLine(std::string_view Line, std::string_view Escape, std::string_view Indent = "  ");
     void WriteActionLines(std::string_view Text, std::string_view Escape = {}, std::string_view Indent = "  ");
     void WriteRow(const TRow& Row, std::string_view Indent, std::size_t NameWidth);
     void WriteSummary();

@@ -247,7 +247,7 @@ std::string TQXManagedCompilerAction::ResolveProjReferenceEvent(const std::strin
     Script->SetValue("Action", QXScriptingServices().ObjectToVariant(*this));
     Script->SetValue("AssemblyName", FileName);
     Script->SetValue("ResolvedAssemblyFilePath", FileName);
-    // A failure has been reported; the name then is what the script left.
+    // A failure has been reported; the name then stays as it is.
     static_cast<void>(ExecuteScript(ResolveScript));
     const std::string* Result = std::get_if<std::string>(&Script->FindParam("ResolvedAssemblyFilePath")->Value());
     return Result ? *Result : FileName;

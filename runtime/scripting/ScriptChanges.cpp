@@ -14,7 +14,7 @@ std::size_t SizeOf(const TQXPropertyValue& Value)
                                    [](const std::vector<std::string>& Items) {
                                        std::size_t Size = 0;
                                        for (const std::string& Item : Items)
-                                           Size += sizeof(Item) + Item.size();
+                                           Size += sizeof(std::string) + Item.size();
                                        return Size;
                                    },
                                    [](const auto& Plain) { return sizeof(Plain); }},

@@ -45,6 +45,8 @@ private:
             WriteStandIn(Line.Rest, Line.Text);
         else if (Line.Word == "copy")
             fs::copy(fs::path(QUEXLEY_SOURCE_DIR) / Line.Rest, Folder(), fs::copy_options::recursive);
+        else if (Line.Word == "example")
+            WriteFile("quexley.toml", ExampleOf(Line.Rest));
         else if (Line.Word == "actions")
             WriteProject(Words(Line.Rest), Line.Text);
         else if (Line.Word == "env")
@@ -52,6 +54,16 @@ private:
         else
             return false;
         return true;
+    }
+
+    /// The block of TOML in a document behind a heading.
+    static std::string ExampleOf(const std::string& Place)
+    {
+        const std::string Page = ReadDocument(Place.substr(0, Place.find(' ')));
+        const std::size_t Heading = Page.find("\n## " + Place.substr(Place.find(' ') + 1) + '\n');
+        const std::size_t Start = Page.find("```toml\n", Heading) + 8;
+        EXPECT_TRUE(Heading != Page.npos && Start > Heading) << Place;
+        return Page.substr(Start, Page.find("```", Start) - Start);
     }
 
     /// One installation per name; "off:" before it is a disabled one, "go:" one that may fail.

@@ -40,6 +40,13 @@ std::vector<char*> Pointers(std::vector<std::string>& Texts)
 }
 } // namespace
 
+std::string ReadDocument(const std::string& Page)
+{
+    const std::string Text = ReadWhole(QUEXLEY_SOURCE_DIR "/docs/" + Page);
+    EXPECT_FALSE(Text.empty()) << Page;
+    return Text;
+}
+
 TRunningProgram::~TRunningProgram()
 {
     if (FEnded)

@@ -15,6 +15,9 @@ struct TProgramResult
     std::string Err;
 };
 
+/// The text of a page in docs/.
+[[nodiscard]] std::string ReadDocument(const std::string& Page);
+
 /// A program that is running. It is killed when the object goes before it has ended.
 class TRunningProgram
 {

@@ -35,13 +35,7 @@ public:
     {
         return [this, Before = Entries] { Entries = Before; };
     }
-    std::size_t StateSize() const override
-    {
-        std::size_t Size = 0;
-        for (const std::string& Entry : Entries)
-            Size += Entry.size();
-        return Size;
-    }
+    std::size_t StateSize() const override { return Entries.empty() ? 0 : Entries.size() * Entries.back().size(); }
     std::vector<std::string> Entries;
 };
 

@@ -68,6 +68,17 @@ bool TQXDotNetAction::IsValidSDKVersion(std::string_view Version) const
     return VersionNumber(MinimumSDKVersion) <= VersionNumber(Version);
 }
 
+bool TQXDotNetAction::IsMono() const
+{
+    return QXFiles().FileExists(Paths::WithTrailing(GetFrameWorkPath()) + "mcs.exe");
+}
+
+void TQXDotNetAction::ExplainMono(bool IsAskedFor, std::string_view Explanation) const
+{
+    if (IsAskedFor && IsMono())
+        SendMessage(Explanation);
+}
+
 std::string TQXDotNetAction::GetExecutable()
 {
     const TQXDotNetToolType ToolType = GetDotNetToolType();

@@ -43,6 +43,12 @@ public:
     bool OverrideSDKDefault = false;
     std::string MinimumSDKVersion = "v1.0";
 
+protected:
+    /// Whether the effective version is Mono's, whose tools lack some of the switches.
+    [[nodiscard]] bool IsMono() const;
+    /// Says why a tool that failed was asked for too much: what Mono's lacks.
+    void ExplainMono(bool IsAskedFor, std::string_view Explanation) const;
+
 private:
     /// Without a value: the global default, which is not asked for before it is needed.
     std::optional<std::string> FSDKVersion;

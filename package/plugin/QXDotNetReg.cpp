@@ -10,7 +10,19 @@
 #include "package/compiler/QXVBProjCompilerAction.h"
 #include "package/plugin/QXDotNetOptionsImpl.h"
 #include "package/plugin/QXProjectEditors.h"
+#include "package/sdktools/QXASPNetCompilerAction.h"
+#include "package/sdktools/QXDotNetALAction.h"
+#include "package/sdktools/QXDotNetASPdotNETIISRegAction.h"
 #include "package/sdktools/QXDotNetGACAction.h"
+#include "package/sdktools/QXDotNetRegasmAction.h"
+#include "package/sdktools/QXDotNetSNAction.h"
+#include "package/sdktools/QXDotNetTLBExpAction.h"
+#include "package/sdktools/QXDotNetTLBImpAction.h"
+#include "package/sdktools/QXMSBuildAction.h"
+#include "package/sdktools/QXNGen20InstallAction.h"
+#include "package/sdktools/QXNGen20UninstallAction.h"
+#include "package/sdktools/QXNGen20UpdateAction.h"
+#include "package/sdktools/QXResgenAction.h"
 #include "package/sourceupdate/QXAssemblyInfoUpdaterAction.h"
 #include "package/sourceupdate/QXDotNetComRefAction.h"
 
@@ -19,6 +31,7 @@
 
 namespace
 {
+constexpr const char* BuildTools = "Build Tools";
 constexpr const char* Compilers = "Compilers";
 constexpr const char* DotNetTools = ".Net Tools";
 
@@ -85,12 +98,29 @@ constexpr TRow Rows[] = {
     {"TQXJSharpCompilerAction", Action<TQXJSharpCompilerAction>, "JSHARP", Compilers},
     {"TQXJSProjCompilerAction", Action<TQXJSProjCompilerAction>, "JSHARP", Compilers, nullptr,
      {.RegisterEditor = ProjectEditor<TQXJSharpProjectEditor>, .EditorName = "TQXJSharpProjectEditor"}},
+    {"TSNGenerateKeyPair", Action<TSNGenerateKeyPair>, "GENKEYPAIR", DotNetTools, "Generate Key Pair [SN]"},
+    {"TSNVerifyAssembly", Action<TSNVerifyAssembly>, "VERIFYSN", DotNetTools, "Verify Strong Name [SN]"},
+    {"TSNInstallKeyPair", Action<TSNInstallKeyPair>, "INSTALLKEY", DotNetTools, "Install Key in Container [SN]"},
+    {"TSNExtractPublicKey", Action<TSNExtractPublicKey>, "EXTRACTKEY", DotNetTools, "Extract Public Key [SN]"},
+    {"TSNResignAssembly", Action<TSNResignAssembly>, "RESIGNASS", DotNetTools, "Re-sign Assembly [SN]"},
+    {"TTLBImportAction", Action<TTLBImportAction>, "RUNTLBIMPORT", DotNetTools, "Type Library Import [TLBIMP]"},
+    {"TTLBExportAction", Action<TTLBExportAction>, "RUNTLBEXPORT", DotNetTools, "Type Library Export [TLBEXP]"},
+    {"TSNGenericSN", Action<TSNGenericSN>, "RUNSN", DotNetTools},
+    {"TALGenericAL", Action<TALGenericAL>, "RUNAL", DotNetTools},
+    {"TMSBuildAction", Action<TMSBuildAction>, "MSBUILDICON", BuildTools},
     {"TQXBorlandCSBuilderProjCompilerAction", Action<TQXBorlandCSBuilderProjCompilerAction>, "BDSPROJ", Compilers, nullptr,
      {.RegisterEditor = ProjectEditor<TQXCSharpBuilderProjectEditor>, .EditorName = "TQXCSharpBuilderProjectEditor"}},
+    {"TQXResGenAction", Action<TQXResGenAction>, "RESGEN", DotNetTools},
     {"TQXDotNetComReferenceFixAction", Action<TQXDotNetComReferenceFixAction>, "ASSEMBLYUPATER", DotNetTools},
+    {"TQXNGen20InstallAction", Action<TQXNGen20InstallAction>, "NGENINSTALL", DotNetTools},
+    {"TQXNGen20UninstallAction", Action<TQXNGen20UninstallAction>, "NGENUNINSTALL", DotNetTools},
+    {"TQXNGen20UpdateAction", Action<TQXNGen20UpdateAction>, "NGENUPDATE", DotNetTools},
+    {"TASPIISRegGeneric", Action<TASPIISRegGeneric>, "RUNASPNETREGIIS", DotNetTools, "Run ASPNET_REGIIS.EXE"},
+    {"TASPNetCompilerAction", Action<TASPNetCompilerAction>, "ASPNETCOMPILER", DotNetTools},
     {"TGACInstallAction", Action<TGACInstallAction>, "GACINSTALL", DotNetTools, "GAC Install [GACUTIL]"},
     {"TGACUninstallAction", Action<TGACUninstallAction>, "GACUNINSTALL", DotNetTools, "GAC Uninstall [GACUTIL]"},
     {"TGACListAction", Action<TGACListAction>, "GACLIST", DotNetTools, "GAC Download Cache [GACUTIL]"},
+    {"TQXRegasmAction", Action<TQXRegasmAction>, "RUNREGASM", DotNetTools, "Register Assembly in COM [REGASM]"},
 };
 // clang-format on
 

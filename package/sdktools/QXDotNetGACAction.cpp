@@ -107,6 +107,12 @@ bool TGACListAction::GetCommandLine(ICommandLineBuilder& Builder)
     return true;
 }
 
+void TGACListAction::OnFailure(int ExitCode)
+{
+    TQXGACAction::OnFailure(ExitCode);
+    ExplainMono(true, "Mono's gacutil.exe keeps no download cache: it can neither list nor clear one");
+}
+
 bool TGACListAction::Validate(IQXActionValidationError& /*Errors*/)
 {
     return true;

@@ -71,6 +71,7 @@ public:
     static std::string GetQuickHelpFilename() { return "Plugins\\GACList.html"; }
 
     [[nodiscard]] bool GetCommandLine(ICommandLineBuilder& Builder) override;
+    void OnFailure(int ExitCode) override;
     [[nodiscard]] bool Validate(IQXActionValidationError& Errors) override;
 
     bool DeleteDownloadCache = false;

@@ -26,6 +26,8 @@ public:
         for (const TDataLine& Line : FCase.Lines)
         {
             const testing::ScopedTrace Trace(FCase.File.c_str(), Line.Line, Line.Word);
+            if (Line.Word == "mono" && !HasMono(Words(Line.Rest)))
+                return;
             if (!Prepare(Line) && !Do(Line) && !Check(Line))
                 FCase.Fail(Line, "\"" + Line.Word + "\" is no word of data files");
         }
@@ -49,6 +51,8 @@ private:
             WriteFile("quexley.toml", ExampleOf(Line.Rest));
         else if (Line.Word == "actions")
             WriteProject(Words(Line.Rest), Line.Text);
+        else if (Line.Word == "mono")
+            WriteFile(OptionsFile(), "");
         else if (Line.Word == "env")
             FEnvironment.push_back(SplitSetting(Line.Rest));
         else
@@ -64,6 +68,12 @@ private:
         const std::size_t Start = Page.find("```toml\n", Heading) + 8;
         EXPECT_TRUE(Heading != Page.npos && Start > Heading) << Place;
         return Page.substr(Start, Page.find("```", Start) - Start);
+    }
+
+    static bool HasMono(const std::vector<std::string>& Tools)
+    {
+        return std::all_of(Tools.begin(), Tools.end(),
+                           [](const std::string& Tool) { return fs::exists("/usr/lib/mono/4.5/" + Tool); });
     }
 
     /// One installation per name; "off:" before it is a disabled one, "go:" one that may fail.

@@ -46,6 +46,33 @@ std::string Bytes(const std::string& Text)
                                   : Unescape(Text);
 }
 
+bool IsExpectation(const std::string& Word)
+{
+    static const std::set<std::string> Kinds = {"result",  "args",    "arg",       "executable", "starts-in",
+                                                "rsp",     "message", "last",      "output",     "error",
+                                                "fails",   "finding", "expansion", "exists",     "absent",
+                                                "content", "updated", "untouched", "value",      "interprets"};
+    return Kinds.contains(Word);
+}
+
+/// What a line "also SETTING | SETTING => EXPECTED | EXPECTED" stands for: a case with what its own prepares, and this.
+TDataCase Variation(const TDataCase& Case, const TDataLine& Also)
+{
+    TDataCase Result{Case.File, Case.Name, Also.Line, {}};
+    for (const TDataLine& Line : Case.Lines)
+        if (Line.Word != "also" && !IsExpectation(Line.Word))
+            Result.Lines.push_back(Line);
+    const std::string Text = Texts::Replace(Also.Rest, " => ", " | ") + " | ";
+    for (std::size_t Start = 0, End = 0; Start < Text.size(); Start = End + 3)
+    {
+        End = Text.find(" | ", Start);
+        const std::string Part = Text.substr(Start, End - Start);
+        const std::size_t Blank = std::min(Part.find(' '), Part.size());
+        Result.Lines.push_back({Part.substr(0, Blank), Part.substr(std::min(Blank + 1, Part.size())), "", Also.Line});
+    }
+    return Result;
+}
+
 /// One case in a folder and a host of its own.
 class TCaseRun
 {
@@ -79,16 +106,21 @@ public:
 private:
     void Prepare(const TDataLine& Line)
     {
-        static const std::set<std::string> Kinds = {"result",  "args",      "arg",    "executable", "starts-in",
-                                                    "rsp",     "message",   "last",   "output",     "error",
-                                                    "finding", "expansion", "exists", "absent",     "content",
-                                                    "updated", "untouched", "value",  "interprets"};
-        if (Kinds.contains(Line.Word))
-            FExpected[Line.Word].push_back(Line);
+        if (IsExpectation(Line.Word))
+            Expect(Line);
+        else if (Line.Word == "also")
+            return;
         else if (Line.Rest.starts_with('=') && std::isupper(static_cast<unsigned char>(Line.Word[0])))
             FProperties.push_back({"", Line.Word + ' ' + Line.Rest, "", Line.Line});
         else if (!PrepareHost(Line, Fill(Line.Rest)) && !PrepareFile(Line, Fill(Line.Rest)))
             FCase.Fail(Line, "\"" + Line.Word + "\" is neither a property with its value nor a word of data files");
+    }
+
+    void Expect(const TDataLine& Line)
+    {
+        if (Line.Word == "fails")
+            FExpected["result"].push_back({"result", "false", "", Line.Line});
+        FExpected[Line.Word == "fails" ? "expansion" : Line.Word].push_back(Line);
     }
 
     bool PrepareHost(const TDataLine& Line, const std::string& Rest)
@@ -359,6 +391,12 @@ TEST_P(DataFiles, GiveWhatTheySay)
     {
         const testing::ScopedTrace Trace(Case.File.c_str(), Case.Line, Case.Name);
         TCaseRun(Case).Run();
+        for (const TDataLine& Line : Case.Lines)
+            if (Line.Word == "also")
+            {
+                const testing::ScopedTrace Place(Case.File.c_str(), Line.Line, Line.Rest);
+                TCaseRun(Variation(Case, Line)).Run();
+            }
     }
 }
 

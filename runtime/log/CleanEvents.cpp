@@ -3,25 +3,29 @@
 #include "platform/Text.h"
 #include "runtime/log/EventMembers.h"
 
-#include <array>
+#include <forward_list>
 #include <string>
 
 namespace
 {
 /// Cleans the texts of one event; holds those that had to be changed.
-template <std::size_t Count> class TCleaner
+class TCleaner
 {
 public:
     explicit TCleaner(const TSecretMask& Mask) : FMask(Mask) {}
+    [[nodiscard]] bool HasChanged() const { return !FTexts.empty(); }
 
     void operator()(std::string_view& Text)
     {
-        std::string& Buffer = FBuffers[FUsed++];
-        Text = FMask.Apply(Text, Buffer);
-        if (Texts::IsAscii(Text) || Texts::IsValidUtf8(Text))
-            return;
-        Buffer = Texts::MakeValidUtf8(Text);
-        Text = FMask.Apply(Buffer, Buffer);
+        std::string Buffer;
+        std::string_view Cleaned = FMask.Apply(Text, Buffer);
+        if (!Texts::IsAscii(Cleaned) && !Texts::IsValidUtf8(Cleaned))
+        {
+            Buffer = Texts::MakeValidUtf8(Cleaned);
+            Cleaned = FMask.Apply(Buffer, Buffer);
+        }
+        if (Cleaned.data() != Text.data() || Cleaned.size() != Text.size())
+            Text = FTexts.emplace_front(Cleaned);
     }
     void operator()(std::optional<std::string_view>& Text)
     {
@@ -39,18 +43,17 @@ public:
 
 private:
     const TSecretMask& FMask;
-    std::array<std::string, Count> FBuffers;
-    std::size_t FUsed = 0;
+    std::forward_list<std::string> FTexts;
 };
 } // namespace
 
 void TCleanEvents::Handle(const TRunEvent& Event)
 {
     std::visit(
-        [this](auto Copy) {
-            TCleaner<decltype(Copy)::Members.size()> Clean(FMask);
+        [&](auto Copy) {
+            TCleaner Clean(FMask);
             ForEachMember(Copy, [&](std::string_view, auto& Value) { Clean(Value); });
-            FTarget.Handle(Copy);
+            Clean.HasChanged() ? FTarget.Handle(Copy) : FTarget.Handle(Event);
         },
         Event);
 }

@@ -40,6 +40,9 @@ template <typename TTest> std::string_view TakeWhile(std::string_view& Text, TTe
 /// Takes `error CODE: text` apart.
 std::optional<TToolMessage> ParseSeverity(std::string_view Text)
 {
+    // Millions of lines come by here, and few of them begin like this.
+    if (Text.empty() || std::string_view("few").find(Text.front()) == std::string_view::npos)
+        return std::nullopt;
     TToolMessage Message;
     Take(Text, "fatal ");
     Message.IsError = Take(Text, "error ");
@@ -72,11 +75,18 @@ bool ParsePlace(std::string_view Place, TToolMessage& Message)
 
 std::optional<TToolMessage> ParseToolMessage(std::string_view Line)
 {
-    if (Line.size() > LongestMessage || Line.find(':') == std::string_view::npos)
+    if (Line.size() > LongestMessage)
         return std::nullopt;
-    for (std::size_t End = Line.find("): "); End != std::string_view::npos; End = Line.find("): ", End + 1))
-        if (std::optional<TToolMessage> Message = ParseSeverity(Line.substr(End + 3));
-            Message && ParsePlace(Line.substr(0, End + 1), *Message))
+    std::size_t Colon = Line.find(':');
+    if (Colon == std::string_view::npos)
+        return std::nullopt;
+    for (; Colon != std::string_view::npos; Colon = Line.find(':', Colon + 1))
+    {
+        if (Colon == 0 || Line[Colon - 1] != ')' || !Line.substr(Colon + 1).starts_with(' '))
+            continue;
+        if (std::optional<TToolMessage> Message = ParseSeverity(Line.substr(Colon + 2));
+            Message && ParsePlace(Line.substr(0, Colon), *Message))
             return Message;
+    }
     return ParseSeverity(Texts::Trim(Line));
 }

@@ -112,7 +112,7 @@ template <typename TEvent> void TJsonWriter::Write(const TEvent& Event)
     FOutput.Append("{\"event\":\"");
     FOutput.Append(TEvent::Name);
     FOutput.Append("\"");
-    ForEachMember(Event, [this](std::string_view Member, const auto& Value) {
+    ForEachMember(Event, [&](std::string_view Member, const auto& Value) {
         if (!Member.empty())
             Add(Member, Value);
     });

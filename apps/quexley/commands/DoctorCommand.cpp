@@ -98,7 +98,9 @@ int DoctorCommand(const TArguments& Arguments, TQXRuntime& Runtime)
     const TProject& Project = *Loaded;
     int Missing = 0;
     Text += fmt::format("Project {}\n{}", Project.File, Tools(Project, Missing));
-    Text += Missing == 0 ? "Nothing is missing.\n" : fmt::format("{} of the tools missing.\n", Missing);
+    Text += Missing == 0   ? "Nothing is missing.\n"
+            : Missing == 1 ? "1 tool is missing.\n"
+                           : fmt::format("{} tools are missing.\n", Missing);
     WriteAnswer(Text);
     return Missing == 0 ? 0 : ToolIsMissing;
 }

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <functional>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -178,11 +177,6 @@ std::size_t Texts::CharacterLength(std::string_view Text)
         if ((At(Index) & 0xC0) != 0x80)
             return 0;
     return Range->Length;
-}
-
-std::size_t Texts::CountCharacters(std::string_view Text)
-{
-    return static_cast<std::size_t>(std::count_if(Text.begin(), Text.end(), std::not_fn(IsTrailByte)));
 }
 
 std::string_view Texts::FirstCharacters(std::string_view Text, std::size_t Count)

@@ -43,7 +43,6 @@ template <typename T> [[nodiscard]] std::optional<T> ParseWhole(std::string_view
 }
 /// The length of the well-formed character at the start of Text, which is not empty; 0 for a malformed one.
 [[nodiscard]] std::size_t CharacterLength(std::string_view Text);
-[[nodiscard]] std::size_t CountCharacters(std::string_view Text);
 /// The text's first characters.
 [[nodiscard]] std::string_view FirstCharacters(std::string_view Text, std::size_t Count);
 /// The most bytes up to Limit, which Text exceeds, that cut no character in two; Limit where the bytes are no UTF-8.

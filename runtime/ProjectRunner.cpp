@@ -1,5 +1,6 @@
 #include "runtime/ProjectRunner.h"
 
+#include "host/QXExecuteAction.h"
 #include "platform/Files.h"
 #include "platform/Processes.h"
 #include "platform/Text.h"
@@ -14,6 +15,7 @@
 #include "runtime/log/CleanEvents.h"
 #include "runtime/log/Diagnostics.h"
 #include "runtime/log/HostEvents.h"
+#include "runtime/log/MissingOutputs.h"
 
 #include <fmt/format.h>
 
@@ -63,6 +65,11 @@ private:
     std::chrono::steady_clock::time_point FStart = std::chrono::steady_clock::now();
 };
 
+class TNoEvents final : public IRunEvents
+{
+    void Handle(const TRunEvent&) override {}
+};
+
 /// Passes findings on as events and counts them.
 class TFindings final : public IQXActionValidationError
 {
@@ -106,6 +113,7 @@ struct TProjectRunner::TImpl
     void RunOrSkip(TProjectAction& Action);
     void RunAction(TProjectAction& Action);
     [[nodiscard]] bool Execute(TProjectAction& Action);
+    void NoteOutputs(TProjectAction& Action, const TActionRun& Run);
     /// Whether its test lets it run; one that cannot be made fails it when it runs.
     [[nodiscard]] bool IsWanted(const TProjectAction& Action) const;
     void Skip(const TProjectAction& Action, std::string_view Reason);
@@ -118,7 +126,8 @@ struct TProjectRunner::TImpl
     TQXRuntime& Runtime = TQXRuntime::Current();
     TProject& Project;
     TRunOptions Options;
-    TDiagnostics Diagnostics;
+    TMissingOutputs MissingOutputs;
+    TDiagnostics Diagnostics{MissingOutputs};
     TCleanEvents Events{Diagnostics};
     TVariables Variables;
     std::vector<TProjectAction*> Selected;
@@ -132,7 +141,7 @@ struct TProjectRunner::TImpl
 };
 
 TProjectRunner::TImpl::TImpl(TProject& AProject, TRunOptions AOptions, IRunEvents& Target)
-    : Project(AProject), Options(std::move(AOptions)), Diagnostics(Target), Resume(AProject.File)
+    : Project(AProject), Options(std::move(AOptions)), MissingOutputs(Target), Resume(AProject.File)
 {
     Project.GiveScripts();
     Variables.SetProjectVariables(Project.AllVariables());
@@ -334,6 +343,23 @@ void TProjectRunner::TImpl::RunAction(TProjectAction& Action)
                                                                : TActionResult::Success;
     Count(Action, ActionResult);
     Events.Handle(TActionEndedEvent{Action.Index, Action.Name, ActionResult, Stopwatch.Seconds(), {}});
+    if (ActionResult == TActionResult::Failure && !Stopped)
+        NoteOutputs(Action, Run);
+}
+
+/// Remembers what a failed action would have made, as far as it knows that.
+void TProjectRunner::TImpl::NoteOutputs(TProjectAction& Action, const TActionRun& Run)
+try
+{
+    // What goes wrong with its settings has been told.
+    TNoEvents Nowhere;
+    const TRunContext Context(*Action.Object, Run, Variables, Nowhere);
+    if (auto* Tool = dynamic_cast<TQXExecuteAbstractAction*>(Action.Object.get()))
+        MissingOutputs.Add(Tool->GetOutputs());
+}
+catch (const std::exception&)
+{
+    return; // nothing is known
 }
 
 bool TProjectRunner::TImpl::Execute(TProjectAction& Action)

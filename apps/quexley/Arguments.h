@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-enum class TLogFormat { Text, Json, GitHub };
+enum class TLogFormat { Text, Json, GitHub, Azure, TeamCity };
 enum class TColourChoice { Auto, Always, Never };
 
 /// What stands on the command line, checked for its form. File names are as the user wrote them.
@@ -20,7 +20,9 @@ struct TArguments
     TRunOptions Run;
     TLogFormat Format = TLogFormat::Text;
     TColourChoice Colour = TColourChoice::Auto;
-    std::string LogFile; ///< empty: none
+    std::string LogFile;    ///< empty: none
+    std::string ReportFile; ///< the same
+    bool FailOnWarning = false;
     bool Quiet = false;
     bool Verbose = false;
     // Other commands.

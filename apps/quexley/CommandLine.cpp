@@ -23,7 +23,7 @@ struct TRawArguments
     std::string Colour = "auto";
 };
 
-constexpr std::array<std::string_view, 3> Formats = {"text", "json", "github"};
+constexpr std::array<std::string_view, 5> Formats = {"text", "json", "github", "azure", "teamcity"};
 constexpr std::array<std::string_view, 3> Colours = {"auto", "always", "never"};
 
 std::string Quoted(std::string_view Text)
@@ -89,9 +89,9 @@ void AddProjectArguments(CLI::App& App, TRawArguments& Raw)
     AddTexts(App, "--only", "N|NAME", Run.Only, "Take only this action (repeatable)");
     AddTexts(App, "--group", "NAME", Run.Groups, "Take only the actions of this group (repeatable)");
     AddTexts(App, "--skip-group", "NAME", Run.SkipGroups, "Leave out the actions of this group (repeatable)");
-    AddText(App, "--format", "text|json|github", Raw.Format, "Format of the log");
+    AddText(App, "--format", "text|json|github|azure|teamcity", Raw.Format, "Format of the log");
     AddText(App, "--log", "FILE", Arguments.LogFile, "Write a copy of the text log to this file");
-    App.add_flag("-q,--quiet", Arguments.Quiet, "Show an action's lines only if it failed");
+    App.add_flag("-q,--quiet", Arguments.Quiet, "Show only what failed or warned, and one line of totals");
     AddText(App, "--color", "auto|always|never", Raw.Colour, "Whether the log has colours");
 }
 
@@ -102,6 +102,9 @@ void AddRunArguments(CLI::App& App, TRawArguments& Raw)
     App.add_flag("--resume", Run.Resume, "Begin where the last run ended without success");
     App.add_flag("-k,--keep-going", Run.KeepGoing, "Go on behind an action that failed");
     App.add_flag("-v,--verbose", Raw.Arguments.Verbose, "Show every process start");
+    App.add_flag("--fail-on-warning", Raw.Arguments.FailOnWarning, "Fail if a tool or Quexley itself warned");
+    AddText(App, "--report", "FILE.xml", Raw.Arguments.ReportFile,
+            "Write a JUnit report with a test case for each action");
     App.add_flag("--skip-validation", Run.SkipValidation, "Run without validating first");
     App.add_flag("-n,--dry-run", Run.DryRun, "Start no process, show what would be started");
 }

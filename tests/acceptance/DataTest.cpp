@@ -108,6 +108,9 @@ private:
             CheckExit(std::stoi(Line.Rest));
         else if (Line.Word == "look")
             FFile = Line.Rest;
+        else if (Line.Word == "junit")
+            Shell("xmllint --noout --schema '" QUEXLEY_SOURCE_DIR "/tests/acceptance/junit.xsd' " + Line.Rest +
+                  " 2>&1");
         else if (Line.Word == "absent")
             EXPECT_FALSE(HasFile(Line.Rest)) << Line.Rest;
         else
@@ -176,7 +179,7 @@ private:
     [[nodiscard]] std::string Normal(const std::string& Text) const
     {
         const std::string Result = std::regex_replace(Text, std::regex(R"(\d+\.\d s\b)"), "#");
-        return Replace(std::regex_replace(Result, std::regex(R"re("seconds":\d+\.\d+)re"), "\"seconds\":#"), Folder(),
+        return Replace(std::regex_replace(Result, std::regex(R"re(("seconds":|time=")\d+\.\d+)re"), "$1#"), Folder(),
                        "$DIR");
     }
 

@@ -63,7 +63,9 @@ template <typename TWork> TRunResult WithLog(const TArguments& Arguments, TQXRun
         TProjectRunner Runner(Project, Arguments.Run, Log.Events());
         const TRunResult Result = Work(Runner, Log.Events());
         Log.Finish();
-        return Termination::Requested() != 0 ? TRunResult::Terminated : Result;
+        if (Termination::Requested() != 0)
+            return TRunResult::Terminated;
+        return Log.HasFailed() ? TRunResult::Failure : Result;
     }
     catch (const std::exception&)
     {

@@ -6,10 +6,17 @@
 
 #include <fmt/format.h>
 
-#include <utility>
+namespace
+{
+std::string RootFolder(const std::string& Variable)
+{
+    std::string Folder;
+    return Environment::Get(Variable, Folder) && !Folder.empty() ? Folder : Files::CurrentFolder();
+}
+} // namespace
 
-TAnnotatingWriter::TAnnotatingWriter(TOutput& Output, const TTextStyle& Style, std::string Root)
-    : TTextWriter(Output, Style), FRoot(std::move(Root)), FStartFolder(Files::CurrentFolder())
+TAnnotatingWriter::TAnnotatingWriter(TOutput& Output, const TTextStyle& Style, const std::string& RootVariable)
+    : TTextWriter(Output, Style), FRoot(RootFolder(RootVariable)), FStartFolder(Files::CurrentFolder())
 {}
 
 void TAnnotatingWriter::Handle(const TRunEvent& Event)
@@ -41,7 +48,7 @@ template <TSeverity Severity> void TAnnotatingWriter::Annotate(const THostEvent<
 
 void TAnnotatingWriter::Annotate(const TValidationErrorEvent& Event)
 {
-    const std::string Text = fmt::format("{}: {}", Event.Label, Event.Message);
+    const std::string Text = FindingText(Event);
     const std::string File = FromRoot(Event.File, FStartFolder);
     TAnnotation Annotation{.Action = Event.Action, .Text = Text};
     if (Event.Line > 0)
@@ -56,35 +63,24 @@ void TAnnotatingWriter::Annotate(const TValidationErrorEvent& Event)
 void TAnnotatingWriter::Annotate(const TActionStartedEvent& Event)
 {
     FAction = Event.Action;
-    FReason.clear();
-    FHasError = false;
-}
-
-void TAnnotatingWriter::Annotate(const TMessageEvent& Event)
-{
-    FReason = Event.Text;
 }
 
 void TAnnotatingWriter::Annotate(const TExpansionErrorEvent& Event)
 {
-    const std::string Text = fmt::format("{}: \"{}\": {}", Event.Label, Event.Text, Event.Reason);
+    const std::string Text = ExpansionErrorText(Event);
     Write({.Action = FAction, .Text = Text});
 }
 
 void TAnnotatingWriter::Annotate(const TScriptErrorEvent& Event)
 {
-    // The action goes on after it and may fail for another reason.
-    const bool HadError = FHasError;
     const std::string Text = ScriptErrorText(Event);
     Write({.Action = FAction, .Text = Text});
-    FHasError = HadError;
 }
 
 void TAnnotatingWriter::Annotate(const TProcessStartedEvent& Event)
 {
     FProcessFolder = Paths::Expand(Event.Folder, Files::CurrentFolder());
     FToolFiles.clear();
-    FReason.clear();
 }
 
 void TAnnotatingWriter::Annotate(const TDiagnosticEvent& Event)
@@ -98,30 +94,17 @@ void TAnnotatingWriter::Annotate(const TDiagnosticEvent& Event)
            .Column = Event.Column});
 }
 
-void TAnnotatingWriter::Annotate(const TProcessEndedEvent& Event)
-{
-    if (Event.ExitCode.value_or(0) != 0 && !FHasError)
-        FReason = fmt::format("exit code {}", *Event.ExitCode);
-}
-
-/// A failure is marked with what the action said last, unless an error behind it is marked already.
 void TAnnotatingWriter::Annotate(const TActionEndedEvent& Event)
 {
-    if (Event.Result != TActionResult::Failure || (FHasError && FReason.empty()))
-        return;
-    const std::string Text = FReason.empty() ? "The action failed." : "The action failed: " + FReason;
-    Write({.Action = Event.Action, .Text = Text});
+    if (const std::string& Failure = Digest().Actions().back().Failure; !Failure.empty())
+        Write({.Action = Event.Action, .Text = Failure});
 }
 
 void TAnnotatingWriter::Write(const TAnnotation& Annotation)
 {
     FLine.clear();
     AppendAnnotation(FLine, Annotation);
-    WriteActionLine(FLine, {}, {});
-    if (Annotation.Severity == TSeverity::Warning)
-        return;
-    FHasError = true;
-    FReason.clear();
+    WriteActionLine(FLine, TLineKind::Mark, {});
 }
 
 /// What a tool names and where it looked for it may differ; only a file that is there is put another way.

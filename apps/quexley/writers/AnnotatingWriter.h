@@ -25,8 +25,9 @@ struct TAnnotation
 class TAnnotatingWriter : public TTextWriter
 {
 public:
-    /// Root is the folder to which the system counts the names of files.
-    TAnnotatingWriter(TOutput& Output, const TTextStyle& Style, std::string Root);
+    /// RootVariable, in the environment, holds the folder from which the system counts the names of files; empty, or
+    /// not set: the current folder.
+    TAnnotatingWriter(TOutput& Output, const TTextStyle& Style, const std::string& RootVariable);
 
     void Handle(const TRunEvent& Event) final;
 
@@ -44,12 +45,10 @@ private:
     template <TSeverity Severity> void Annotate(const THostEvent<Severity>& Event);
     void Annotate(const TValidationErrorEvent& Event);
     void Annotate(const TActionStartedEvent& Event);
-    void Annotate(const TMessageEvent& Event);
     void Annotate(const TExpansionErrorEvent& Event);
     void Annotate(const TScriptErrorEvent& Event);
     void Annotate(const TProcessStartedEvent& Event);
     void Annotate(const TDiagnosticEvent& Event);
-    void Annotate(const TProcessEndedEvent& Event);
     void Annotate(const TActionEndedEvent& Event);
     /// What needs no annotation.
     template <typename TEvent> void Annotate(const TEvent&) {}
@@ -63,8 +62,6 @@ private:
     std::string FStartFolder;   ///< the one in which the program was started
     std::string FGroup;         ///< title of the running action's group
     std::string FAction;        ///< name of the running action
-    std::string FReason;        ///< why it would fail, if it failed now
-    bool FHasError = false;     ///< whether an error of it is marked
     std::string FProcessFolder; ///< the running tool's, to which its messages are relative
     std::map<std::string, std::string, std::less<>>
         FToolFiles; ///< those that were looked for, as annotations name them

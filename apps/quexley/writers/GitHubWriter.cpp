@@ -1,56 +1,25 @@
 #include "apps/quexley/writers/GitHubWriter.h"
 
-#include "platform/Files.h"
+#include "apps/quexley/writers/Escapes.h"
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <array>
-#include <iterator>
 #include <utility>
 
 namespace
 {
-/// For each byte whether it stands as it is in the text of an annotation, or in a property.
-constexpr std::array<bool, 256> MakeTable(std::string_view Escaped)
-{
-    std::array<bool, 256> Result{};
-    Result.fill(true);
-    for (const char Character : Escaped)
-        Result[static_cast<unsigned char>(Character)] = false;
-    return Result;
-}
-constexpr auto PlainInText = MakeTable("%\r\n");
-constexpr auto PlainInProperty = MakeTable("%\r\n:,");
-
-void AppendEscaped(std::string& Target, std::string_view Text, const std::array<bool, 256>& IsPlain)
-{
-    for (auto Start = Text.begin(); Start != Text.end();)
-    {
-        const auto End =
-            std::find_if(Start, Text.end(), [&](char Byte) { return !IsPlain[static_cast<unsigned char>(Byte)]; });
-        Target.append(Start, End);
-        if (End == Text.end())
-            return;
-        fmt::format_to(std::back_inserter(Target), "%{:02X}", *End);
-        Start = End + 1;
-    }
-}
-
-std::string RootFolder()
-{
-    std::string Workspace;
-    return Environment::Get("GITHUB_WORKSPACE", Workspace) && !Workspace.empty() ? Workspace : Files::CurrentFolder();
-}
+constexpr TEscapes InText = WithEscapes({}, {{'%', "%25"}, {'\r', "%0D"}, {'\n', "%0A"}});
+constexpr TEscapes InProperty = WithEscapes(InText, {{':', "%3A"}, {',', "%2C"}});
 } // namespace
 
-TGitHubWriter::TGitHubWriter(TOutput& Output, const TTextStyle& Style) : TAnnotatingWriter(Output, Style, RootFolder())
+TGitHubWriter::TGitHubWriter(TOutput& Output, const TTextStyle& Style)
+    : TAnnotatingWriter(Output, Style, "GITHUB_WORKSPACE")
 {}
 
 void TGitHubWriter::AppendGroupBegin(std::string& Line, std::string_view Title) const
 {
     Line += "::group::";
-    AppendEscaped(Line, Title, PlainInText);
+    AppendEscaped(Line, Title, InText);
 }
 
 void TGitHubWriter::AppendGroupEnd(std::string& Line, std::string_view) const
@@ -66,7 +35,7 @@ void TGitHubWriter::AppendAnnotation(std::string& Line, const TAnnotation& Annot
         if (Value.empty())
             return;
         Line.append(1, std::exchange(Delimiter, ',')).append(Name).append("=");
-        AppendEscaped(Line, Value, PlainInProperty);
+        AppendEscaped(Line, Value, InProperty);
     };
     const auto AddNumber = [&](std::string_view Name, std::optional<int> Value) {
         if (Value)
@@ -78,5 +47,5 @@ void TGitHubWriter::AppendAnnotation(std::string& Line, const TAnnotation& Annot
     AddProperty("title", Annotation.Code.empty() ? Annotation.Action : Annotation.Code);
     // Without a property the runner wants a blank.
     Line += Delimiter == ' ' ? " ::" : "::";
-    AppendEscaped(Line, Annotation.Text, PlainInText);
+    AppendEscaped(Line, Annotation.Text, InText);
 }

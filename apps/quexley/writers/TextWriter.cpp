@@ -2,13 +2,14 @@
 
 #include "apps/quexley/writers/EventTexts.h"
 #include "platform/Console.h"
-#include "platform/Text.h"
+#include "platform/TextWidth.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <utility>
 
 namespace
 {
@@ -20,27 +21,23 @@ constexpr std::string_view Yellow = "\033[33m";
 constexpr std::string_view Plain = "\033[0m";
 constexpr std::string_view EraseLine = "\r\033[K";
 
+/// In the order of TLineKind.
+constexpr std::array<std::string_view, 7> Escapes = {"", Bold, Dim, Green, Yellow, Red, ""};
+
 struct TResultWord
 {
     std::string_view Word;
-    std::string_view Escape;
+    TLineKind Kind;
 };
 /// In the order of TActionResult.
-constexpr std::array<TResultWord, 5> ResultWords = {
-    {{"ok", Green}, {"FAILED", Red}, {"skipped", Yellow}, {"ended", Red}, {"planned", Green}}};
+constexpr std::array<TResultWord, 5> ResultWords = {{{"ok", TLineKind::Good},
+                                                     {"FAILED", TLineKind::Error},
+                                                     {"skipped", TLineKind::Warning},
+                                                     {"ended", TLineKind::Error},
+                                                     {"planned", TLineKind::Good}}};
 
-bool IsControl(char Character)
-{
-    return static_cast<unsigned char>(Character) < ' ';
-}
-
-/// A name as it fits into a line of ours.
-std::string OneLine(std::string_view Text)
-{
-    std::string Result(Text);
-    std::replace_if(Result.begin(), Result.end(), IsControl, ' ');
-    return Result;
-}
+/// A longer name sticks out of its column.
+constexpr std::size_t WidestColumn = 60;
 
 std::string FormatSeconds(double Seconds)
 {
@@ -50,19 +47,9 @@ std::string FormatSeconds(double Seconds)
     return fmt::format("{} min {:02} s", Whole / 60, Whole % 60);
 }
 
-/// Calls Use with each line of a text; a line end at its end begins no further line.
-template <typename TUse> void ForEachLine(std::string_view Text, TUse Use)
+bool IsNotable(TLineKind Kind)
 {
-    for (std::size_t Start = 0; Start <= Text.size();)
-    {
-        const std::size_t End = std::min(Text.find('\n', Start), Text.size());
-        std::string_view Line = Text.substr(Start, End - Start);
-        if (Line.ends_with('\r'))
-            Line.remove_suffix(1);
-        if (End < Text.size() || !Line.empty() || Start == 0)
-            Use(Line);
-        Start = End + 1;
-    }
+    return Kind == TLineKind::Warning || Kind == TLineKind::Error || Kind == TLineKind::Mark;
 }
 } // namespace
 
@@ -74,6 +61,7 @@ template <TSeverity Severity> void TTextWriter::Write(const THostEvent<Severity>
 
 void TTextWriter::Handle(const TRunEvent& Event)
 {
+    FDigest.Handle(Event);
     std::visit([this](const auto& Known) { Write(Known); }, Event);
 }
 
@@ -84,17 +72,25 @@ void TTextWriter::Write(const TRunStartedEvent& Event)
 
 void TTextWriter::Write(const TValidationErrorEvent& Event)
 {
-    ++FFindings;
-    WriteLine(fmt::format("{}: {}: {}", OneLine(Event.Action), Event.Label, Event.Message), Red);
+    WriteLine(fmt::format("{}: {}", OneLine(Event.Action), FindingText(Event)), TLineKind::Error);
 }
 
 void TTextWriter::Write(const TActionStartedEvent& Event)
 {
+    FPosition = fmt::format("[{}/{}]", ++FStarted, FActions);
     FRunning = OneLine(Event.Action);
-    WriteHeading(fmt::format("[{}/{}]", ++FStarted, FActions), FRunning, Event.Type);
+    FType = Event.Type;
+    if (!FStyle.Quiet)
+        ShowHeading();
     FInAction = true;
+    FHasNotable = false;
     FRunningSince = std::chrono::steady_clock::now();
     FOutput.Flush();
+}
+
+void TTextWriter::ShowHeading()
+{
+    WriteHeading(FPosition, FRunning, FType);
 }
 
 void TTextWriter::WriteHeading(std::string_view Position, std::string_view Action, std::string_view Type)
@@ -112,13 +108,12 @@ void TTextWriter::Write(const TMessageEvent& Event)
 
 void TTextWriter::Write(const TExpansionErrorEvent& Event)
 {
-    WriteActionLines(fmt::format("{}: \"{}\": {}", Event.Label, Event.Text, Event.Reason), Red);
+    WriteActionLines(ExpansionErrorText(Event), TLineKind::Error);
 }
 
 void TTextWriter::Write(const TScriptErrorEvent& Event)
 {
-    // A quiet log has it too: the action goes on, without what the script was for.
-    ForEachLine(ScriptErrorText(Event), [this](std::string_view Line) { WriteShownLine(Line, Red); });
+    WriteActionLines(ScriptErrorText(Event), TLineKind::Error);
 }
 
 void TTextWriter::Write(const TProcessStartedEvent& Event)
@@ -127,129 +122,183 @@ void TTextWriter::Write(const TProcessStartedEvent& Event)
     {
         WriteActionLines(fmt::format("{}: {}{}{}", Event.DryRun ? "would start" : "starting", Event.Executable,
                                      Event.Arguments.empty() ? "" : " ", Event.Arguments),
-                         Dim);
-        WriteActionLines(fmt::format("in folder: {}", Event.Folder), Dim);
+                         TLineKind::Detail);
+        WriteActionLines(fmt::format("in folder: {}", Event.Folder), TLineKind::Detail);
     }
     if (Event.ResponseFile)
     {
-        WriteActionLine("with response file:", Dim);
-        WriteActionLines(*Event.ResponseFile, Dim, "    ");
+        WriteActionLine("with response file:", TLineKind::Detail);
+        WriteActionLines(*Event.ResponseFile, TLineKind::Detail, "    ");
     }
     FOutput.Flush();
 }
 
 void TTextWriter::Write(const TOutputEvent& Event)
 {
-    std::string_view Escape;
+    TLineKind Kind = TLineKind::Plain;
     if (Event.Severity)
-        Escape = *Event.Severity == TSeverity::Error ? Red : Yellow;
-    WriteActionLine(Event.Text, Escape);
+        Kind = *Event.Severity == TSeverity::Error ? TLineKind::Error : TLineKind::Warning;
+    WriteActionLine(Event.Text, Kind);
 }
 
 void TTextWriter::Write(const TProcessEndedEvent& Event)
 {
     // The host says in a message why a tool was cut off.
     if (Event.ExitCode && (*Event.ExitCode != 0 || FStyle.Verbose))
-        WriteActionLine(fmt::format("exit code {}", *Event.ExitCode), Dim);
+        WriteActionLine(fmt::format("exit code {}", *Event.ExitCode), TLineKind::Detail);
     FOutput.Flush();
 }
 
 void TTextWriter::Write(const TActionEndedEvent& Event)
 {
+    const bool HasFailed = Event.Result == TActionResult::Failure || Event.Result == TActionResult::Terminated;
+    const bool IsShown = !FStyle.Quiet || HasFailed || (FInAction && FHasNotable);
     if (FInAction)
-    {
-        RemoveLiveLine();
-        if (Event.Result == TActionResult::Success || Event.Result == TActionResult::Planned)
-            FHeldBack.Clear();
-        else
-            FHeldBack.MoveTo(FOutput);
-        WriteEndOfLines();
-    }
-    FInAction = false;
-    FRows.push_back({Event.Result, OneLine(Event.Action), Event.Seconds, OneLine(Event.Reason.value_or(""))});
-    WriteRow(FRows.back(), "", 0);
+        EndLines(IsShown, HasFailed);
+    if (IsShown)
+        WriteRow(FDigest.Actions().back(), "", 0);
     FOutput.Flush();
 }
 
-void TTextWriter::WriteRow(const TRow& Row, std::string_view Indent, std::size_t NameWidth)
+void TTextWriter::EndLines(bool IsShown, bool HasFailed)
 {
-    const auto& [Word, Escape] = ResultWords[static_cast<std::size_t>(Row.Result)];
-    const bool Colour = FStyle.Colour;
-    const std::size_t Length = Texts::CountCharacters(Row.Name);
-    const std::string Padding(NameWidth > Length ? NameWidth - Length : 0, ' ');
-    std::string Line =
-        fmt::format("{}{}{:<7}{}  {}", Indent, Colour ? Escape : "", Word, Colour ? Plain : "", Row.Name);
-    if (Row.Result != TActionResult::Skipped)
-        Line += fmt::format("{}  {}", Padding, FormatSeconds(Row.Seconds));
-    if (!Row.Reason.empty())
-        Line += fmt::format("{}  ({})", Row.Result == TActionResult::Skipped ? Padding : "", Row.Reason);
+    FInAction = false;
+    RemoveLiveLine();
+    if (FStyle.Quiet && IsShown)
+    {
+        ShowHeading();
+        (HasFailed ? FHeldBack : FNotable).MoveTo(FOutput);
+    }
+    FHeldBack.Clear();
+    FNotable.Clear();
+    if (IsShown)
+        WriteEndOfLines();
+}
+
+void TTextWriter::WriteRow(const TActionDigest& Action, std::string_view Indent, std::size_t NameWidth)
+{
+    const auto& [Word, Kind] = ResultWords[static_cast<std::size_t>(Action.Result)];
+    const std::string_view Escape = EscapeOf(Kind);
+    const bool IsSkipped = Action.Result == TActionResult::Skipped;
+    const std::string Name = OneLine(Action.Name);
+    const std::size_t Width = Texts::Width(Name);
+    std::string Line = fmt::format("{}{}{:<7}{}  {}", Indent, Escape, Word, Escape.empty() ? "" : Plain, Name);
+    if (!IsSkipped || !Action.Reason.empty())
+        Line.append(NameWidth > Width ? NameWidth - Width : 0, ' ');
+    if (!IsSkipped)
+        Line += "  " + FormatSeconds(Action.Seconds);
+    if (!Action.Reason.empty())
+        Line += fmt::format("  ({})", OneLine(Action.Reason));
     WriteLine(Line);
 }
 
 void TTextWriter::Write(const TRunEndedEvent& Event)
 {
-    if (!FRows.empty())
+    const bool HasDigest = !FStyle.Quiet && !FDigest.Actions().empty();
+    if (HasDigest)
         WriteSummary();
-    WriteLine(LastLine(Event), Event.Result == TRunResult::Success ? Green : Red);
+    WriteLine(LastLine(Event), Event.Result == TRunResult::Success ? TLineKind::Good : TLineKind::Error);
+    if (HasDigest)
+        WriteFailures();
     FOutput.Flush();
 }
 
 void TTextWriter::WriteSummary()
 {
-    std::size_t Width = 0;
-    for (const TRow& Row : FRows)
-        Width = std::max(Width, Texts::CountCharacters(Row.Name));
+    std::size_t Widest = 0;
+    for (const TActionDigest& Action : FDigest.Actions())
+        if (const std::size_t Width = Texts::Width(OneLine(Action.Name)); Width <= WidestColumn)
+            Widest = std::max(Widest, Width);
     WriteLine("");
-    WriteLine("Summary", Bold);
-    for (const TRow& Row : FRows)
-        WriteRow(Row, "  ", Width);
+    WriteLine("Summary", TLineKind::Title);
+    for (const TActionDigest& Action : FDigest.Actions())
+        WriteRow(Action, "  ", Widest);
+}
+
+/// What the reader looks for stands last.
+void TTextWriter::WriteFailures()
+{
+    bool HasTitle = false;
+    for (const TActionDigest& Action : FDigest.Actions())
+    {
+        if (!Action.HasFailed())
+            continue;
+        if (!std::exchange(HasTitle, true))
+        {
+            WriteLine("");
+            WriteLine("Failed", TLineKind::Title);
+        }
+        WriteFailure(Action);
+    }
+}
+
+/// One that failed for the want of another's output has nothing of its own to be mended.
+void TTextWriter::WriteFailure(const TActionDigest& Action)
+{
+    const std::string Name = "  " + OneLine(Action.Name);
+    if (!Action.Reason.empty())
+        return WriteLine(fmt::format("{}  ({})", Name, OneLine(Action.Reason)));
+    WriteLine(Name);
+    for (const std::string& Error : Action.FirstErrors)
+        WriteLine("    " + Error, TLineKind::Error);
+    if (const int Left = Action.Errors - static_cast<int>(Action.FirstErrors.size()); Left > 0)
+        WriteLine("    ... and " + CountText(Left, "more error"));
 }
 
 std::string TTextWriter::LastLine(const TRunEndedEvent& Event) const
 {
     if (Event.Result == TRunResult::Invalid)
-        return fmt::format("{} finding{}; nothing was run", FFindings, FFindings == 1 ? "" : "s");
+        return CountText(FDigest.Findings(), "finding") + "; nothing was run";
     if (FActions == 0 && Event.Result == TRunResult::Success)
         return "no action to run";
-    return fmt::format("{}{} {}, {} failed, {} skipped in {}",
-                       Event.Result == TRunResult::Terminated ? "ended early: " : "", Event.Succeeded,
-                       Event.DryRun ? "planned" : "succeeded", Event.Failed, Event.Skipped,
-                       FormatSeconds(Event.Seconds));
+    std::string Line =
+        fmt::format("{}{} {}, {} failed, {} skipped in {}",
+                    Event.Result == TRunResult::Terminated ? "ended early: " : "", Event.Succeeded,
+                    Event.DryRun ? "planned" : "succeeded", Event.Failed, Event.Skipped, FormatSeconds(Event.Seconds));
+    if (FDigest.Errors() + FDigest.Warnings() > 0)
+        Line += fmt::format("; {}, {}", CountText(FDigest.Errors(), "error"), CountText(FDigest.Warnings(), "warning"));
+    return Line;
 }
 
-void TTextWriter::WriteLine(std::string_view Line, std::string_view Escape)
+std::string_view TTextWriter::EscapeOf(TLineKind Kind) const
+{
+    return FStyle.Colour ? Escapes[static_cast<std::size_t>(Kind)] : std::string_view();
+}
+
+void TTextWriter::WriteLine(std::string_view Line, TLineKind Kind)
 {
     RemoveLiveLine();
-    const bool Colour = FStyle.Colour && !Escape.empty();
-    if (Colour)
-        FOutput.Append(Escape);
+    const std::string_view Escape = EscapeOf(Kind);
+    FOutput.Append(Escape);
     FOutput.Append(Line);
-    if (Colour)
+    if (!Escape.empty())
         FOutput.Append(Plain);
     FOutput.EndLine();
 }
 
-void TTextWriter::WriteShownLine(std::string_view Line, std::string_view Escape, std::string_view Indent)
+void TTextWriter::WriteActionLine(std::string_view Line, TLineKind Kind, std::string_view Indent)
 {
-    RemoveLiveLine();
-    if (FInAction)
+    if (!FInAction)
+        return WriteLine(Line, Kind);
+    if (!FStyle.Quiet)
+    {
+        RemoveLiveLine();
         FOutput.Append(Indent);
-    WriteLine(Line, Escape);
-}
-
-void TTextWriter::WriteActionLine(std::string_view Line, std::string_view Escape, std::string_view Indent)
-{
-    if (!FInAction || !FStyle.Quiet)
-        return WriteShownLine(Line, Escape, Indent);
-    const bool Colour = FStyle.Colour && !Escape.empty();
-    for (const std::string_view Piece :
-         {Indent, Colour ? Escape : "", Line, Colour ? Plain : "", std::string_view("\n")})
+        return WriteLine(Line, Kind);
+    }
+    const std::string_view Escape = EscapeOf(Kind);
+    for (const std::string_view Piece : {Indent, Escape, Line, Escape.empty() ? Escape : Plain, std::string_view("\n")})
+    {
         FHeldBack.Append(Piece);
+        if (IsNotable(Kind))
+            FNotable.Append(Piece);
+    }
+    FHasNotable = FHasNotable || IsNotable(Kind);
 }
 
-void TTextWriter::WriteActionLines(std::string_view Text, std::string_view Escape, std::string_view Indent)
+void TTextWriter::WriteActionLines(std::string_view Text, TLineKind Kind, std::string_view Indent)
 {
-    ForEachLine(Text, [&](std::string_view Line) { WriteActionLine(Line, Escape, Indent); });
+    ForEachLine(Text, [&](std::string_view Line) { WriteActionLine(Line, Kind, Indent); });
 }
 
 void TTextWriter::Write(const TTickEvent&)
@@ -258,9 +307,11 @@ void TTextWriter::Write(const TTickEvent&)
     {
         const auto Seconds =
             std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - FRunningSince);
-        const std::string Text = fmt::format("  {}  {} s", FRunning, Seconds.count());
+        const std::string Time = fmt::format("  {} s", Seconds.count());
+        const std::size_t Room = static_cast<std::size_t>(Console::Width() - 1);
         RemoveLiveLine();
-        FOutput.Append(Texts::FirstCharacters(Text, static_cast<std::size_t>(Console::Width() - 1)));
+        FOutput.Append(Texts::FirstColumns(FPosition + ' ' + FRunning, Room - std::min(Room, Time.size())));
+        FOutput.Append(Time);
         FLiveLineShown = true;
     }
     FOutput.Flush();

@@ -2,6 +2,7 @@
 
 #include "host/QXFiles.h"
 #include "platform/Paths.h"
+#include "platform/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -52,6 +53,39 @@ bool AddFreeText(const TCustomQXAction& Action, ICommandLineBuilder& Builder, st
     return true;
 }
 
+bool AddFile(const TCustomQXAction& Action, ICommandLineBuilder& Builder, std::string_view Switch,
+             std::string_view Label, std::string_view Expression, std::string_view NotThere)
+{
+    std::string File;
+    if (!Action.TryExpandExpression(Label, Expression, File, true))
+        return false;
+    const std::string Found = QXFiles().Find(File);
+    if (!QXFiles().FileExists(Found))
+    {
+        Action.SendMessage(std::string(NotThere) + File);
+        return false;
+    }
+    Builder.AddArgument(Switch, Found);
+    return true;
+}
+
+bool ExpandProperties(const TCustomQXAction& Action, const TStringList& Lines,
+                      const std::function<void(const std::string& Name, const std::string& Value)>& Take)
+{
+    for (std::size_t Index = 0; Index < Lines.Count(); ++Index)
+    {
+        const std::string Written = Lines.Name(Index);
+        if (Texts::Trim(Written).empty())
+            continue;
+        std::string Name;
+        std::string Value;
+        if (!ExpandRequired(Action, {{"Property", Written, Name}, {"Value", Lines.Value(Written), Value}}))
+            return false;
+        Take(Name, Value);
+    }
+    return true;
+}
+
 bool CheckTarget(const TCustomQXAction& Action, std::string_view Property, std::string_view Path)
 {
     if (!Paths::IsForeign(Path))
@@ -68,6 +102,12 @@ std::string ExpandStartDir(const TCustomQXAction& Action, std::string_view Start
         return Folder;
     Action.SendMessage("Warning: working directory is blank");
     return {};
+}
+
+std::string ExpandFolderOf(const TCustomQXAction& Action, std::string_view Label, std::string_view Expression)
+{
+    std::string Path;
+    return Action.TryExpandExpression(Label, Expression, Path, false) ? Paths::Folder(Path) : std::string();
 }
 
 void AddFlags(ICommandLineBuilder& Builder, std::initializer_list<TQXFlag> Flags)

@@ -5,6 +5,7 @@
 #include "host/QXCommandLineBuilder.h"
 
 #include <cstddef>
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -30,12 +31,25 @@ struct TQXExpansion
 [[nodiscard]] bool AddFreeText(const TCustomQXAction& Action, ICommandLineBuilder& Builder, std::string_view Label,
                                std::string_view Expression);
 
+/// Expands the path of a file that the tool reads, and adds it as switch and value in its spelling on disk. False: that
+/// failed, or no file is there, which the log is told by this message with the path behind it.
+[[nodiscard]] bool AddFile(const TCustomQXAction& Action, ICommandLineBuilder& Builder, std::string_view Switch,
+                           std::string_view Label, std::string_view Expression, std::string_view NotThere);
+/// Expands the names and values of lines name=value and gives them to Take in order; the value is that of the first
+/// line with the name. Lines without a name count for nothing. False: an expansion failed or gave an empty text.
+[[nodiscard]] bool ExpandProperties(const TCustomQXAction& Action, const TStringList& Lines,
+                                    const std::function<void(const std::string& Name, const std::string& Value)>& Take);
+
 /// Whether files and folders can be made at a path; false, after telling the log of the property that holds it, for a
 /// drive where the system has none.
 [[nodiscard]] bool CheckTarget(const TCustomQXAction& Action, std::string_view Property, std::string_view Path);
 
 /// The folder that a user named for the tool to start in; empty, after a warning, if it does not expand to one.
 [[nodiscard]] std::string ExpandStartDir(const TCustomQXAction& Action, std::string_view StartDir);
+
+/// The folder part of a path in a property, with its delimiter; empty if it has none or does not expand.
+[[nodiscard]] std::string ExpandFolderOf(const TCustomQXAction& Action, std::string_view Label,
+                                         std::string_view Expression);
 
 /// A switch that is there or not.
 struct TQXFlag

@@ -10,6 +10,10 @@
 #include "package/compiler/QXVBProjCompilerAction.h"
 #include "package/plugin/QXDotNetOptionsImpl.h"
 #include "package/plugin/QXProjectEditors.h"
+#include "package/runners/QXNAntAction.h"
+#include "package/runners/QXNAntOptions.h"
+#include "package/runners/QXNUnitAction.h"
+#include "package/runners/QXNUnitOptions.h"
 #include "package/sdktools/QXASPNetCompilerAction.h"
 #include "package/sdktools/QXDotNetALAction.h"
 #include "package/sdktools/QXDotNetASPdotNETIISRegAction.h"
@@ -34,6 +38,7 @@ namespace
 constexpr const char* BuildTools = "Build Tools";
 constexpr const char* Compilers = "Compilers";
 constexpr const char* DotNetTools = ".Net Tools";
+constexpr const char* TestingTools = "Testing Tools";
 
 struct TRow;
 
@@ -110,6 +115,10 @@ constexpr TRow Rows[] = {
     {"TMSBuildAction", Action<TMSBuildAction>, "MSBUILDICON", BuildTools},
     {"TQXBorlandCSBuilderProjCompilerAction", Action<TQXBorlandCSBuilderProjCompilerAction>, "BDSPROJ", Compilers, nullptr,
      {.RegisterEditor = ProjectEditor<TQXCSharpBuilderProjectEditor>, .EditorName = "TQXCSharpBuilderProjectEditor"}},
+    {"TQXNUnitOptions", Options<TQXNUnitOptions>, "NUnit", nullptr, nullptr, {.ScriptGlobal = "NUnitOptionsObject"}},
+    {"TQXNUnitAction", Action<TQXNUnitAction>, "NUNIT", TestingTools},
+    {"TQXNAntOptions", Options<TQXNAntOptions>, "NANTICON"},
+    {"TNAntAction", Action<TNAntAction>, "NANTICON", BuildTools},
     {"TQXResGenAction", Action<TQXResGenAction>, "RESGEN", DotNetTools},
     {"TQXDotNetComReferenceFixAction", Action<TQXDotNetComReferenceFixAction>, "ASSEMBLYUPATER", DotNetTools},
     {"TQXNGen20InstallAction", Action<TQXNGen20InstallAction>, "NGENINSTALL", DotNetTools},

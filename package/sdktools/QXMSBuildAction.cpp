@@ -1,9 +1,7 @@
 #include "package/sdktools/QXMSBuildAction.h"
 
-#include "host/QXFiles.h"
 #include "package/plugin/QXActionHelpers.h"
 #include "platform/CommandLines.h"
-
 #include "platform/Text.h"
 
 namespace
@@ -30,43 +28,22 @@ bool TMSBuildAction::GetCommandLine(ICommandLineBuilder& Builder)
     if (!AddProperties(Builder))
         return false;
     AddFlags(Builder, {{NoLogo, "/nologo"}, {Restricted, "/restricted"}});
-    return AddOptional(*this, Builder, "/target:", "Targets", Targets) && AddBuildFile(Builder);
+    return AddOptional(*this, Builder, "/target:", "Targets", Targets) &&
+           AddFile(*this, Builder, "", "Project File", BuildFile, "Project file does not exist : ");
 }
 
 /// Each value stands in quotes of its own, so that the builder must not quote the whole.
 bool TMSBuildAction::AddProperties(ICommandLineBuilder& Builder) const
 {
     std::string Collected;
-    for (std::size_t Index = 0; Index < Properties.Count(); ++Index)
-    {
-        const std::string Written = Properties.Name(Index);
-        if (Texts::Trim(Written).empty())
-            continue;
-        std::string Name;
-        std::string Value;
-        if (!ExpandRequired(*this, {{"Property", Written, Name}, {"Value", Properties.Value(Written), Value}}))
-            return false;
-        if (IsMono()) // drops the quotes before it parts the text
-            Value = Texts::Replace(Texts::Replace(Value, ";", "%3B"), "=", "%3D");
-        Collected += (Collected.empty() ? "/property:" : ";") + Name + '=' + CommandLines::Quote(Value, true);
-    }
-    if (!Collected.empty())
-        Builder.AddArgument(Collected);
-    return true;
-}
-
-bool TMSBuildAction::AddBuildFile(ICommandLineBuilder& Builder) const
-{
-    std::string File;
-    if (!TryExpandExpression("Project File", BuildFile, File, true))
+    // Mono drops the quotes before it parts the text.
+    const auto Collect = [&](const std::string& Name, const std::string& Value) {
+        const std::string Text = IsMono() ? Texts::Replace(Texts::Replace(Value, ";", "%3B"), "=", "%3D") : Value;
+        Collected += (Collected.empty() ? "/property:" : ";") + Name + '=' + CommandLines::Quote(Text, true);
+    };
+    if (!ExpandProperties(*this, Properties, Collect))
         return false;
-    const std::string Found = QXFiles().Find(File);
-    if (!QXFiles().FileExists(Found))
-    {
-        SendMessage("Project file does not exist : " + File);
-        return false;
-    }
-    Builder.AddArgument("", Found);
+    Builder.AddArgument(Collected);
     return true;
 }
 

@@ -38,5 +38,4 @@ public:
 
 private:
     [[nodiscard]] bool AddProperties(ICommandLineBuilder& Builder) const;
-    [[nodiscard]] bool AddBuildFile(ICommandLineBuilder& Builder) const;
 };

@@ -142,7 +142,7 @@ private:
         else if (Line.Word == "time-limit")
             FHost.Settings.TimeLimit = std::chrono::seconds(std::stoi(Rest));
         else if (Line.Word == "execute")
-            FExecutes = true;
+            FRuns = Rest == "twice" ? 2 : 1;
         else
             return false;
         return true;
@@ -223,7 +223,7 @@ private:
         const auto Connection = FHost.Connect(Action);
         auto* Tool = dynamic_cast<TQXExecuteAbstractAction*>(&Action);
         const auto Result = Expected("result");
-        EXPECT_EQ(Tool && !FExecutes ? MakeCommandLine(*Tool) : Execute(Action),
+        EXPECT_EQ(Tool && FRuns == 0 ? MakeCommandLine(*Tool) : Execute(Action),
                   Result.empty() || Result.front().Rest == "true");
         const TLines& Messages = FHost.Log.Messages;
         Compare("message", Messages);
@@ -263,7 +263,8 @@ private:
         bool Result = false;
         try
         {
-            Result = Action.Execute();
+            for (int Run = 0; Run < std::max(FRuns, 1); ++Run)
+                Result = Action.Execute();
         }
         catch (const std::exception& Error)
         {
@@ -377,7 +378,7 @@ private:
     std::map<std::string, std::string> FSources;
     std::map<std::string, std::vector<TDataLine>> FExpected; ///< by kind
     bool FHasVersions = false;
-    bool FExecutes = false;
+    int FRuns = 0; ///< of the tool
 };
 
 class DataFiles : public testing::TestWithParam<std::string>

@@ -1,4 +1,4 @@
-// The example solution, and projects in folders of many names, compiled by the real tools where they are. Other
+// The example solution, and projects in folders of many names, built by the real tools where they are. Other
 // languages and dry runs are in data/example.txt.
 #include "tests/DataFile.h"
 #include "tests/acceptance/ProgramTest.h"
@@ -53,7 +53,15 @@ protected:
     TExampleTest()
     {
         fs::copy(QUEXLEY_SOURCE_DIR "/examples/acme", Folder(), fs::copy_options::recursive);
-        fs::remove_all(Path("bin"));
+        for (const char* Made : {"bin", "Acme.snk"})
+            fs::remove_all(Path(Made));
+        WriteFile(OptionsFile(), "[NUnit]\nNUnitLocation = '" + NUnit + "'\n");
+    }
+    bool HasTools() const
+    {
+        const std::string Mono = "/usr/lib/mono/4.5/";
+        return fs::exists(Mono + "mcs.exe") && fs::exists(Mono + "lc.exe") && fs::exists(Mono + "al.exe") &&
+               fs::exists(NUnit);
     }
 
     /// Every file and folder with the time of its last change.
@@ -86,6 +94,8 @@ protected:
     }
 
 private:
+    const std::string NUnit = "/usr/lib/nunit/nunit-console.exe";
+
     /// The response file in the folder that ends a line, as it stands in JSON.
     std::string ResponseFile(const std::string& Line) const
     {
@@ -103,29 +113,30 @@ private:
 
 TEST_F(TExampleTest, ADryRunShowsTheStartsOfTheRealOneAndTouchesNothing)
 {
-    if (!fs::exists("/usr/lib/mono/4.5/mcs.exe") || !fs::exists("/usr/lib/mono/4.5/lc.exe"))
-        GTEST_SKIP() << "Mono's tools are not installed";
+    if (!HasTools())
+        GTEST_SKIP() << "Mono's tools or NUnit are not installed";
     const auto Before = Tree();
     const TProgramResult Planned = Run({"run", "--dry-run", "--format", "json"});
     EXPECT_EQ(Planned.ExitCode, 0) << Planned.Out;
     EXPECT_EQ(Tree(), Before);
     EXPECT_THAT(Planned.Out, HasSubstr("Would copy "));
     EXPECT_THAT(Planned.Out, Not(HasSubstr("Compiled OK")));
-    EXPECT_THAT(Run({"run", "--dry-run"}).Out, HasSubstr("\n4 planned, 0 failed, 0 skipped in "));
+    EXPECT_THAT(Run({"run", "--dry-run"}).Out, HasSubstr("\n8 planned, 0 failed, 0 skipped in "));
 
     const TProgramResult Real = Run({"run", "--format", "json"});
     ASSERT_EQ(Real.ExitCode, 0) << Real.Out;
     EXPECT_EQ(Starts(Planned.Out), Starts(Real.Out));
-    EXPECT_EQ(Starts(Real.Out).size(), 6U);
+    EXPECT_EQ(Starts(Real.Out).size(), 10U);
 }
 
-TEST_F(TExampleTest, CompilesAndRunsWithTheRealTools)
+TEST_F(TExampleTest, BuildsTestsAndRunsWithTheRealTools)
 {
-    if (!fs::exists("/usr/lib/mono/4.5/mcs.exe") || !fs::exists("/usr/lib/mono/4.5/lc.exe"))
-        GTEST_SKIP() << "Mono's tools are not installed";
+    if (!HasTools())
+        GTEST_SKIP() << "Mono's tools or NUnit are not installed";
     const TProgramResult Result = Run({"run", "--set", "Version=2.7.1.8"});
     ASSERT_EQ(Result.ExitCode, 0) << Result.Out << Result.Err;
     EXPECT_THAT(Result.Out, HasSubstr("  Looking for the output of Core.dll\n"));
+    EXPECT_THAT(Result.Out, HasSubstr("Tests run: 5, Errors: 0, Failures: 0, Inconclusive: 0, "));
     EXPECT_THAT(Shell("monodis --assembly bin/Release/AcmeConsole.exe"), HasSubstr("Version:       2.7.1.8\n"));
     EXPECT_EQ(Shell("mono bin/Release/AcmeConsole.exe"), "Acme's stock today:\n   3 anvil\n  12 rocket skates\n");
     EXPECT_EQ(Shell("mono bin/Release/AcmeForms.exe /check"), "Acme.Forms....Shared.About.txt\n"

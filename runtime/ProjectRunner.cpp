@@ -16,11 +16,13 @@
 #include "runtime/log/Diagnostics.h"
 #include "runtime/log/HostEvents.h"
 #include "runtime/log/MissingOutputs.h"
+#include "runtime/scripting/ScriptEngine.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <chrono>
+#include <set>
 #include <stdexcept>
 
 namespace
@@ -106,6 +108,7 @@ struct TProjectRunner::TImpl
     void Tell(std::string_view Text, int Index = 0) { Events.Handle(TMessageEvent{Index, Text}); }
     [[nodiscard]] bool ValidateAll();
     [[nodiscard]] bool ValidateAction(TProjectAction& Action);
+    [[nodiscard]] bool CheckScripts(TProjectAction& Action);
     /// Tells of a file of the host's that turned out to be wrong.
     void TellFileError();
     [[nodiscard]] TRunResult ValidateAndRun();
@@ -131,6 +134,7 @@ struct TProjectRunner::TImpl
     TCleanEvents Events{Diagnostics};
     TVariables Variables;
     std::vector<TProjectAction*> Selected;
+    std::set<std::string> ParsedScripts;
     TResumeNote Resume;
     TResumeNote::TPlace Noted;            ///< what the next note says
     std::vector<std::string> ResumeLines; ///< told when the run has started
@@ -261,7 +265,29 @@ bool TProjectRunner::TImpl::ValidateAll()
     bool Valid = true;
     for (TProjectAction* Action : Selected)
         if (!Runtime.FileError() && IsWanted(*Action))
+        {
             Valid = ValidateAction(*Action) && Valid;
+            Valid = CheckScripts(*Action) && Valid;
+        }
+    return Valid;
+}
+
+/// Reports the scripts that cannot be parsed; one that many actions have got from the project only once.
+bool TProjectRunner::TImpl::CheckScripts(TProjectAction& Action)
+{
+    bool Valid = true;
+    for (const auto& Script : Action.Object->Scripts())
+    {
+        if (Script->Text().empty() || !ParsedScripts.insert(Script->Text()).second || !Runtime.ScriptEngine())
+            continue;
+        const auto Failure = Runtime.ScriptEngine()->Parse(*Script, Runtime.ScriptingServices());
+        if (!Failure)
+            continue;
+        const THostFinding Place = Project.PlaceOf(&Action, "scripts", Script->Name(), std::max(Failure->Line, 1));
+        Events.Handle(TValidationErrorEvent{Action.Index, Action.Type, Action.Name, Script->Name(), Failure->Reason,
+                                            Place.File, Place.Line, Place.Column});
+        Valid = false;
+    }
     return Valid;
 }
 

@@ -145,7 +145,7 @@ private:
         return fmt::format("\"{}\"", Sign);
     }
 
-    [[noreturn]] void Fail(const std::string& Message) { throw EConditionError(FOffset, Message); }
+    [[noreturn]] void Fail(const std::string& Message) const { throw EConditionError(FOffset, Message); }
 
     std::string_view FText;
     const TTextExpander& FExpand;

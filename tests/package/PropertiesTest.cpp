@@ -27,6 +27,16 @@ struct TFindings final : IQXActionValidationError
     std::string Messages;
 };
 
+/// Has the options name a file for every tool.
+void LocateTools(TPackageHost& Host)
+{
+    for (const TQXOptionsRegistration& Options : Host.Runtime.OptionsServices().Options())
+        for (const TQXProperty& Property :
+             QXOptionsServices().GetOptions(Options.OptionsClass.Category, Options.OptionsClass.Name)->Properties())
+            if (Property.Kind == TQXTextKind::File)
+                Property.Write(Host.Tools + "/csc.exe");
+}
+
 /// What validation says of a new action with the examples of its required properties, all but this one.
 std::string FindingsWithout(const TQXActionClass& Class, std::string_view Left)
 {
@@ -59,6 +69,7 @@ TEST(Properties, OfEveryClassExplainThemselves)
 TEST(Properties, ValidationAsksForExactlyTheRequiredOnes)
 {
     TPackageHost Host;
+    LocateTools(Host);
     for (const TQXActionRegistration& Registration : Host.Runtime.ActionServices().Actions())
     {
         SCOPED_TRACE(Registration.ActionClass.ClassName);

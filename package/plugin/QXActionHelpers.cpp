@@ -1,6 +1,8 @@
 #include "package/plugin/QXActionHelpers.h"
 
 #include "host/QXFiles.h"
+#include "host/QXUtilities.h"
+#include "platform/CommandLines.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 
@@ -108,6 +110,11 @@ std::string ExpandFolderOf(const TCustomQXAction& Action, std::string_view Label
 {
     std::string Path;
     return Action.TryExpandExpression(Label, Expression, Path, false) ? Paths::Folder(Path) : std::string();
+}
+
+std::string QuotePath(const std::string& Path)
+{
+    return Path.ends_with('\\') ? CommandLines::Quote(Path, true) : DoubleQuoteString(Path, true);
 }
 
 void AddFlags(ICommandLineBuilder& Builder, std::initializer_list<TQXFlag> Flags)

@@ -51,6 +51,9 @@ struct TQXExpansion
 [[nodiscard]] std::string ExpandFolderOf(const TCustomQXAction& Action, std::string_view Label,
                                          std::string_view Expression);
 
+/// A path in double quotes as a tool gets it: a last backslash does not take the closing quote for itself.
+[[nodiscard]] std::string QuotePath(const std::string& Path);
+
 /// A switch that is there or not.
 struct TQXFlag
 {

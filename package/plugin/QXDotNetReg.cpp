@@ -1,6 +1,10 @@
 #include "package/plugin/QXDotNetReg.h"
 
 #include "host/QXServices.h"
+#include "package/analysis/QXDemeanorAction.h"
+#include "package/analysis/QXDemeanorOptions.h"
+#include "package/analysis/QXFxCopAction.h"
+#include "package/analysis/QXFxCopOptions.h"
 #include "package/compiler/QXBorlandCSBuilderProjCompilerAction.h"
 #include "package/compiler/QXCSProjCompilerAction.h"
 #include "package/compiler/QXCSharpCompilerAction.h"
@@ -120,6 +124,10 @@ constexpr TRow Rows[] = {
     {"TQXNAntOptions", Options<TQXNAntOptions>, "NANTICON"},
     {"TNAntAction", Action<TNAntAction>, "NANTICON", BuildTools},
     {"TQXResGenAction", Action<TQXResGenAction>, "RESGEN", DotNetTools},
+    {"TQXFxCopOptions", Options<TQXFxCopOptions>, "FXCOPICON"},
+    {"TQXFxCopAction", Action<TQXFxCopAction>, "FXCOPICON", DotNetTools},
+    {"TQXDemeanorOptions", Options<TQXDemeanorOptions>, "DemeanorICON"},
+    {"TQXDemeanorAction", Action<TQXDemeanorAction>, "DemeanorICON", DotNetTools},
     {"TQXDotNetComReferenceFixAction", Action<TQXDotNetComReferenceFixAction>, "ASSEMBLYUPATER", DotNetTools},
     {"TQXNGen20InstallAction", Action<TQXNGen20InstallAction>, "NGENINSTALL", DotNetTools},
     {"TQXNGen20UninstallAction", Action<TQXNGen20UninstallAction>, "NGENUNINSTALL", DotNetTools},

@@ -1,5 +1,6 @@
 #include "package/plugin/QXToolOptions.h"
 
+#include "package/compiler/QXDotNetUtils.h"
 #include "platform/Paths.h"
 
 void TQXToolOptions::FindTool(std::string& Location, std::initializer_list<std::function<std::string()>> Searches)
@@ -20,4 +21,9 @@ std::string QXToolInRegistryFolder(TRegistryRoot Root, std::string_view Key, std
 {
     const std::string Folder = QXRegistryText(Root, Key, Name).value_or(std::string());
     return Folder.empty() ? std::string() : Paths::WithTrailing(Folder) + std::string(Tool);
+}
+
+std::string QXToolOfInstaller(std::string_view Tool)
+{
+    return FindAssemblyPath(Tool, TRegistryRoot::CurrentUser, "\\SOFTWARE\\Microsoft\\Installer\\Assemblies");
 }

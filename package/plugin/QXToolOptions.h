@@ -32,6 +32,9 @@ protected:
 [[nodiscard]] std::string QXToolInRegistryFolder(TRegistryRoot Root, std::string_view Key, std::string_view Name,
                                                  std::string_view Tool);
 
+/// A tool in the list of what was installed for the user, as it stands there; empty if it is not listed.
+[[nodiscard]] std::string QXToolOfInstaller(std::string_view Tool);
+
 /// The one object of an options class, or null when the class is not registered.
 template <typename T> [[nodiscard]] T* QXFindOptions()
 {

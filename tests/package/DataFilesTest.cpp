@@ -297,7 +297,10 @@ private:
                 Object = FHost.Runtime.OptionsServices().GetOptions(Options.OptionsClass.Category,
                                                                     Options.OptionsClass.Name);
         const TQXProperty* Property = Object->FindProperty(Name.substr(Dot + 1));
-        if (!Property)
+        if (const auto* Options = dynamic_cast<const TQXOptionsObject*>(Object);
+            Options && Name.ends_with(".IsModified"))
+            EXPECT_EQ(ValueText(Options->IsModified()), Text);
+        else if (!Property)
             FCase.Fail(Line, "there is no " + Name);
         else if (ValueText(Property->Read()) != Fill(Text))
             FCase.Fail(Line, Name + " is " + ValueText(Property->Read()));

@@ -19,6 +19,8 @@ struct TOption
 {
     std::string Name;
     std::function<std::string()> Get;
+    /// Where the value comes from: "stored", "found" by a search or "default".
+    std::function<std::string()> Origin;
     /// Puts a value into the text of the options file.
     std::function<void(const std::string&)> Set;
 };
@@ -41,23 +43,55 @@ constexpr std::array<THostSetting, 3> HostSettings = {{
 TOption HostOption(TQXRuntime& Runtime, const THostSetting& Setting)
 {
     std::string Name = fmt::format("{}.{}", HostKey, Setting.Name);
-    const auto Set = [&Runtime, &Setting, Name](const std::string& Text) {
-        TQXProperty Property;
-        Property.Name = Setting.Name;
-        Property.Type = Setting.Type;
-        Runtime.Options().Write(HostKey, Property, ParsePropertyText(Property, Name, Text));
-    };
-    return {Name, [&Runtime, &Setting] { return Setting.Get(Runtime.Options().Host()); }, Set};
+    TQXProperty Property;
+    Property.Name = Setting.Name;
+    Property.Type = Setting.Type;
+    return {Name, [&Runtime, &Setting] { return Setting.Get(Runtime.Options().Host()); },
+            [&Runtime, Property] { return Runtime.Options().Read(HostKey, Property) ? "stored" : "default"; },
+            [&Runtime, Property, Name](const std::string& Text) {
+                Runtime.Options().Write(HostKey, Property, ParsePropertyText(Property, Name, Text));
+            }};
 }
 
-TOption ObjectOption(TQXRuntime& Runtime, const TQXOptionsRegistration& Registration, const TQXProperty& Property)
+/// A property of a registered options object, which is loaded only when it is used: that may search the registry.
+class TObjectOption
 {
-    std::string Name = fmt::format("{}.{}", Registration.OptionsClass.OptionKey, Property.StoredUnder());
-    const auto Set = [&Runtime, &Registration, &Property, Name](const std::string& Text) {
-        Property.Write(ParsePropertyText(Property, Name, Text));
-        Runtime.StoreOptions(Registration);
-    };
-    return {Name, [&Property] { return PropertyText(Property.Read()); }, Set};
+public:
+    TObjectOption(TQXRuntime& Runtime, const TQXOptionsRegistration& Registration, const TQXProperty& Unloaded)
+        : FRuntime(Runtime), FRegistration(Registration), FName(Unloaded.Name), FDefault(Unloaded.Read())
+    {}
+
+    [[nodiscard]] const TQXProperty& Property() const
+    {
+        const TQXOptionsClass& Class = FRegistration.OptionsClass;
+        return *FRuntime.OptionsServices().GetOptions(Class.Category, Class.Name)->FindProperty(FName);
+    }
+    [[nodiscard]] std::string Origin() const
+    {
+        const TQXPropertyValue Value = Property().Read();
+        if (FRuntime.Options().Read(FRegistration.OptionsClass.OptionKey, Property()) == Value)
+            return "stored";
+        return Value == FDefault ? "default" : "found";
+    }
+    void Set(const std::string& Name, const std::string& Text) const
+    {
+        Property().Write(ParsePropertyText(Property(), Name, Text));
+        FRuntime.StoreOptions(FRegistration);
+    }
+
+private:
+    TQXRuntime& FRuntime;
+    const TQXOptionsRegistration& FRegistration;
+    std::string_view FName;
+    TQXPropertyValue FDefault;
+};
+
+TOption ObjectOption(TQXRuntime& Runtime, const TQXOptionsRegistration& Registration, const TQXProperty& Unloaded)
+{
+    std::string Name = fmt::format("{}.{}", Registration.OptionsClass.OptionKey, Unloaded.StoredUnder());
+    const TObjectOption Option(Runtime, Registration, Unloaded);
+    return {Name, [Option] { return PropertyText(Option.Property().Read()); }, [Option] { return Option.Origin(); },
+            [Option, Name](const std::string& Text) { Option.Set(Name, Text); }};
 }
 
 /// All options, those of the options objects in order of registration and then the host's.
@@ -66,11 +100,10 @@ std::vector<TOption> AllOptions(TQXRuntime& Runtime)
     std::vector<TOption> Result;
     for (const TQXOptionsRegistration& Registration : Runtime.OptionsServices().Options())
     {
-        const TQXOptionsClass& Class = Registration.OptionsClass;
-        if (const TQXOptionsObject* Object = Runtime.OptionsServices().GetOptions(Class.Category, Class.Name))
-            for (const TQXProperty& Property : Object->Properties())
-                if (Property.IsPersisted())
-                    Result.push_back(ObjectOption(Runtime, Registration, Property));
+        const auto Unloaded = Registration.OptionsClass.Create();
+        for (const TQXProperty& Property : Unloaded->Properties())
+            if (Property.IsPersisted())
+                Result.push_back(ObjectOption(Runtime, Registration, Property));
     }
     for (const THostSetting& Setting : HostSettings)
         Result.push_back(HostOption(Runtime, Setting));
@@ -94,7 +127,7 @@ std::string ListOptions(TQXRuntime& Runtime)
 {
     std::vector<std::vector<std::string>> Rows;
     for (const TOption& Option : AllOptions(Runtime))
-        Rows.push_back({Option.Name, "= " + Option.Get()});
+        Rows.push_back({Option.Name, Option.Origin(), "= " + Option.Get()});
     return AlignColumns(Rows);
 }
 

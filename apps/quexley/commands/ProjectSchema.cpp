@@ -94,7 +94,7 @@ TJson PropertyType(const TQXProperty& Property)
 /// The default of a hidden property may depend on this machine, so the schema does not tell it.
 TJson PropertySchema(const TQXProperty& Property, bool IsHidden)
 {
-    TJson Result = {{"description", Property.Meaning}};
+    TJson Result = {{"description", PropertyHelp(Property)}};
     Result.update(PropertyType(Property));
     if (!IsHidden)
         Result["default"] = PropertyAsJson(Property.Read());

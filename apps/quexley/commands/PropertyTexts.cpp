@@ -40,6 +40,11 @@ std::string_view TextKindName(TQXTextKind Kind)
     return {};
 }
 
+std::string_view PropertyHelp(const TQXProperty& Property)
+{
+    return Property.HelpText.empty() ? Property.Meaning : Property.HelpText;
+}
+
 std::string PropertyText(const TQXPropertyValue& Value)
 {
     return std::visit(

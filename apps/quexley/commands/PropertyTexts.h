@@ -11,6 +11,8 @@
 [[nodiscard]] std::string_view PropertyTypeName(TQXPropertyType Type);
 /// What users call a kind of text: "file", "expression".
 [[nodiscard]] std::string_view TextKindName(TQXTextKind Kind);
+/// What a property is for: its help where it has one, else its meaning.
+[[nodiscard]] std::string_view PropertyHelp(const TQXProperty& Property);
 /// A value as text; the items of a set or list as comma text.
 [[nodiscard]] std::string PropertyText(const TQXPropertyValue& Value);
 [[nodiscard]] nlohmann::ordered_json PropertyAsJson(const TQXPropertyValue& Value);

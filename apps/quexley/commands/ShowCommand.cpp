@@ -23,7 +23,7 @@ TJson PropertyRow(const TQXProperty& Property, bool IsHidden)
         Result["values"] = Property.Elements;
     Result["hidden"] = IsHidden;
     Result["required"] = Property.IsRequired();
-    Result["help"] = Property.Meaning;
+    Result["help"] = PropertyHelp(Property);
     Result["kind"] = TextKindName(Property.Kind);
     if (Property.Separator != '\0')
         Result["separator"] = std::string(1, Property.Separator);
@@ -56,6 +56,12 @@ std::string Notes(const TQXProperty& Property, bool IsHidden)
     return fmt::format("{}", fmt::join(Words, ", "));
 }
 
+std::string AliasAndHelp(const TQXProperty& Property)
+{
+    return Property.AliasText.empty() ? std::string(PropertyHelp(Property))
+                                      : fmt::format("{}: {}", Property.AliasText, PropertyHelp(Property));
+}
+
 std::string ShowAsText(const TShownClass& Shown)
 {
     std::vector<std::vector<std::string>> Rows;
@@ -63,7 +69,7 @@ std::string ShowAsText(const TShownClass& Shown)
         if (Property.IsPersisted())
             Rows.push_back({std::string(Property.Name), std::string(PropertyTypeName(Property.Type)),
                             "default \"" + PropertyText(Property.Read()) + "\"",
-                            Notes(Property, Shown.IsHidden(Property.Name)), std::string(Property.Meaning)});
+                            Notes(Property, Shown.IsHidden(Property.Name)), AliasAndHelp(Property)});
     return Shown.Title + "\n" + AlignColumns(Rows, "  ");
 }
 

@@ -76,6 +76,9 @@ public:
     /// Declares the parameters of a script of this action.
     virtual void InitialiseScriptParams(TQXScript& Script);
 
+    /// The host has restored the stored properties of a new object; overrides call the inherited operation first.
+    virtual void Loaded() {}
+
     /// Looks at the raw texts of the properties and reports every finding; true if there was none.
     [[nodiscard]] virtual bool Validate(IQXActionValidationError& Errors);
     /// Does the action's work; true is success.

@@ -3,8 +3,12 @@
 #include "host/QXServices.h"
 #include "package/analysis/QXDemeanorAction.h"
 #include "package/analysis/QXDemeanorOptions.h"
+#include "package/analysis/QXDotfuscatorAction.h"
+#include "package/analysis/QXDotfuscatorOptions.h"
 #include "package/analysis/QXFxCopAction.h"
 #include "package/analysis/QXFxCopOptions.h"
+#include "package/analysis/QXXenoCodeAction.h"
+#include "package/analysis/QXXenoCodeOptions.h"
 #include "package/compiler/QXBorlandCSBuilderProjCompilerAction.h"
 #include "package/compiler/QXCSProjCompilerAction.h"
 #include "package/compiler/QXCSharpCompilerAction.h"
@@ -12,6 +16,8 @@
 #include "package/compiler/QXJSharpProjCompilerAction.h"
 #include "package/compiler/QXVBDotNetCompilerAction.h"
 #include "package/compiler/QXVBProjCompilerAction.h"
+#include "package/documentation/QXNDocAction.h"
+#include "package/documentation/QXNDocOptions.h"
 #include "package/plugin/QXDotNetOptionsImpl.h"
 #include "package/plugin/QXProjectEditors.h"
 #include "package/runners/QXNAntAction.h"
@@ -43,6 +49,7 @@ constexpr const char* BuildTools = "Build Tools";
 constexpr const char* Compilers = "Compilers";
 constexpr const char* DotNetTools = ".Net Tools";
 constexpr const char* TestingTools = "Testing Tools";
+constexpr const char* HelpCompilers = "Help Compilers";
 
 struct TRow;
 
@@ -90,9 +97,16 @@ template <typename T> void ProjectEditor(const TRow& Row)
                                               {Row.Extras.EditorName, [] { return std::make_unique<T>(); }});
 }
 
+/// An enumeration that scripts may use.
+template <TQXEnumeration T, const char* Name> void ScriptType()
+{
+    QXScriptingServices().RegisterType(Name, QXElementNames<T>());
+}
+constexpr char NDocVersion[] = "TNDocVersion";
+constexpr char XenoCodeVersion[] = "TXenoCodeVersion";
+
 // Everything that the package registers, in the order in which users see it. An enumeration that scripts may use stands
-// in the row behind which it is registered, as
-//     .RegisterForScripts = [] { QXScriptingServices().RegisterType("TColour", QXElementNames<TColour>()); }
+// in the row behind which it is registered.
 // clang-format off
 constexpr TRow Rows[] = {
     {"TQXDotNetOptions", Options<TQXDotNetOptions>, "DOTNETOPT", nullptr, nullptr, {.ScriptGlobal = "DotNetOptionsObject"}},
@@ -123,11 +137,19 @@ constexpr TRow Rows[] = {
     {"TQXNUnitAction", Action<TQXNUnitAction>, "NUNIT", TestingTools},
     {"TQXNAntOptions", Options<TQXNAntOptions>, "NANTICON"},
     {"TNAntAction", Action<TNAntAction>, "NANTICON", BuildTools},
+    {"TQXNDocOptions", Options<TQXNDocOptions>, "NDOCICON", nullptr, nullptr,
+     {.RegisterForScripts = ScriptType<TNDocVersion, NDocVersion>}},
+    {"TQXNDocAction", Action<TQXNDocAction>, "NDOCICON", HelpCompilers},
     {"TQXResGenAction", Action<TQXResGenAction>, "RESGEN", DotNetTools},
     {"TQXFxCopOptions", Options<TQXFxCopOptions>, "FXCOPICON"},
     {"TQXFxCopAction", Action<TQXFxCopAction>, "FXCOPICON", DotNetTools},
+    {"TQXDotfuscatorOptions", Options<TQXDotfuscatorOptions>, "DotfuscatorICON"},
+    {"TQXDotfuscatorAction", Action<TQXDotfuscatorAction>, "DotfuscatorICON", DotNetTools},
     {"TQXDemeanorOptions", Options<TQXDemeanorOptions>, "DemeanorICON"},
     {"TQXDemeanorAction", Action<TQXDemeanorAction>, "DemeanorICON", DotNetTools},
+    {"TQXXenoCodeOptions", Options<TQXXenoCodeOptions>, "XenoCodeICON", nullptr, nullptr,
+     {.RegisterForScripts = ScriptType<TXenoCodeVersion, XenoCodeVersion>}},
+    {"TQXXenoCodeAction", Action<TQXXenoCodeAction>, "XenoCodeICON", DotNetTools},
     {"TQXDotNetComReferenceFixAction", Action<TQXDotNetComReferenceFixAction>, "ASSEMBLYUPATER", DotNetTools},
     {"TQXNGen20InstallAction", Action<TQXNGen20InstallAction>, "NGENINSTALL", DotNetTools},
     {"TQXNGen20UninstallAction", Action<TQXNGen20UninstallAction>, "NGENUNINSTALL", DotNetTools},

@@ -56,6 +56,8 @@ void TSecretMask::Add(std::string_view Value)
 void TSecretMask::AddLine(std::string_view Line)
 {
     AddForms(Line);
+    if (Line.size() > 2 && Line.front() == '"' && Line.back() == '"') // tools get it without
+        AddForms(Line.substr(1, Line.size() - 2));
     const std::vector<std::string_view> Items = Parts(Line, ";,");
     if (Line.find_first_of(";,") == std::string_view::npos || Items.empty())
         return;

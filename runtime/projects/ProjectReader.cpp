@@ -196,6 +196,8 @@ TProjectAction TReader::ReadAction(const TTomlNode& Table)
         if (IsOneOf(Entry.Key, ActionKeys))
             ReadHostKey(Entry, Action);
     ReadProperties(Table, Action);
+    if (Action.Object)
+        Action.Object->Loaded();
     return Action;
 }
 

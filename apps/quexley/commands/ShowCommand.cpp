@@ -62,14 +62,23 @@ std::string AliasAndHelp(const TQXProperty& Property)
                                       : fmt::format("{}: {}", Property.AliasText, PropertyHelp(Property));
 }
 
+/// A list of many lines would make the column as wide as all of them.
+std::string DefaultText(const TQXPropertyValue& Value)
+{
+    constexpr std::size_t MostLines = 8;
+    if (const auto* Lines = std::get_if<std::vector<std::string>>(&Value); Lines && Lines->size() > MostLines)
+        return fmt::format("default {} lines", Lines->size());
+    return "default \"" + PropertyText(Value) + "\"";
+}
+
 std::string ShowAsText(const TShownClass& Shown)
 {
     std::vector<std::vector<std::string>> Rows;
     for (const TQXProperty& Property : Shown.Object->Properties())
         if (Property.IsPersisted())
             Rows.push_back({std::string(Property.Name), std::string(PropertyTypeName(Property.Type)),
-                            "default \"" + PropertyText(Property.Read()) + "\"",
-                            Notes(Property, Shown.IsHidden(Property.Name)), AliasAndHelp(Property)});
+                            DefaultText(Property.Read()), Notes(Property, Shown.IsHidden(Property.Name)),
+                            AliasAndHelp(Property)});
     return Shown.Title + "\n" + AlignColumns(Rows, "  ");
 }
 

@@ -25,6 +25,7 @@ const TCase Cases[] = {
     {{"a, b;c"}, "a, b;c a;b;c a,b,c a b", "*** *** *** a b"},
     {{R"(C:\keys/my)"}, R"(C:\keys/my C:/keys/my C:\keys\my C:\\keys\\my)", "*** *** *** ***"},
     {{R"(x"y\)"}, R"("x\"y\\" {"x\"y\\"} "x""y\")", R"("***" {"***"} "***")"},
+    {{R"("ab cd")"}, R"("ab cd" ab cd)", "*** ***"},
     {{"it's"}, "it''s it's", "*** ***"},
     {{"a\tb c"}, R"("a\tb c" a	b c)", R"("***" ***)"},
     {{"k\xC3\xA9y"}, "k\xC3\xA9y k\xE9y k\xEF\xBF\xBDy", "*** *** ***"},

@@ -53,6 +53,7 @@ void TSpillFile::Close()
         ::close(std::exchange(FDescriptor, None));
 }
 
+// NOLINTBEGIN(readability-make-member-function-const): the file behind the descriptor changes.
 std::error_code TSpillFile::Write(std::string_view Bytes)
 {
     while (!Bytes.empty())
@@ -75,3 +76,4 @@ void TSpillFile::Rewind()
 {
     ::lseek(FDescriptor, 0, SEEK_SET);
 }
+// NOLINTEND(readability-make-member-function-const)

@@ -80,6 +80,7 @@ TQXScript* TCustomQXAction::FindScriptToRun(std::string_view Name) const
     return Script && !Script->Params().empty() && !Script->Text().empty() ? Script : nullptr;
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): a script changes the action.
 bool TCustomQXAction::ExecuteScript(std::string_view Name)
 {
     TQXScript* Script = GetScriptByName(Name);

@@ -249,7 +249,7 @@ void TReader::ReadHostKey(const TTomlEntry& Entry, TProjectAction& Action)
 std::string TReader::ReadWhen(const TTomlEntry& Entry)
 try
 {
-    const std::string When = FValues.String(Entry).value_or(std::string());
+    std::string When = FValues.String(Entry).value_or(std::string());
     if (Entry.Value.Kind == TTomlKind::String)
         CheckCondition(When);
     return When;

@@ -2,6 +2,7 @@
 
 #include "platform/Console.h"
 #include "platform/Files.h"
+#include "platform/TextWidth.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -27,14 +28,14 @@ std::string AlignColumns(const std::vector<std::vector<std::string>>& Rows, std:
     {
         Widths.resize(std::max(Widths.size(), Row.size()));
         for (std::size_t Column = 0; Column < Row.size(); ++Column)
-            Widths[Column] = std::max(Widths[Column], Row[Column].size());
+            Widths[Column] = std::max(Widths[Column], Texts::Width(Row[Column]));
     }
     std::string Result;
     for (const auto& Row : Rows)
     {
         std::string Line(Indent);
         for (std::size_t Column = 0; Column < Row.size(); ++Column)
-            Line += Row[Column] + std::string(Widths[Column] - Row[Column].size() + 2, ' ');
+            Line += Row[Column] + std::string(Widths[Column] - Texts::Width(Row[Column]) + 2, ' ');
         Line.erase(Line.find_last_not_of(' ') + 1);
         Result += Line + "\n";
     }

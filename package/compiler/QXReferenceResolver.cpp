@@ -165,11 +165,11 @@ std::string TQXReferenceResolver::PathByKeyOrHint(const TXmlElement& Reference, 
     if (Reference.HasAttribute("AssemblyFolderKey"))
     {
         const std::string Folder = FindAssemblyKeyFolder(Reference.Attribute("AssemblyFolderKey"));
-        const std::string Path = Paths::WithoutTrailing(Folder) + Paths::Delimiter() + Name;
+        std::string Path = Paths::WithoutTrailing(Folder) + Paths::Delimiter() + Name;
         if (!Reference.HasAttribute("HintPath") || QXFiles().FileExists(Path))
             return QXFiles().Spelling(Path);
     }
-    const std::string Path = ExpandRelativePath(Reference.Attribute("HintPath"), FLoad.Folder);
+    std::string Path = ExpandRelativePath(Reference.Attribute("HintPath"), FLoad.Folder);
     if (QXFiles().FileExists(Path))
         return Path;
     if (!IsFoundByCompiler(Paths::FileName(Path)))

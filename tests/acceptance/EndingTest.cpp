@@ -165,6 +165,9 @@ TEST_F(TEndingTest, ARunBesideAnotherLeavesItsNote)
 
 TEST_F(TEndingTest, TooFewFilesAreToldAsAReason)
 {
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "the sanitizers need a pipe to look at an object";
+#endif
     WriteProject("");
     EXPECT_THAT(RunLimited("-n 7"), AllOf(HasSubstr("too many files are open\n"), HasSubstr("exit code 1\n")));
 }
@@ -183,7 +186,7 @@ TEST_F(TEndingTest, DeepFilesFitIntoASmallStack)
         {"x = " + Nested("[", 250, "]"), "a project has no \"x\""},
         {"x = " + Nested("[", 100'000, "]"), "quexley.toml:1:"},
         {Action + "var x = " + Nested("(", 20'000, ")") + "'", "OnProcessEntry: RangeError: compiler recursion limit"},
-        {Action + "var f = function(n) { return [n].map(f); }; f(0);'", "OnProcessEntry, line 1: RangeError: "}};
+        {Action + "var f = function(n) { return [n].map(f); }; f(0);'", "Script error in OnProcessEntry, line 1: "}};
     WriteFile("a.cs", "[assembly: A(\"x\")]\n");
     for (const auto& [Project, Expected] : Cases)
     {

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "host/QXAction.h"
+#include "host/QXForms.h"
 #include "host/QXOptions.h"
+#include "host/QXPages.h"
 #include "host/QXScript.h"
 
 #include <functional>
@@ -82,6 +84,8 @@ public:
     virtual ~IQXActionServices() = default;
     virtual void RegisterAction(std::string DisplayName, std::string Category, TQXActionClass ActionClass,
                                 std::string ImageName) = 0;
+    /// Adds pages behind those that the action class has. Design time only.
+    virtual void RegisterActionPages(std::string_view ActionClassName, std::span<const TQXPageClass> Pages) = 0;
     /// Gives a property of an action class an editor of its own. Design time only.
     virtual void RegisterPropertyEditor(TQXPropertyType PropertyType, std::string_view ActionClassName,
                                         std::string PropertyName, TQXPropertyEditorClass Editor) = 0;
@@ -91,6 +95,8 @@ public:
     [[nodiscard]] virtual std::span<const TQXActionRegistration> Actions() const = 0;
     /// The action registered for this class name, or null.
     [[nodiscard]] virtual const TQXActionRegistration* FindAction(std::string_view ClassName) const = 0;
+    /// The pages of an action class, in order.
+    [[nodiscard]] virtual std::span<const TQXPageClass> ActionPages(std::string_view ActionClassName) const = 0;
     /// The editor of a property, or null.
     [[nodiscard]] virtual const TQXPropertyEditorClass* FindPropertyEditor(std::string_view ActionClassName,
                                                                            std::string_view PropertyName) const = 0;
@@ -108,7 +114,11 @@ class IQXOptionsServices
 public:
     virtual ~IQXOptionsServices() = default;
     virtual void RegisterOptions(TQXOptionsClass OptionsClass, std::string ImageName) = 0;
+    /// Adds pages behind those that the options class has. Design time only.
+    virtual void RegisterOptionsPages(std::string_view OptionsClassName, std::span<const TQXPageClass> Pages) = 0;
     [[nodiscard]] virtual std::span<const TQXOptionsRegistration> Options() const = 0;
+    /// The pages of an options class, in order.
+    [[nodiscard]] virtual std::span<const TQXPageClass> OptionsPages(std::string_view OptionsClassName) const = 0;
     /// The one object of a registered options class, made and loaded when first asked for, or null.
     [[nodiscard]] virtual TQXOptionsObject* GetOptions(std::string_view Category, std::string_view Name) = 0;
 };
@@ -155,18 +165,17 @@ public:
     [[nodiscard]] virtual TQXVariant ObjectToVariant(TQXPersistent& Object) = 0;
 };
 
-/// What a program that edits projects offers to pages and editors. A program without a designer has
-/// none of the dialogs: they count as cancelled.
+/// What a program that edits projects offers to pages and editors.
 class IQXDesignApplicationServices
 {
 public:
     virtual ~IQXDesignApplicationServices() = default;
     /// Replaces the variables of the edited project; throws std::runtime_error with the reason.
     [[nodiscard]] virtual std::string ExpandDesignTime(std::string_view Expression) = 0;
-    /// Asks for a file, beginning at FileName; true if one was chosen and put there.
-    [[nodiscard]] virtual bool BrowseForFile(std::string& FileName, std::string_view Filter,
-                                             std::string_view Title) = 0;
-    [[nodiscard]] virtual bool BrowseForDirectory(std::string& Folder, std::string_view Title) = 0;
+    /// Shows a dialog. A program without a designer has none: it counts as cancelled.
+    [[nodiscard]] virtual TQXAnswer ShowDialog(const TQXDialog& Dialog) = 0;
+    /// Shows a form until it is closed.
+    virtual void ShowForm(TForm& Form) = 0;
 };
 
 [[nodiscard]] IQXActionServices& QXActionServices();

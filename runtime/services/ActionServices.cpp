@@ -44,6 +44,12 @@ const TQXActionRegistration* TActionServices::Lookup(std::string_view ClassName)
     return nullptr;
 }
 
+std::span<const TQXPageClass> TActionServices::ActionPages(std::string_view ActionClassName) const
+{
+    FBeforeLookUp();
+    return FPages.Of(ActionClassName);
+}
+
 const TQXPropertyEditorClass* TActionServices::FindPropertyEditor(std::string_view ActionClassName,
                                                                   std::string_view PropertyName) const
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/QXServices.h"
+#include "runtime/services/ClassPages.h"
 
 #include <functional>
 #include <string>
@@ -16,6 +17,10 @@ public:
     /// Throws std::logic_error for a class that is registered already.
     void RegisterAction(std::string DisplayName, std::string Category, TQXActionClass ActionClass,
                         std::string ImageName) override;
+    void RegisterActionPages(std::string_view ActionClassName, std::span<const TQXPageClass> Pages) override
+    {
+        FPages.Add(ActionClassName, Pages);
+    }
     void RegisterPropertyEditor(TQXPropertyType PropertyType, std::string_view ActionClassName,
                                 std::string PropertyName, TQXPropertyEditorClass Editor) override;
     /// The first reason stays.
@@ -23,6 +28,7 @@ public:
     [[nodiscard]] const std::string& RegistrationFailure() const { return FFailure; }
     [[nodiscard]] std::span<const TQXActionRegistration> Actions() const override;
     [[nodiscard]] const TQXActionRegistration* FindAction(std::string_view ClassName) const override;
+    [[nodiscard]] std::span<const TQXPageClass> ActionPages(std::string_view ActionClassName) const override;
     [[nodiscard]] const TQXPropertyEditorClass* FindPropertyEditor(std::string_view ActionClassName,
                                                                    std::string_view PropertyName) const override;
 
@@ -38,6 +44,7 @@ private:
 
     std::function<void()> FBeforeLookUp;
     std::vector<TQXActionRegistration> FActions;
+    TClassPages FPages;
     std::vector<TPropertyEditor> FEditors;
     std::string FFailure;
 };

@@ -7,6 +7,6 @@ class TConsoleDesignServices final : public IQXDesignApplicationServices
 {
 public:
     [[nodiscard]] std::string ExpandDesignTime(std::string_view Expression) override;
-    [[nodiscard]] bool BrowseForFile(std::string&, std::string_view, std::string_view) override { return false; }
-    [[nodiscard]] bool BrowseForDirectory(std::string&, std::string_view) override { return false; }
+    [[nodiscard]] TQXAnswer ShowDialog(const TQXDialog&) override { return {}; }
+    void ShowForm(TForm& Form) override { Form.Close(false); }
 };

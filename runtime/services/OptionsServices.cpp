@@ -54,6 +54,12 @@ std::span<const TQXOptionsRegistration> TOptionsServices::Options() const
     return FOptions;
 }
 
+std::span<const TQXPageClass> TOptionsServices::OptionsPages(std::string_view OptionsClassName) const
+{
+    FBeforeLookUp();
+    return FPages.Of(OptionsClassName);
+}
+
 TQXOptionsObject* TOptionsServices::GetOptions(std::string_view Category, std::string_view Name)
 {
     for (const TQXOptionsRegistration& Registration : Options())

@@ -2,6 +2,7 @@
 
 #include "host/QXServices.h"
 #include "runtime/OptionsFile.h"
+#include "runtime/services/ClassPages.h"
 
 #include <functional>
 #include <map>
@@ -21,7 +22,12 @@ public:
 
     /// Throws std::logic_error for a class that is registered already.
     void RegisterOptions(TQXOptionsClass OptionsClass, std::string ImageName) override;
+    void RegisterOptionsPages(std::string_view OptionsClassName, std::span<const TQXPageClass> Pages) override
+    {
+        FPages.Add(OptionsClassName, Pages);
+    }
     [[nodiscard]] std::span<const TQXOptionsRegistration> Options() const override;
+    [[nodiscard]] std::span<const TQXPageClass> OptionsPages(std::string_view OptionsClassName) const override;
     [[nodiscard]] TQXOptionsObject* GetOptions(std::string_view Category, std::string_view Name) override;
     /// Writes the settings of a registered object to the file's text.
     void Store(const TQXOptionsRegistration& Registration);
@@ -32,5 +38,6 @@ private:
     std::function<void()> FBeforeLookUp;
     std::function<TOptionsFile&()> FFile;
     std::vector<TQXOptionsRegistration> FOptions;
+    TClassPages FPages;
     std::map<std::string, std::unique_ptr<TQXOptionsObject>, std::less<>> FObjects; // by option key
 };

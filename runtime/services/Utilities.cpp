@@ -55,13 +55,3 @@ std::string GetSysDirectory()
     const std::string Windows = GetWinDirectory();
     return Windows.empty() ? Windows : Files::Spelling(Paths::Join(Windows, "system32"));
 }
-
-bool QXBrowseForFile(std::string& FileName, std::string_view Filter, std::string_view Title)
-{
-    return QXDesignApplicationServices().BrowseForFile(FileName, Filter, Title);
-}
-
-bool QXBrowseForDirectory(std::string& Folder, std::string_view Title)
-{
-    return QXDesignApplicationServices().BrowseForDirectory(Folder, Title);
-}

@@ -99,10 +99,15 @@ protected:
                     Value = static_cast<TMember>(static_cast<int>(*Selected) + Offset);
             });
     }
-    /// The radio buttons by position: those of an enumeration, or of False and True.
-    template <typename T, typename TMember>
-    requires TQXEnumeration<TMember> || std::is_same_v<TMember, bool>
-    void Bind(std::vector<TRadioButton*> Buttons, TMember T::*Member)
+    /// The radio buttons of False and True.
+    template <typename T> void Bind(TRadioButton& No, TRadioButton& Yes, bool T::*Member)
+    {
+        BindMember(
+            Yes, Member, [&No, &Yes](bool Value) { (Value ? Yes : No).Check(); },
+            [&Yes](bool& Value) { Value = Yes.IsChecked(); });
+    }
+    /// The radio buttons of an enumeration, by position. Where none is checked, the property stays.
+    template <typename T, TQXEnumeration TMember> void Bind(std::vector<TRadioButton*> Buttons, TMember T::*Member)
     {
         BindMember(
             *Buttons.front(), Member,
@@ -115,6 +120,17 @@ protected:
                     if (Buttons[Index]->IsChecked())
                         Value = static_cast<TMember>(Index);
             });
+    }
+    /// The flag of one of several radio buttons; reading True checks it.
+    template <typename T> void Bind(TRadioButton& Button, bool T::*Member)
+    {
+        BindMember(
+            Button, Member,
+            [&Button](bool Value) {
+                if (Value)
+                    Button.Check();
+            },
+            [&Button](bool& Value) { Value = Button.IsChecked(); });
     }
     /// The lines name=value. A list whose rows are as they were stays as it is.
     template <typename T> void Bind(TGrid& Grid, TStringList T::*Member)

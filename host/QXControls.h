@@ -81,8 +81,10 @@ public:
     std::string Hint;    ///< one line about it
     bool Enabled = true;
     bool Visible = true;
-    TQXEvent OnChange; ///< the user typed, picked or ticked
-    TQXEvent OnClick;
+    TQXEvent OnChange; ///< of what is typed, picked or selected: the user changed it
+    TQXEvent OnClick;  ///< of a button, a check box or a radio button
+    /// A key pressed in a list; gives whether the key means something there.
+    std::function<bool(std::string_view Key)> OnKey;
 
 private:
     [[nodiscard]] bool IsSet(bool TControl::*Flag) const
@@ -112,6 +114,13 @@ public:
     TEdit(TContainer& Parent, std::string_view Name, std::string_view ACaption = {})
         : TControl(Parent, TQXControlKind::Edit, Name, ACaption)
     {
+    }
+    /// Puts a text there as its user would: what follows from a change happens.
+    void Change(std::string AText)
+    {
+        Text = std::move(AText);
+        if (OnChange)
+            OnChange();
     }
     std::string Text;
     bool IsSecret = false; ///< shown as dots

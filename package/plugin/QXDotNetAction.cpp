@@ -26,6 +26,15 @@ double VersionNumber(std::string_view Version)
 }
 } // namespace
 
+std::vector<std::string> InstalledVersions()
+{
+    std::vector<std::string> Result;
+    const IQXDotNetInfo& Info = QXDotNetInfo();
+    for (int Index = 0; Index < Info.GetVersionCount(); ++Index)
+        Result.push_back(Info.GetVersionByIndex(Index).GetVersionName());
+    return Result;
+}
+
 TQXDotNetAction::TQXDotNetAction()
 {
     LogOutput = true;

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// In which folder of a .NET version an action's tool lies.
 enum TQXDotNetToolType { ttNone, ttFramework, ttSDK };
@@ -13,6 +14,9 @@ constexpr auto QXElements(TQXDotNetToolType)
 {
     return std::array<std::string_view, 3>{"ttNone", "ttFramework", "ttSDK"};
 }
+
+/// The names of the installed .NET versions, in ascending order.
+[[nodiscard]] std::vector<std::string> InstalledVersions();
 
 /// Base of the actions that run a tool of the .NET framework or SDK: tells which installed version is used
 /// and where its tool lies.

@@ -18,6 +18,7 @@
 #include "package/compiler/QXVBProjCompilerAction.h"
 #include "package/documentation/QXNDocAction.h"
 #include "package/documentation/QXNDocOptions.h"
+#include "package/pages/QXPageTable.h"
 #include "package/plugin/QXDotNetOptionsImpl.h"
 #include "package/plugin/QXProjectEditors.h"
 #include "package/runners/QXNAntAction.h"
@@ -58,7 +59,6 @@ struct TExtras
 {
     const char* ScriptGlobal = nullptr;                ///< the name of an options object in scripts
     void (*RegisterForScripts)() = nullptr;            ///< methods, or an enumeration
-    void (*RegisterPages)(const TRow& Row) = nullptr;  ///< at design time
     void (*RegisterEditor)(const TRow& Row) = nullptr; ///< of the project file, at design time
     const char* EditorName = nullptr;
 };
@@ -163,13 +163,21 @@ constexpr TRow Rows[] = {
 };
 // clang-format on
 
+void RegisterPages(const TRow& Row)
+{
+    if (Row.Category)
+        QXActionServices().RegisterActionPages(Row.ClassName, PagesOf(Row.ClassName));
+    else
+        QXOptionsServices().RegisterOptionsPages(Row.ClassName, PagesOf(Row.ClassName));
+}
+
 void Register(const TRow& Row, bool DesignTime)
 {
     Row.Register(Row);
     if (Row.Extras.RegisterForScripts)
         Row.Extras.RegisterForScripts();
-    if (DesignTime && Row.Extras.RegisterPages)
-        Row.Extras.RegisterPages(Row);
+    if (DesignTime)
+        RegisterPages(Row);
     if (DesignTime && Row.Extras.RegisterEditor)
         Row.Extras.RegisterEditor(Row);
 }

@@ -1,0 +1,32 @@
+// What the file dialogs of the pages offer: pairs of caption and masks, all parted by "|".
+#pragma once
+
+namespace FileFilters
+{
+// Assemblies, in the wording of each page.
+constexpr const char* Assemblies = "Assemblies (*.dll, *.exe)|*.dll;*.exe|All Files (*.*)|*.*";
+constexpr const char* AssembliesOrAll = "Assemblies (*.dll, *.exe)|*.dll;*.exe|All Files|*.*";
+constexpr const char* AssembliesOnly = "Assemblies (*.dll, *.exe)|*.dll;*.exe";
+constexpr const char* Assembly = "Assembly (*.dll, *.exe)|*.dll;*.exe";
+constexpr const char* AssemblyFiles = "Assembly Files (*.dll)|*.dll|All Files (*.*)|*.*";
+constexpr const char* Executables = "Executables|*.exe|All Files|*.*";
+constexpr const char* ExecutablesAndLibraries = "Executables, Libraries (*.exe,*.dll)|*.exe;*.dll|All Files|*.*";
+
+constexpr const char* KeyFile = "Key File (*.snk)|*.snk";
+constexpr const char* KeyFileOrAll = "Key File (*.snk)|*.snk|All Files|*.*";
+constexpr const char* TypeLibraryFile = "TypeLibrary File (*.tlb)|*.tlb";
+constexpr const char* TypeLibraryFiles = "TypeLibrary Files (*.tlb)|*.tlb";
+constexpr const char* TypeLibrariesAndDlls = "TLB & DLL Files (*.tlb;*.dll)|*.tlb;*.dll|TLB Files (*.tlb)|*.tlb|DLL Files "
+                                             "(*.dll)|*.dll|All Files|*.*";
+constexpr const char* TextFiles = "Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
+constexpr const char* CsvFiles = "CSV Files (*.csv)|*.csv";
+constexpr const char* RegFile = "Reg File (*.reg)|*.reg";
+constexpr const char* CapitalizationFile = "Capitalization File (*.txt)|*.txt|All Files|*.*";
+constexpr const char* Resources = "Resources (*.resx)|*.resx|All Files (*.*)|*.*";
+constexpr const char* CompiledResources =
+    "Resource (*.resource)|*.resource|Resources (*.resources)|*.resources|All Files (*.*)|*.*";
+constexpr const char* MSBuildProjects = "Project Files (*.proj; *.csproj; *.vbproj; "
+                                        "*.vjsproj)|*.proj;*.csproj;*.vbproj;*.vjsproj|Text Files (*.txt)|*.txt|All "
+                                        "files|*.*";
+constexpr const char* AllFiles = "All Files|*.*";
+} // namespace FileFilters

@@ -82,6 +82,7 @@ public:
     std::string File;   ///< absolute
     std::string Folder; ///< without trailing delimiter
     std::string Name;
+    std::vector<std::string> Includes; ///< as the project file names them
     std::vector<std::string> Secrets;
     TVariables::TPairs Variables;
     TVariables::TPairs Scripts; ///< for every action that declares such a script and has none of its own

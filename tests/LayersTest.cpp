@@ -81,7 +81,10 @@ const std::vector<TLayer> Layers = {
     {"platform", {"platform/"}, {"*"}},
     {"runtime", {"host/", "platform/", "runtime/"}, {"fmt/", "toml++/", "duktape."}},
     {"package", {"host/", "platform/", "package/"}, {}},
-    {"apps/quexley", {"host/", "platform/", "runtime/", "apps/quexley/"}, {"fmt/", "CLI/", "nlohmann/"}},
+    {"apps/shared", {"host/", "platform/", "runtime/", "apps/shared/"}, {"fmt/"}},
+    {"apps/quexley",
+     {"host/", "platform/", "runtime/", "apps/shared/", "apps/quexley/"},
+     {"fmt/", "CLI/", "nlohmann/"}},
 };
 
 /// Libraries that one place alone knows.

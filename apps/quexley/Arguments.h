@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/shared/HostSetup.h"
 #include "runtime/ProjectRunner.h"
 
 #include <string>
@@ -9,12 +10,8 @@ enum class TLogFormat { Text, Json, GitHub, Azure, TeamCity };
 enum class TColourChoice { Auto, Always, Never };
 
 /// What stands on the command line, checked for its form. File names are as the user wrote them.
-struct TArguments
+struct TArguments : THostFiles
 {
-    // Every command.
-    std::string OptionsFile; ///< empty: the default
-    std::string RegistryFile;
-    std::vector<std::string> PackageFiles; ///< empty: those beside the program
     // Commands with a project.
     std::string Project; ///< empty: the nearest one upwards
     TRunOptions Run;

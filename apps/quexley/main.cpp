@@ -1,8 +1,8 @@
 #include "apps/quexley/Answer.h"
 #include "apps/quexley/CommandLine.h"
-#include "apps/quexley/HostSetup.h"
 #include "apps/quexley/RunLog.h"
 #include "apps/quexley/commands/Commands.h"
+#include "apps/shared/HostSetup.h"
 #include "platform/Console.h"
 #include "platform/Processes.h"
 #include "platform/Stack.h"
@@ -34,7 +34,9 @@ int RunProgram(int Count, const char* const* Words)
     const TParsedCommandLine CommandLine = ParseCommandLine(Count, Words, ProgramCommands());
     if (!CommandLine.Command)
         return WriteAnswer(CommandLine.Answer);
-    THostSetup Host(CommandLine.Arguments);
+    const std::vector<std::string>& Operands = CommandLine.Arguments.Words;
+    const bool Stores = !Operands.empty() && Operands[0] == "set";
+    THostSetup Host(CommandLine.Arguments, Stores ? TNamedOptions::MayBeMissing : TNamedOptions::MustExist);
     const int ExitCode = CommandLine.Command->Execute(CommandLine.Arguments, Host.Runtime());
     const EHostFileError* Error = Host.Runtime().FileError();
     if (Error && ExitCode == 0)

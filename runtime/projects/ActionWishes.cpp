@@ -106,6 +106,12 @@ private:
 };
 } // namespace
 
+std::vector<TTomlWish> RootWishes(const TProject& Project, const TProject& Original, std::string_view LineEnd)
+{
+    return {Wish("include", Project.Includes == Original.Includes, Project.Includes.empty(),
+                 [&] { return TomlText::List(Project.Includes, LineEnd); })};
+}
+
 std::vector<TTomlWish> ProjectWishes(const TProject& Project, const TProject& Original)
 {
     return {

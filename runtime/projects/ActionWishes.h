@@ -8,6 +8,9 @@
 #include <string_view>
 #include <vector>
 
+/// For the keys above all tables.
+[[nodiscard]] std::vector<TTomlWish> RootWishes(const TProject& Project, const TProject& Original,
+                                                std::string_view LineEnd);
 /// For `[project]`.
 [[nodiscard]] std::vector<TTomlWish> ProjectWishes(const TProject& Project, const TProject& Original);
 /// For `[variables]`.

@@ -83,6 +83,7 @@ void TProjectLoader::Merge(TProject Part, bool IsProjectFile)
     FProject.File = Part.File;
     FProject.Folder = Part.Folder;
     FProject.Name = Part.Name;
+    FProject.Includes = std::move(Part.Includes);
 }
 
 void TProjectLoader::Collect(const std::vector<THostFinding>& Findings)

@@ -93,6 +93,7 @@ void TReader::ReadIncludes(const TTomlEntry& Entry)
     const auto Names = FValues.Strings(Entry);
     for (std::size_t Index = 0; Names && Index < Names->size(); ++Index)
         FIncludes.push_back({(*Names)[Index], Entry.Value.Items[Index].Begin});
+    FProject.Includes = Names.value_or(std::vector<std::string>());
 }
 
 /// Whatever an action of any class declares may be named, also where none of the project's does.

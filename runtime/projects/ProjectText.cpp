@@ -73,6 +73,7 @@ std::string TAssembler::Assemble()
 {
     const bool IsMoving = IsReordered();
     AddSection(0);
+    FJoiner.AddNew(FBlocks.NewRoot);
     FJoiner.AddNew(FBlocks.NewProject);
     for (std::size_t Place = 1; Place < FSections.size(); ++Place)
     {

@@ -23,6 +23,7 @@ struct TActionBlock
 /// The sections of a project, none of them to be added where empty.
 struct TProjectBlocks
 {
+    std::string NewRoot; ///< keys above all sections
     std::string NewProject;
     std::string NewVariables;
     std::string NewScripts;

@@ -55,6 +55,7 @@ public:
     std::string Write();
 
 private:
+    [[nodiscard]] std::string EditRoot(const std::vector<TTomlWish>& Wishes);
     [[nodiscard]] std::string EditTable(std::string_view Key, const std::vector<TTomlWish>& Wishes);
     void PlanActions(bool AsNew);
     [[nodiscard]] bool IsOfFile(const TProjectAction& Action) const;
@@ -81,6 +82,7 @@ std::string TWriter::Write()
     TProjectBlocks Blocks;
     if (!FIsIncluded)
     {
+        Blocks.NewRoot = EditRoot(RootWishes(FProject, FOriginal, FDocument.LineEnd()));
         Blocks.NewProject = EditTable("project", ProjectWishes(FProject, FOriginal));
         Blocks.NewVariables = EditTable("variables", VariableWishes(FProject.Variables, FOriginal.Variables));
         Blocks.NewScripts = EditTable("scripts", ProjectScriptWishes(FProject, FOriginal, FDocument.LineEnd()));
@@ -107,6 +109,17 @@ std::string TWriter::Write()
         Blocks.Actions.push_back({Plan.Original, Plan.Original ? std::string() : NewAction(Plan)});
     }
     return JoinProjectText(FDocument, FEditor, Tables, Blocks);
+}
+
+/// Edits the keys above all tables, or gives the lines that have to be added for them.
+std::string TWriter::EditRoot(const std::vector<TTomlWish>& Wishes)
+{
+    std::string Lines;
+    if (!FEditor.Apply(FDocument.Root(), Wishes))
+        for (const TTomlWish& Wish : Wishes)
+            if (IsWritten(Wish))
+                Lines += fmt::format("{}{}", TomlLine(Wish), FDocument.LineEnd());
+    return Lines;
 }
 
 /// Edits a table below the root, or gives the section that has to be added for it.

@@ -180,6 +180,22 @@ TEST_F(ProjectFile, SavesEachActionWhereItStands)
     }
 }
 
+TEST_F(ProjectFile, IncludesComeAndGo)
+{
+    const TTempFolder Temp;
+    Temp.Write("common.toml", "[variables]\nB = '2'\n");
+    const std::string Without = "# Build\n\n[variables]\nA = '1'\n";
+    const std::string With = "# Build\n\ninclude = [\"common.toml\"]\n\n[variables]\nA = '1'\n";
+    TProject Project = TProject::Parse(Temp / "quexley.toml", Without);
+    Project.Includes = {"common.toml"};
+    EXPECT_EQ(Project.ToText(), With);
+    Project = TProject::Parse(Temp / "quexley.toml", With);
+    EXPECT_EQ(Project.Includes, std::vector<std::string>{"common.toml"});
+    EXPECT_EQ(Project.AllVariables().size(), 2U);
+    Project.Includes.clear();
+    EXPECT_EQ(Project.ToText().find("include"), std::string::npos);
+}
+
 /// Texts that are hard to write down, and ordinary ones.
 const std::string HardTexts[] = {
     "",       "plain",      "C:\\a b\\", "it's",          "\"q\"",      "'\"\\",

@@ -1,4 +1,4 @@
-#include "apps/quexley/HostSetup.h"
+#include "apps/shared/HostSetup.h"
 
 #include "host/QXUtilities.h"
 #include "platform/Files.h"
@@ -23,11 +23,11 @@ std::string FromHere(const std::string& File)
     return File.empty() ? File : Paths::Expand(File, Files::CurrentFolder());
 }
 
-void LoadPackage(const std::string& File)
+void LoadPackage(const std::string& File, TPages Pages)
 try
 {
     const TModule Module(File);
-    Module.Function<void(bool)>("QXRegister")(false);
+    Module.Function<void(bool)>("QXRegister")(Pages == TPages::Registered);
 }
 catch (const EModuleError& Error)
 {
@@ -60,26 +60,25 @@ catch (const EFileError& Error)
 
 } // namespace
 
-THostSetup::THostSetup(const TArguments& Arguments)
+THostSetup::THostSetup(const THostFiles& Named, TNamedOptions Options, TPages Pages)
 {
-    const std::string Registry = FromHere(Arguments.RegistryFile);
+    const std::string Registry = FromHere(Named.RegistryFile);
     if (!Registry.empty() && !Files::FileExists(Registry))
-        throw EHostFileError({.File = Arguments.RegistryFile, .Message = "no such file"});
+        throw EHostFileError({.File = Named.RegistryFile, .Message = "no such file"});
     std::vector<std::string> Packages;
-    for (const std::string& Package : Arguments.PackageFiles)
+    for (const std::string& Package : Named.PackageFiles)
         Packages.push_back(FromHere(Package));
     if (Packages.empty())
         Packages.push_back(TModule::FileBesideProgram(PackageName));
 
-    // What stores an option makes the file.
-    const bool MustExist = !Arguments.OptionsFile.empty() && (Arguments.Words.empty() || Arguments.Words[0] != "set");
-    FRuntime.SetOptionsSource([File = FromHere(Arguments.OptionsFile), MustExist] {
+    const bool MustExist = !Named.OptionsFile.empty() && Options == TNamedOptions::MustExist;
+    FRuntime.SetOptionsSource([File = FromHere(Named.OptionsFile), MustExist] {
         return TOptionsFile::Load(File.empty() ? TOptionsFile::DefaultFileName() : File, MustExist);
     });
     FRuntime.SetRegistrySource([this, Registry] { return LoadRegistry(RegistryFile(Registry)); });
-    FRuntime.SetPackageSource([Packages] {
+    FRuntime.SetPackageSource([Packages, Pages] {
         for (const std::string& Package : Packages)
-            LoadPackage(Package);
+            LoadPackage(Package, Pages);
     });
     FRuntime.SetScriptEngineSource([] { return std::make_unique<TDuktapeEngine>(); });
 }

@@ -114,6 +114,11 @@ void AddWords(CLI::App& App, const std::string& Name, TArguments& Arguments, con
     App.add_option(Name, Arguments.Words, Description)->type_name("");
 }
 
+void AddClass(CLI::App& App, TRawArguments& Raw)
+{
+    AddWords(App, "CLASS", Raw.Arguments, "Class or registered name of an action or of an options object");
+}
+
 void AddArguments(CLI::App& App, TCommandArguments Kind, TRawArguments& Raw)
 {
     switch (Kind)
@@ -136,8 +141,11 @@ void AddArguments(CLI::App& App, TCommandArguments Kind, TRawArguments& Raw)
     case TCommandArguments::Shell:
         AddWords(App, "SHELL", Raw.Arguments, "bash, zsh or fish");
         break;
+    case TCommandArguments::Class:
+        AddClass(App, Raw);
+        break;
     case TCommandArguments::ClassAndJson:
-        AddWords(App, "CLASS", Raw.Arguments, "Class or registered name of an action or of an options object");
+        AddClass(App, Raw);
         App.add_flag("--example", Raw.Arguments.Example, "Write a block that validates");
         App.add_flag("--scripts", Raw.Arguments.Scripts, "Show the scripts with their parameters");
         [[fallthrough]];

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "apps/quexley/Arguments.h"
+#include "apps/shared/HostSetup.h"
 
 #include <span>
 #include <string>
@@ -9,7 +10,7 @@
 class TQXRuntime;
 
 /// Which arguments a command takes besides those of every command.
-enum class TCommandArguments { None, Run, Validate, Project, ProjectAndJson, Json, ClassAndJson, Option, Shell };
+enum class TCommandArguments { None, Run, Validate, Project, ProjectAndJson, Json, Class, ClassAndJson, Option, Shell };
 
 /// A command of the program.
 struct TCommand
@@ -20,6 +21,7 @@ struct TCommand
     /// Gives the exit code. Throws EHostFileError, EUsageError, EFileError.
     int (*Execute)(const TArguments& Arguments, TQXRuntime& Runtime);
     bool IsHidden = false; ///< from help and completions: for the build alone
+    TPages Pages = TPages::None;
 };
 
 /// What the command line asks for: a command, or, without one, a text that answers it.

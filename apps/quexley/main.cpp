@@ -36,7 +36,8 @@ int RunProgram(int Count, const char* const* Words)
         return WriteAnswer(CommandLine.Answer);
     const std::vector<std::string>& Operands = CommandLine.Arguments.Words;
     const bool Stores = !Operands.empty() && Operands[0] == "set";
-    THostSetup Host(CommandLine.Arguments, Stores ? TNamedOptions::MayBeMissing : TNamedOptions::MustExist);
+    THostSetup Host(CommandLine.Arguments, Stores ? TNamedOptions::MayBeMissing : TNamedOptions::MustExist,
+                    CommandLine.Command->Pages);
     const int ExitCode = CommandLine.Command->Execute(CommandLine.Arguments, Host.Runtime());
     const EHostFileError* Error = Host.Runtime().FileError();
     if (Error && ExitCode == 0)

@@ -130,7 +130,7 @@ TPageDriver::THandler TPageDriver::HandlerOf(const std::string& Operation)
 void TPageDriver::Run()
 {
     std::string Line;
-    while (!(FForm && FForm->IsClosed()) && std::getline(FRequests, Line))
+    while (!(FForm && FForm->IsClosed()) && FAnswers && std::getline(FRequests, Line))
         if (Line.find_first_not_of(" \t\r") != std::string::npos)
             AnswerRequest(Line);
 }

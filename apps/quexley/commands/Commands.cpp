@@ -4,7 +4,7 @@
 
 namespace
 {
-constexpr std::array<TCommand, 11> Commands = {{
+constexpr std::array<TCommand, 12> Commands = {{
     {"run", "Validate every enabled action, then run them in order", TCommandArguments::Run, &RunCommand},
     {"validate", "Only validate", TCommandArguments::Validate, &ValidateCommand},
     {"tasks", "List the actions of the project", TCommandArguments::ProjectAndJson, &TasksCommand},
@@ -16,6 +16,8 @@ constexpr std::array<TCommand, 11> Commands = {{
     {"options", "List, get or set options", TCommandArguments::Option, &OptionsCommand},
     {"dotnet", "List the .NET versions found and where", TCommandArguments::Json, &DotNetCommand},
     {"schema", "Write the JSON Schema of the project file", TCommandArguments::None, &SchemaCommand},
+    {"pages", "Drive the property pages of a class by lines of JSON", TCommandArguments::Class, &PagesCommand, false,
+     TPages::Registered},
     {"manual", "Write the manual page", TCommandArguments::None, &ManualCommand, true},
 }};
 } // namespace

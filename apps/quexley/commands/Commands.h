@@ -18,6 +18,7 @@ int CompletionsCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 int OptionsCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 int DotNetCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 int SchemaCommand(const TArguments& Arguments, TQXRuntime& Runtime);
+int PagesCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 int ManualCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 
 /// All of them, in the order of the help.

@@ -1,60 +1,15 @@
 // Drives the pages of the package by the cases of data/, whose README.md tells what can stand there.
 #include "platform/Text.h"
-#include "runtime/forms/PageDriver.h"
 #include "runtime/forms/PageJson.h"
 #include "tests/DataFile.h"
-#include "tests/package/PackageTest.h"
+#include "tests/pages/PagesHost.h"
 
-#include <fstream>
-#include <set>
-#include <sstream>
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace
 {
-class TPagesHost final : public TPackageHost
-{
-public:
-    TPagesHost()
-    {
-        Runtime.SetPackageSource([] { QXRegister(true); });
-    }
-
-    /// Installs .NET versions of these names.
-    void UseVersions(const std::string& Names)
-    {
-        std::vector<TFakeDotNetVersion> Versions;
-        std::istringstream Words(Names);
-        for (std::string Name; Words >> Name;)
-            Versions.push_back({Name, Tools, Tools});
-        SetDotNetVersions(std::move(Versions));
-    }
-
-    /// The answers to requests, one a line.
-    std::vector<std::string> Drive(const std::string& ClassName, const std::string& Requests)
-    {
-        std::istringstream In(Requests);
-        std::ostringstream Out;
-        if (const TQXActionRegistration* Action = Runtime.ActionServices().FindAction(ClassName))
-        {
-            const auto Object = Action->ActionClass.Create();
-            DrivePages(Runtime,
-                       {*Object, Object.get(), nullptr, Runtime.ActionServices().ActionPages(ClassName),
-                        Action->ActionClass.HelpTopicID},
-                       In, Out);
-        }
-        else
-            for (const TQXOptionsRegistration& Options : Runtime.OptionsServices().Options())
-                if (Options.OptionsClass.ClassName == ClassName)
-                {
-                    const auto Object = Options.OptionsClass.Create();
-                    DrivePages(Runtime,
-                               {*Object, nullptr, Object.get(), Runtime.OptionsServices().OptionsPages(ClassName), 0},
-                               In, Out);
-                }
-        return Lines(Out.str());
-    }
-};
-
 bool Holds(const TPageJson& Actual, const TPageJson& Expected);
 
 /// Whether Actual has each of the objects, found by their name.

@@ -13,6 +13,14 @@ const std::map<std::string, TValues> Preconditions = {
     {"TQXRegasmAction.UnregisterTlb", {{"RegAsmMode", "asmUnregister"}}},
 };
 
+/// What a class inherits and does not use: its pages do not show it.
+const std::set<std::string> Unused = {
+    "TGACInstallAction.AssemblyName",    "TGACListAction.AssemblyName",   "TGACListAction.AssemblyPath",
+    "TGACListAction.AssemblyListFile",   "TGACListAction.UseListFile",    "TGACListAction.Force",
+    "TGACListAction.ReferenceCount",     "TGACListAction.RefScheme",      "TGACListAction.RefID",
+    "TGACListAction.RefDescription",
+};
+
 /// Pages of a class, without the host's side of them.
 class TLoosePages
 {
@@ -141,9 +149,8 @@ bool IsCarried(const TWalked& Class, const std::string& Name)
         TLoosePages Pages(Class.Pages);
         Pages.Read(*From);
         Pages.Write(*From);
-        EXPECT_EQ(From->FindProperty(Name)->Read(), Value) << Class.ClassName << '.' << Name << " changes";
         Pages.Write(*To);
-        if (To->FindProperty(Name)->Read() == Value)
+        if (From->FindProperty(Name)->Read() == Value && To->FindProperty(Name)->Read() == Value)
             return true;
     }
     return false;
@@ -175,10 +182,13 @@ TEST(PagesWalk, EveryVisiblePropertyIsReadAndWrittenByAPage)
         const auto Object = Class.Create();
         const auto& Hidden = Class.Hidden.Items();
         for (const TQXProperty& Property : Object->Properties())
-            if (Property.IsPersisted() && std::find(Hidden.begin(), Hidden.end(), Property.Name) == Hidden.end())
-            {
-                EXPECT_TRUE(IsCarried(Class, std::string(Property.Name))) << Class.ClassName << '.' << Property.Name;
-            }
+        {
+            const std::string Name(Property.Name);
+            const bool IsShown =
+                Property.IsPersisted() && std::find(Hidden.begin(), Hidden.end(), Name) == Hidden.end();
+            EXPECT_EQ(IsShown && IsCarried(Class, Name), IsShown && !Unused.contains(Class.ClassName + "." + Name))
+                << Class.ClassName << '.' << Name;
+        }
     }
 }
 

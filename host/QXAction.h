@@ -40,6 +40,8 @@ public:
     virtual void Poll() = 0;
     /// True: nothing may be started or rewritten, only shown.
     [[nodiscard]] virtual bool IsDryRun() const = 0;
+    /// True: where an action's own way and that of the IDE differ, the IDE's holds.
+    [[nodiscard]] virtual bool FollowsIDE() const = 0;
 };
 
 /// An action of a project: published properties, scripts and the step that does its work.
@@ -53,6 +55,8 @@ public:
     [[nodiscard]] static IQXActionHost* Host();
     /// Whether the host runs an action that may only show what it would start and write.
     [[nodiscard]] static bool IsDryRun();
+    /// Whether the project of the action that the host runs asks for what the IDE would do.
+    [[nodiscard]] static bool FollowsIDE();
 
     /// Writes one line to the log.
     void SendMessage(std::string_view Text) const;

@@ -84,6 +84,7 @@ public:
     std::string Name;
     std::vector<std::string> Includes; ///< as the project file names them
     std::vector<std::string> Secrets;
+    bool FollowsIDE = false; ///< where an action's own way and that of the IDE differ, the IDE's holds
     TVariables::TPairs Variables;
     TVariables::TPairs Scripts; ///< for every action that declares such a script and has none of its own
     TIncludedParts Included;

@@ -357,8 +357,12 @@ void TProjectRunner::TImpl::RunAction(TProjectAction& Action)
     Note(Action);
     Events.Handle(TActionStartedEvent{Action.Index, Action.Type, Action.Name});
     const TStopwatch Stopwatch;
-    const TActionRun Run{Action.Index, std::chrono::seconds(Action.TimeoutSeconds), Options.DryRun ? &Plan : nullptr,
-                         &Events.Mask(), Action.Arguments};
+    const TActionRun Run{.Index = Action.Index,
+                         .TimeLimit = std::chrono::seconds(Action.TimeoutSeconds),
+                         .Plan = Options.DryRun ? &Plan : nullptr,
+                         .Secrets = &Events.Mask(),
+                         .Arguments = Action.Arguments,
+                         .FollowsIDE = Project.FollowsIDE};
     TRunContext Context(*Action.Object, Run, Variables, Events);
     const bool Succeeded = Execute(Action) && !Runtime.FileError();
     if (!Succeeded)

@@ -18,6 +18,12 @@ bool TCustomQXAction::IsDryRun()
     return Running && Running->IsDryRun();
 }
 
+bool TCustomQXAction::FollowsIDE()
+{
+    const IQXActionHost* Running = Host();
+    return Running && Running->FollowsIDE();
+}
+
 TQXScriptParam& TQXScript::AddParam(std::string Name, TQXParamType Type)
 {
     TQXScriptParam& Param = AddParam();

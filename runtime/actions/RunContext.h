@@ -19,6 +19,7 @@ struct TActionRun
     TPlannedFiles* Plan = nullptr;        ///< what a dry run would have made so far; null: the run is no dry one
     const TSecretMask* Secrets = nullptr; ///< null: there are none
     std::string Arguments{};              ///< to be put behind those of its tool
+    bool FollowsIDE = false;              ///< as the project has it
 };
 
 /// The host's side of one action while it runs: turns what the action does into events. It is the running action of
@@ -44,6 +45,7 @@ public:
     [[nodiscard]] bool ExecuteScript(TQXScript& Script) override;
     void Poll() override { PassTermination(); }
     [[nodiscard]] bool IsDryRun() const override { return FRun.Plan != nullptr; }
+    [[nodiscard]] bool FollowsIDE() const override { return FRun.FollowsIDE; }
     /// Those on disk or, in a dry run, what is planned of them.
     [[nodiscard]] IQXFiles& Files() const;
 

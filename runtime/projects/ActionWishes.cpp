@@ -119,6 +119,8 @@ std::vector<TTomlWish> ProjectWishes(const TProject& Project, const TProject& Or
              [&] { return TomlText::String(Project.Name); }),
         Wish("secrets", Project.Secrets == Original.Secrets, Project.Secrets.empty(),
              [&] { return TomlText::Array(Project.Secrets); }),
+        Wish("follow_ide", Project.FollowsIDE == Original.FollowsIDE, !Project.FollowsIDE,
+             [&] { return TomlText::Boolean(Project.FollowsIDE); }),
     };
 }
 

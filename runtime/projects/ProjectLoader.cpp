@@ -84,6 +84,7 @@ void TProjectLoader::Merge(TProject Part, bool IsProjectFile)
     FProject.Folder = Part.Folder;
     FProject.Name = Part.Name;
     FProject.Includes = std::move(Part.Includes);
+    FProject.FollowsIDE = Part.FollowsIDE;
 }
 
 void TProjectLoader::Collect(const std::vector<THostFinding>& Findings)

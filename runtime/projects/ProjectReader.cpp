@@ -122,6 +122,8 @@ void TReader::ReadProjectTable(const TTomlNode& Table)
             FProject.Name = FValues.String(Entry).value_or(std::string());
         else if (Entry.Key == "secrets")
             ReadSecrets(Entry);
+        else if (Entry.Key == "follow_ide")
+            FProject.FollowsIDE = FValues.Boolean(Entry).value_or(false);
         else
             FFindings.Add(Entry.Position,
                           fmt::format("[project] has no key \"{}\"{}", Entry.Key, DidYouMean(Entry.Key, ProjectKeys)));

@@ -11,7 +11,7 @@
 #include <vector>
 
 /// The host's own keys, in the order in which they are written.
-inline constexpr std::array<std::string_view, 2> ProjectKeys{"name", "secrets"};
+inline constexpr std::array<std::string_view, 3> ProjectKeys{"name", "secrets", "follow_ide"};
 inline constexpr std::array<std::string_view, 9> ActionKeys{"type",  "name", "enabled",   "on_failure", "timeout",
                                                             "group", "when", "arguments", "scripts"};
 /// The values of `on_failure`, in the order of TOnFailure.

@@ -139,6 +139,8 @@ private:
             FScripts.push_back(Line);
         else if (Line.Word == "dry-run")
             FHost.Settings.Plan = &FHost.Plan;
+        else if (Line.Word == "follow-ide")
+            FHost.Settings.FollowsIDE = true;
         else if (Line.Word == "time-limit")
             FHost.Settings.TimeLimit = std::chrono::seconds(std::stoi(Rest));
         else if (Line.Word == "execute")

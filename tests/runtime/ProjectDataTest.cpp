@@ -76,6 +76,8 @@ protected:
             return Project.Name = Line.Rest, true;
         if (Line.Word == "secrets")
             return Project.Secrets = Split(Line.Rest), true;
+        if (Line.Word == "follow_ide")
+            return Project.FollowsIDE = Line.Rest == "true", true;
         if (Line.Word == "variables")
         {
             Project.Variables.clear();

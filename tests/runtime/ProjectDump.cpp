@@ -7,6 +7,7 @@
 std::string Dump(const TProject& Project)
 {
     std::string Text = Project.Name + "\n";
+    Text.append(Project.FollowsIDE ? "follows the IDE\n" : "");
     for (const std::string& Secret : Project.Secrets)
         Text.append("secret ").append(Secret).append("\n");
     auto Variables = Project.Variables;

@@ -25,7 +25,8 @@ TJson ProjectTable()
 {
     return ClosedObject(
         {{"name", {{"type", "string"}}},
-         {"secrets", {{"type", "array"}, {"items", {{"type", "string"}, {"pattern", VariableNamePattern}}}}}});
+         {"secrets", {{"type", "array"}, {"items", {{"type", "string"}, {"pattern", VariableNamePattern}}}}},
+         {"follow_ide", {{"type", "boolean"}, {"default", false}}}});
 }
 
 TJson VariablesTable()

@@ -21,6 +21,9 @@
 [[nodiscard]] std::string GetWinDirectory();
 /// The system folder below it, or empty.
 [[nodiscard]] std::string GetSysDirectory();
+/// The folder of what is installed with the programs for them to read: `help` with the pages that actions name as their
+/// quick help, `images` with NAME.png and NAME@2x.png of each registered image. Names in it are found ignoring case.
+[[nodiscard]] std::string QXShareFolder();
 
 /// Reads one line piece by piece from a position. The line is not copied: it must last as long as it is read, and what
 /// is read is part of it.

@@ -24,8 +24,8 @@ struct TArguments : THostFiles
     bool Verbose = false;
     // Other commands.
     bool Json = false;
-    bool Example = false; ///< of `show`
-    bool Scripts = false; ///< of `show`
-    std::vector<std::string>
-        Words; ///< class of `show`, shell of `completions`; list, get or set with operands of `options`
+    bool Example = false;           ///< of `show`
+    bool Scripts = false;           ///< of `show`
+    std::vector<std::string> Words; ///< class of `show`, topic of `help`, shell of `completions`; list, get or set with
+                                    ///< operands of `options`
 };

@@ -144,6 +144,13 @@ void AddArguments(CLI::App& App, TCommandArguments Kind, TRawArguments& Raw)
     case TCommandArguments::Class:
         AddClass(App, Raw);
         break;
+    case TCommandArguments::Topic:
+        AddWords(App, "TOPIC", Raw.Arguments,
+                 "Class or registered name of an action or of an options object, or a command; default: all of them");
+        break;
+    case TCommandArguments::Folder:
+        AddWords(App, "FOLDER", Raw.Arguments, "Folder to write to");
+        break;
     case TCommandArguments::ClassAndJson:
         AddClass(App, Raw);
         App.add_flag("--example", Raw.Arguments.Example, "Write a block that validates");

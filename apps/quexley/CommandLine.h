@@ -10,7 +10,20 @@
 class TQXRuntime;
 
 /// Which arguments a command takes besides those of every command.
-enum class TCommandArguments { None, Run, Validate, Project, ProjectAndJson, Json, Class, ClassAndJson, Option, Shell };
+enum class TCommandArguments {
+    None,
+    Run,
+    Validate,
+    Project,
+    ProjectAndJson,
+    Json,
+    Class,
+    ClassAndJson,
+    Option,
+    Shell,
+    Topic,
+    Folder
+};
 
 /// A command of the program.
 struct TCommand

@@ -55,3 +55,8 @@ std::string GetSysDirectory()
     const std::string Windows = GetWinDirectory();
     return Windows.empty() ? Windows : Files::Spelling(Paths::Join(Windows, "system32"));
 }
+
+std::string QXShareFolder()
+{
+    return Paths::Expand("../share/quexley", Paths::Folder(Files::ProgramFile()));
+}

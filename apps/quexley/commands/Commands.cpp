@@ -1,10 +1,8 @@
 #include "apps/quexley/commands/Commands.h"
 
-#include <array>
-
 namespace
 {
-constexpr std::array<TCommand, 12> Commands = {{
+constexpr TCommand Commands[] = {
     {"run", "Validate every enabled action, then run them in order", TCommandArguments::Run, &RunCommand},
     {"validate", "Only validate", TCommandArguments::Validate, &ValidateCommand},
     {"tasks", "List the actions of the project", TCommandArguments::ProjectAndJson, &TasksCommand},
@@ -18,8 +16,11 @@ constexpr std::array<TCommand, 12> Commands = {{
     {"schema", "Write the JSON Schema of the project file", TCommandArguments::None, &SchemaCommand},
     {"pages", "Drive the property pages of a class by lines of JSON", TCommandArguments::Class, &PagesCommand, false,
      TPages::Registered},
+    {"help", "Tell of an action: its properties, its command line, an example, its failures", TCommandArguments::Topic,
+     &HelpCommand},
+    {"help-pages", "Write the help of every action as a page", TCommandArguments::Folder, &HelpPagesCommand, true},
     {"manual", "Write the manual page", TCommandArguments::None, &ManualCommand, true},
-}};
+};
 } // namespace
 
 std::span<const TCommand> ProgramCommands()

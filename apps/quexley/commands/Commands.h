@@ -19,6 +19,8 @@ int OptionsCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 int DotNetCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 int SchemaCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 int PagesCommand(const TArguments& Arguments, TQXRuntime& Runtime);
+int HelpCommand(const TArguments& Arguments, TQXRuntime& Runtime);
+int HelpPagesCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 int ManualCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 
 /// All of them, in the order of the help.

@@ -44,7 +44,7 @@ std::vector<std::string> OptionNames(const TCommandSyntax& Command)
 /// What the operand of a command may be besides a file: a command of the shell that lists it, or words.
 std::string OperandWords(const TCommandSyntax& Command)
 {
-    if (Command.Name == "show")
+    if (Command.Name == "show" || Command.Name == "help")
         return fmt::format("$({})", ListClasses);
     if (Command.Name == "completions")
         return "bash zsh fish";

@@ -2,6 +2,11 @@
 
 #include "host/QXOverloads.h"
 
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <vector>
+
 std::string_view PropertyTypeName(TQXPropertyType Type)
 {
     switch (Type)
@@ -45,6 +50,22 @@ std::string_view PropertyHelp(const TQXProperty& Property)
     return Property.HelpText.empty() ? Property.Meaning : Property.HelpText;
 }
 
+std::string PropertyNotes(const TQXProperty& Property, bool IsHidden)
+{
+    std::vector<std::string> Words;
+    if (Property.IsRequired())
+        Words.emplace_back("required");
+    if (IsHidden)
+        Words.emplace_back("hidden");
+    if (Property.Kind == TQXTextKind::List)
+        Words.push_back(fmt::format("list parted by \"{}\"", Property.Separator));
+    else if (Property.Kind != TQXTextKind::Text)
+        Words.emplace_back(TextKindName(Property.Kind));
+    if (!Property.Elements.empty())
+        Words.push_back(fmt::format("{}", fmt::join(Property.Elements, " | ")));
+    return fmt::format("{}", fmt::join(Words, ", "));
+}
+
 std::string PropertyText(const TQXPropertyValue& Value)
 {
     return std::visit(
@@ -62,4 +83,20 @@ nlohmann::ordered_json PropertyAsJson(const TQXPropertyValue& Value)
                                    [](bool Flag) { return TJson(Flag); }, [](int Number) { return TJson(Number); },
                                    [](const std::vector<std::string>& Items) { return TJson(Items); }},
                       Value);
+}
+
+std::string ScriptParamTypeName(const TQXScriptParam& Param)
+{
+    switch (Param.Type())
+    {
+    case TQXParamType::None:
+        return Param.TypeName().empty() ? "any" : Param.TypeName();
+    case TQXParamType::String:
+        return "string";
+    case TQXParamType::Boolean:
+        return "boolean";
+    case TQXParamType::Integer:
+        return "integer";
+    }
+    return {};
 }

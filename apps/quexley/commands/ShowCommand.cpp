@@ -3,11 +3,8 @@
 #include "apps/quexley/commands/PropertyTexts.h"
 #include "apps/quexley/commands/ShownClass.h"
 #include "runtime/HostErrors.h"
-#include "runtime/projects/TomlText.h"
-#include "runtime/properties/ValueCheck.h"
 
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 #include <nlohmann/json.hpp>
 
 namespace
@@ -39,23 +36,6 @@ std::string ShowAsJson(const TShownClass& Shown)
     return Result.dump(2) + "\n";
 }
 
-/// What there is to say beside type and default: "required", "hidden", the kind of text, the values.
-std::string Notes(const TQXProperty& Property, bool IsHidden)
-{
-    std::vector<std::string> Words;
-    if (Property.IsRequired())
-        Words.emplace_back("required");
-    if (IsHidden)
-        Words.emplace_back("hidden");
-    if (Property.Kind == TQXTextKind::List)
-        Words.push_back(fmt::format("list parted by \"{}\"", Property.Separator));
-    else if (Property.Kind != TQXTextKind::Text)
-        Words.emplace_back(TextKindName(Property.Kind));
-    if (!Property.Elements.empty())
-        Words.push_back(fmt::format("{}", fmt::join(Property.Elements, " | ")));
-    return fmt::format("{}", fmt::join(Words, ", "));
-}
-
 std::string AliasAndHelp(const TQXProperty& Property)
 {
     return Property.AliasText.empty() ? std::string(PropertyHelp(Property))
@@ -77,7 +57,7 @@ std::string ShowAsText(const TShownClass& Shown)
     for (const TQXProperty& Property : Shown.Object->Properties())
         if (Property.IsPersisted())
             Rows.push_back({std::string(Property.Name), std::string(PropertyTypeName(Property.Type)),
-                            DefaultText(Property.Read()), Notes(Property, Shown.IsHidden(Property.Name)),
+                            DefaultText(Property.Read()), PropertyNotes(Property, Shown.IsHidden(Property.Name)),
                             AliasAndHelp(Property)});
     return Shown.Title + "\n" + AlignColumns(Rows, "  ");
 }
@@ -89,35 +69,6 @@ const TCustomQXAction& CheckAction(const TShownClass& Shown, std::string_view Op
     return *Shown.Action;
 }
 
-/// The table of an action that validates.
-std::string ShowExample(const TShownClass& Shown)
-{
-    std::string Result = fmt::format("[[action]]\ntype = {}\n", TomlText::String(Shown.ClassName));
-    for (const TQXProperty& Property : CheckAction(Shown, "--example").Properties())
-        if (Property.IsRequired())
-        {
-            const auto Value = ParsePropertyText(Property, Property.Name, std::string(Property.Example));
-            Result += fmt::format("{} = {}\n", Property.Name, TomlText::Value(Property.Type, Value, "\n"));
-        }
-    return Result;
-}
-
-std::string ParamTypeName(const TQXScriptParam& Param)
-{
-    switch (Param.Type())
-    {
-    case TQXParamType::None:
-        return Param.TypeName().empty() ? "any" : Param.TypeName();
-    case TQXParamType::String:
-        return "string";
-    case TQXParamType::Boolean:
-        return "boolean";
-    case TQXParamType::Integer:
-        return "integer";
-    }
-    return {};
-}
-
 std::string ScriptsAsJson(const TCustomQXAction& Action)
 {
     TJson Result = TJson::array();
@@ -125,7 +76,8 @@ std::string ScriptsAsJson(const TCustomQXAction& Action)
     {
         TJson Params = TJson::array();
         for (const TQXScriptParam& Param : Script->Params())
-            Params.push_back({{"name", Param.Name()}, {"type", ParamTypeName(Param)}, {"output", Param.IsOutput()}});
+            Params.push_back(
+                {{"name", Param.Name()}, {"type", ScriptParamTypeName(Param)}, {"output", Param.IsOutput()}});
         Result.push_back({{"name", Script->Name()}, {"parameters", std::move(Params)}});
     }
     return Result.dump(2) + "\n";
@@ -140,7 +92,7 @@ std::string ScriptsAsText(const TShownClass& Shown)
     {
         std::vector<std::vector<std::string>> Rows;
         for (const TQXScriptParam& Param : Script->Params())
-            Rows.push_back({Param.Name(), ParamTypeName(Param), Param.IsOutput() ? "output" : ""});
+            Rows.push_back({Param.Name(), ScriptParamTypeName(Param), Param.IsOutput() ? "output" : ""});
         Result += Script->Name() + "\n" + AlignColumns(Rows, "  ");
     }
     return Result;
@@ -161,7 +113,10 @@ int ShowCommand(const TArguments& Arguments, TQXRuntime& Runtime)
         throw EUsageError("--example stands alone");
     const TShownClass Shown = FindShownClass(Runtime, Arguments.Words.front());
     if (Arguments.Example)
-        return WriteAnswer(ShowExample(Shown));
+    {
+        static_cast<void>(CheckAction(Shown, "--example"));
+        return WriteAnswer(ExampleBlock(Shown));
+    }
     if (Arguments.Scripts)
         return WriteAnswer(ShowScripts(Shown, Arguments.Json));
     return WriteAnswer(Arguments.Json ? ShowAsJson(Shown) : ShowAsText(Shown));

@@ -5,6 +5,8 @@
 #include "runtime/NearestName.h"
 #include "runtime/Runtime.h"
 #include "runtime/projects/FileFindings.h"
+#include "runtime/projects/TomlText.h"
+#include "runtime/properties/ValueCheck.h"
 
 #include <fmt/format.h>
 
@@ -72,11 +74,24 @@ TShownClass FindShownClass(TQXRuntime& Runtime, const std::string& Name)
     if (Found.Action)
     {
         std::unique_ptr<TCustomQXAction> Action = Found.Action->ActionClass.Create();
+        Result.QuickHelpFilename = Found.Action->ActionClass.QuickHelpFilename;
         Action->GetHiddenProperties(Result.Hidden);
         Result.Action = Action.get();
         Result.Object = std::move(Action);
     }
     else
         Result.Object = Found.Options->Create();
+    return Result;
+}
+
+std::string ExampleBlock(const TShownClass& Action)
+{
+    std::string Result = fmt::format("[[action]]\ntype = {}\n", TomlText::String(Action.ClassName));
+    for (const TQXProperty& Property : Action.Object->Properties())
+        if (Property.IsRequired())
+        {
+            const auto Value = ParsePropertyText(Property, Property.Name, std::string(Property.Example));
+            Result += fmt::format("{} = {}\n", Property.Name, TomlText::Value(Property.Type, Value, "\n"));
+        }
     return Result;
 }

@@ -2,6 +2,7 @@
 
 #include "host/QXServices.h"
 #include "package/sdktools/QXDotNetGACAction.h"
+#include "platform/Files.h"
 #include "runtime/HostErrors.h"
 
 #include "gmock/gmock.h"
@@ -56,7 +57,33 @@ std::string DescribePackage(TTestHost& Host)
     }
     return Text.str();
 }
+/// Checks that an image is there in both sizes, whatever the case of its name.
+void ExpectImage(const std::string& Name)
+{
+    for (const auto& [Ending, Width] : {std::pair(".png", 16), std::pair("@2x.png", 32)})
+    {
+        const std::string File = Files::Find(QUEXLEY_BINARY_DIR "/share/quexley/images/" + Name + Ending);
+        ASSERT_FALSE(File.empty()) << Name << Ending;
+        const std::string Bytes = Files::Read(File);
+        ASSERT_GT(Bytes.size(), 24U) << File;
+        EXPECT_EQ(Bytes.substr(0, 4), "\x89PNG") << File;
+        EXPECT_EQ(Bytes[19], Width) << File;
+        EXPECT_EQ(Bytes[23], Width) << File;
+    }
+}
 } // namespace
+
+TEST(Registration, EveryImageIsThere)
+{
+    TTestHost Host;
+    Host.Runtime.SetPackageSource([] { QXRegister(false); });
+    for (const TQXActionRegistration& Action : Host.Runtime.ActionServices().Actions())
+        ExpectImage(Action.ImageName);
+    for (const TQXOptionsRegistration& Options : Host.Runtime.OptionsServices().Options())
+        ExpectImage(Options.ImageName);
+    for (const char* Name : {"RUNPROGRAM", "COPYFILES", "DELETEFILES", "MAKEARCHIVE"})
+        ExpectImage(Name);
+}
 
 TEST(Registration, IsAsTheFileTells)
 {

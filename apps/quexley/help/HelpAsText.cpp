@@ -36,9 +36,14 @@ std::string Wrapped(std::string_view Text, std::string First, std::size_t Margin
 
 std::string Indented(std::string_view Code)
 {
-    const std::string Margin(CodeIndent, ' ');
-    std::string Result = Margin + Texts::Replace(Code, "\n", '\n' + Margin);
-    return Result.substr(0, Result.find_last_not_of(" \n") + 1) + '\n';
+    std::string Result;
+    for (std::size_t Place = 0; Place < Code.size();)
+    {
+        const std::string_view Line = Code.substr(Place, Code.find('\n', Place) - Place);
+        Result += (Line.empty() ? "" : std::string(CodeIndent, ' ').append(Line)) + '\n';
+        Place += Line.size() + 1;
+    }
+    return Result;
 }
 
 std::string BlockAsText(const THelpBlock& Block, std::size_t Width)
@@ -55,8 +60,7 @@ std::string BlockAsText(const THelpBlock& Block, std::size_t Width)
     case THelpKind::Item:
         return Wrapped(Text, Margin + "- ", Indent + 2, Width);
     case THelpKind::Term:
-        return Wrapped(Block.Note.empty() ? "" : '(' + Block.Note + ')', Margin + Block.Term + ' ', MeaningIndent,
-                       Width) +
+        return Wrapped(Block.Term + (Block.Note.empty() ? "" : " (" + Block.Note + ')'), Margin, MeaningIndent, Width) +
                Wrapped(Text, std::string(MeaningIndent, ' '), MeaningIndent, Width);
     case THelpKind::Code:
         return Indented(Block.Text);

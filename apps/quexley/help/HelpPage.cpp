@@ -64,6 +64,26 @@ void AddScripts(THelpPage& Page, const TCustomQXAction& Action)
     for (const auto& Script : Action.Scripts())
         Page.push_back(ScriptBlock(*Script));
 }
+/// A part that is written by hand, with those that it includes in place of its marks.
+std::string ReadPart(const std::string& File, const std::string& Folder)
+{
+    constexpr std::string_view Mark = "<!-- include ";
+    constexpr std::string_view MarkEnd = " -->";
+    const std::string Text = Files::Read(File);
+    std::string Result;
+    std::size_t Place = 0;
+    while (true)
+    {
+        const std::size_t Begin = Text.find(Mark, Place);
+        const std::size_t End = Text.find(MarkEnd, Begin);
+        if (End == std::string::npos)
+            return Result + Text.substr(Place);
+        Result.append(Text, Place, Begin - Place);
+        const std::string Name = Text.substr(Begin + Mark.size(), End - Begin - Mark.size());
+        Result += Files::Read(Paths::Expand(Name, Folder));
+        Place = End + MarkEnd.size();
+    }
+}
 } // namespace
 
 THelpPage ComposeHelp(const TShownClass& Shown, THelpPage Written)
@@ -84,6 +104,8 @@ THelpPage ComposeHelp(const TShownClass& Shown, THelpPage Written)
 THelpPage HelpOf(const TShownClass& Shown)
 {
     const std::string Part = Paths::ChangeExtension(Shown.QuickHelpFilename, ".md");
-    const std::string File = Paths::Expand(Part, Paths::Join(QXShareFolder(), "help"));
-    return ComposeHelp(Shown, !Part.empty() && Files::FileExists(File) ? ParseHelp(Files::Read(File)) : THelpPage());
+    const std::string Folder = Paths::Join(QXShareFolder(), "help");
+    const std::string File = Paths::Expand(Part, Folder);
+    const bool IsWritten = !Part.empty() && Files::FileExists(File);
+    return ComposeHelp(Shown, IsWritten ? ParseHelp(ReadPart(File, Folder)) : THelpPage());
 }

@@ -18,7 +18,7 @@ TQXXenoCodeAction::TQXXenoCodeAction()
         .Required("%ProjectDir%/Acme.postbuild");
     Publish("OutputFolder", OutputFolder, "Folder for the result; empty: a folder XenoCode beside the tool").Folder();
     Publish("MapFile", MapFile, "File for the map of old and new names").File();
-    Publish("Watermarks", Watermarks, "Watermarks, one a line").Expression();
+    Publish("Watermarks", Watermarks, "Watermarks to put into the assemblies, one a line").Expression();
     Publish("Preset", Preset, "Preset of the obfuscation; size and meta need XenoCode 2005 or later");
     Publish("PassPhrase", PassPhrase, "Pass phrase for the tool").Secret();
     Publish("EncryptStrings", EncryptStrings, "Encrypt all strings");

@@ -15,7 +15,9 @@ TQXBorlandCSBuilderProjCompilerAction::TQXBorlandCSBuilderProjCompilerAction()
     : TQXProjectMapping(static_cast<TQXManagedCompilerAction&>(*this))
 {
     Publish("ProjectFile", ProjectFile, "The project file to compile").File().Required("src/Acme.Core.bdsproj");
-    Publish("ConfigName", ConfigName, "The configuration to build").Expression().Required("Release");
+    Publish("ConfigName", ConfigName, "The configuration to build, as the project file names it")
+        .Expression()
+        .Required("Release");
     Publish("KeepResponseFile", KeepResponseFile, "Leave the response file on disk after the run");
 }
 

@@ -22,7 +22,9 @@ bool IsCompactProject(const std::string& FileName)
 TQXCSProjCompilerAction::TQXCSProjCompilerAction() : TQXProjectMapping(static_cast<TQXManagedCompilerAction&>(*this))
 {
     Publish("ProjectFile", ProjectFile, "The project file to compile").File().Required("src/Acme.Core.csproj");
-    Publish("ConfigName", ConfigName, "The configuration to build").Expression().Required("Release");
+    Publish("ConfigName", ConfigName, "The configuration to build, as the project file names it")
+        .Expression()
+        .Required("Release");
     Publish("LibLocations", LibLocations, "Folders in which references are looked for").List(',');
     Publish("CFResGen", CFResGen, "Resource compiler of the compact framework").File();
     Publish("CopyConfigFiles", CopyConfigFiles, "Copy the *.config files of the project folder to the output folder");

@@ -16,7 +16,9 @@ bool IsCompactProject(const std::string& FileName)
 TQXVBProjCompilerAction::TQXVBProjCompilerAction() : TQXProjectMapping(static_cast<TQXManagedCompilerAction&>(*this))
 {
     Publish("ProjectFile", ProjectFile, "The project file to compile").File().Required("src/Acme.Core.vbproj");
-    Publish("ConfigName", ConfigName, "The configuration to build").Expression().Required("Release");
+    Publish("ConfigName", ConfigName, "The configuration to build, as the project file names it")
+        .Expression()
+        .Required("Release");
     Publish("CFResGen", CFResGen, "Resource compiler of the compact framework").File();
     Publish("LibLocations", LibLocations, "Folders in which references are looked for").List(',');
     Publish("SDKPath", SDKPath, "Folder of the compact framework").Folder();

@@ -15,7 +15,7 @@ TQXNDocAction::TQXNDocAction()
 {
     LogOutput = true;
     HideWindow = true;
-    Publish("NDocMode", NDocMode, "How the input is given");
+    Publish("NDocMode", NDocMode, "What is documented: a project, the listed assemblies, or those that are found");
     PublishSettings("HtmlHelp2Props", HtmlHelp2Props, "Settings for HTML Help 2, one Name=Value a line");
     PublishSettings("JavaDocProps", JavaDocProps, "Settings for JavaDoc, one Name=Value a line");
     PublishSettings("VSDotNet2003Props", VSDotNet2003Props, "Settings for VS.NET 2003, one Name=Value a line");

@@ -42,7 +42,8 @@ TQXDotNetAction::TQXDotNetAction()
     Publish("OverrideSDKDefault", OverrideSDKDefault,
             "Use a .NET version of its own and not the default of the options");
     PublishAccessors<std::string>(
-        "SDKVersion", "The .NET version whose tool runs", [this] { return GetDefaultSDKVersion(); },
+        "SDKVersion", "The .NET version whose tool runs; one of its own needs OverrideSDKDefault",
+        [this] { return GetDefaultSDKVersion(); },
         [this](const std::string& Version) { SetDefaultSDKVersion(Version); })
         .StoredWhile([this] { return OverrideSDKDefault && FSDKVersion; });
     Publish("MinimumSDKVersion", MinimumSDKVersion, "Lowest .NET version with which the action works");

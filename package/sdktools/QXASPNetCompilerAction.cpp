@@ -5,7 +5,8 @@
 TASPNetCompilerAction::TASPNetCompilerAction()
 {
     MinimumSDKVersion = "2.0";
-    Publish("UsePathSpecifier", UsePathSpecifier, "How the application is named");
+    Publish("UsePathSpecifier", UsePathSpecifier,
+            "How the application is named: by its virtual path, its metabase path, or its virtual path and folder");
     Publish("FullMetabasePath", FullMetabasePath, "The application's full path in the metabase of IIS").Expression();
     Publish("VirtualDirPath", VirtualDirPath, "The application's virtual path in IIS").Expression();
     Publish("PhysicalDirPath", PhysicalDirPath, "The application's folder").Folder();

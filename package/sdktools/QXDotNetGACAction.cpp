@@ -26,8 +26,9 @@ TQXGACAction::TQXGACAction()
     Publish("Force", Force, "Overwrite an installed assembly, or remove one in spite of its references");
     Publish("ReferenceCount", ReferenceCount,
             "Trace a reference to the assembly, which the next three settings describe");
-    Publish("RefScheme", RefScheme, "Scheme of the traced reference").Expression();
-    Publish("RefID", RefID, "Identifier of the traced reference").Expression();
+    Publish("RefScheme", RefScheme, "Scheme of the traced reference: FILEPATH, UNINSTALL_KEY or OPAQUE").Expression();
+    Publish("RefID", RefID, "Identifier of the traced reference: a file, a key or any text, as the scheme wants it")
+        .Expression();
     Publish("RefDescription", RefDescription, "Description of the traced reference").Expression();
 }
 

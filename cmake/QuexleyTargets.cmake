@@ -45,6 +45,13 @@ function(quexley_target NAME)
     target_include_directories(${NAME} PUBLIC ${CMAKE_SOURCE_DIR})
 endfunction()
 
+# quexley_package(NAME): a package, where the program looks for packages. It shows its entry and nothing else.
+function(quexley_package NAME)
+    set_target_properties(${NAME} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/quexley
+        INSTALL_RPATH "${QUEXLEY_PACKAGE_RPATH}")
+    quexley_exports(${NAME} QXRegister)
+endfunction()
+
 # quexley_sources(VARIABLE FOLDER...): every .cpp file of the folders, so that a new file needs no entry.
 function(quexley_sources VARIABLE)
     set(Sources)

@@ -14,6 +14,14 @@
 /// An absolute path stays; a relative one is joined to Folder and normalised. The result has native
 /// delimiters and, where it is found ignoring case, the spelling on disk.
 [[nodiscard]] std::string ExpandRelativePath(std::string_view Path, std::string_view Folder);
+/// Whether a path names a drive where the system has none: no file or folder can be made there.
+[[nodiscard]] bool IsForeignPath(std::string_view Path);
+/// Matches a name against a mask with `*`, `?` and character sets `[a-z]`, `[!a-z]`, ignoring case. "*.*" matches every
+/// name.
+[[nodiscard]] bool MatchesFileMask(std::string_view Name, std::string_view Mask);
+/// The file of a program: a bare name is looked for along the search path, any other path where it leads. Empty if
+/// there is none.
+[[nodiscard]] std::string FindProgramFile(std::string_view Program);
 /// The lines of a text file in UTF-8 (with or without mark), UTF-16 or the 8-bit code page. Throws
 /// std::runtime_error with the reason.
 [[nodiscard]] TStringList LoadUnicodeFile(const std::string& FileName);

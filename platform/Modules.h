@@ -3,6 +3,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 /// A module cannot be loaded or lacks a symbol; the message names the file and the reason.
 class EModuleError : public std::runtime_error
@@ -15,8 +16,9 @@ public:
 class TModule
 {
 public:
-    /// The file of the module of this name that is installed with the running program.
-    [[nodiscard]] static std::string FileBesideProgram(const std::string& Name);
+    /// The modules in the folder of this name that is installed with the running program's libraries, sorted. Throws
+    /// EFileError.
+    [[nodiscard]] static std::vector<std::string> FilesBesideProgram(const std::string& Folder);
 
     /// Loads the file, binding all of its symbols at once. Throws EModuleError.
     explicit TModule(const std::string& FileName);

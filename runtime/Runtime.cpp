@@ -1,6 +1,5 @@
 #include "runtime/Runtime.h"
 
-#include "runtime/HostErrors.h"
 #include "runtime/scripting/ScriptEngine.h"
 #include "runtime/services/ActionServices.h"
 #include "runtime/services/ConsoleDesignServices.h"
@@ -40,6 +39,7 @@ struct TQXRuntime::TImpl
     TScriptingServices Scripting;
 
     std::optional<EHostFileError> FileError;
+    std::vector<THostFinding> Warnings;
     TRunContext* RunningAction = nullptr;
 
     /// What Source gives; keeps the first error.
@@ -184,6 +184,40 @@ TRunContext* TQXRuntime::RunningAction()
 TRunContext* TQXRuntime::SetRunningAction(TRunContext* Action)
 {
     return std::exchange(FImpl->RunningAction, Action);
+}
+
+std::string TQXRuntime::AddPackage(const std::function<void()>& Register)
+{
+    const auto Actions = FImpl->Actions.Registered();
+    const auto Options = FImpl->Options.Registered();
+    const TScriptingServices Scripting = FImpl->Scripting;
+    std::string Reason;
+    try
+    {
+        Register();
+        Reason = FImpl->Actions.RegistrationFailure();
+    }
+    catch (const std::exception& Error)
+    {
+        Reason = Error.what();
+    }
+    if (!Reason.empty())
+    {
+        FImpl->Actions.Restore(Actions);
+        FImpl->Options.Restore(Options);
+        FImpl->Scripting = Scripting;
+    }
+    return Reason;
+}
+
+void TQXRuntime::AddWarning(THostFinding Warning)
+{
+    FImpl->Warnings.push_back(std::move(Warning));
+}
+
+std::vector<THostFinding> TQXRuntime::TakeWarnings()
+{
+    return std::exchange(FImpl->Warnings, {});
 }
 
 void TQXRuntime::StoreOptions(const TQXOptionsRegistration& Registration)

@@ -3,14 +3,15 @@
 #include "host/QXDotNetInfo.h"
 #include "host/QXServices.h"
 #include "platform/Registry.h"
+#include "runtime/HostErrors.h"
 #include "runtime/OptionsFile.h"
 
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
-class EHostFileError;
 class IScriptEngine;
 class TRunContext;
 class TScriptingServices;
@@ -58,6 +59,13 @@ public:
     [[nodiscard]] static TRunContext* RunningAction();
     /// Puts another one in its place, and gives the one before.
     TRunContext* SetRunningAction(TRunContext* Action);
+
+    /// Has a package register what it has. Gives the reason why it could not, or nothing: then nothing of it stays.
+    [[nodiscard]] std::string AddPackage(const std::function<void()>& Register);
+    /// What the user is to be told of the host's affairs that do not stop it.
+    void AddWarning(THostFinding Warning);
+    /// Those that were added, once.
+    [[nodiscard]] std::vector<THostFinding> TakeWarnings();
 
     /// Writes the settings of an options object to the options file's text, without saving the file.
     void StoreOptions(const TQXOptionsRegistration& Registration);

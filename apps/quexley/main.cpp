@@ -12,21 +12,47 @@
 
 #include <exception>
 #include <span>
+#include <vector>
 
 namespace
 {
 constexpr int WrongUsage = 2;
 
-/// Tells of the error in the format that was asked for, and on standard error.
-int Report(TLogFormat Format, std::span<const THostFinding> Findings)
+/// Tells of the findings in the format that was asked for, and on standard error.
+template <typename TEvent> int Report(TLogFormat Format, std::span<const THostFinding> Findings)
 {
     TArguments Arguments;
     Arguments.Format = Format;
     TRunLog Log(Arguments);
     TCleanEvents Events(Log.Events());
-    SendFindings<THostErrorEvent>(Findings, Events);
+    SendFindings<TEvent>(Findings, Events);
     Log.Finish();
     return WrongUsage;
+}
+
+/// Warns of what the command itself has not told, after it or before the error that ends it.
+int Execute(const TParsedCommandLine& CommandLine, TQXRuntime& Runtime)
+{
+    const auto Warn = [&] {
+        const std::vector<THostFinding> Warnings = Runtime.TakeWarnings();
+        if (!Warnings.empty())
+            Report<THostWarningEvent>(CommandLine.Arguments.Format, Warnings);
+    };
+    try
+    {
+        const int ExitCode = CommandLine.Command->Execute(CommandLine.Arguments, Runtime);
+        Warn();
+        return ExitCode;
+    }
+    catch (const EClosedPipe&)
+    {
+        throw;
+    }
+    catch (const std::exception&)
+    {
+        Warn();
+        throw;
+    }
 }
 
 int RunProgram(int Count, const char* const* Words)
@@ -38,7 +64,7 @@ int RunProgram(int Count, const char* const* Words)
     const bool Stores = !Operands.empty() && Operands[0] == "set";
     THostSetup Host(CommandLine.Arguments, Stores ? TNamedOptions::MayBeMissing : TNamedOptions::MustExist,
                     CommandLine.Command->Pages);
-    const int ExitCode = CommandLine.Command->Execute(CommandLine.Arguments, Host.Runtime());
+    const int ExitCode = Execute(CommandLine, Host.Runtime());
     const EHostFileError* Error = Host.Runtime().FileError();
     if (Error && ExitCode == 0)
         throw EHostFileError(*Error);
@@ -56,12 +82,12 @@ catch (const EClosedPipe&)
 }
 catch (const EHostFileError& Error)
 {
-    return Report(WantedFormat(Count, Words), Error.Findings());
+    return Report<THostErrorEvent>(WantedFormat(Count, Words), Error.Findings());
 }
 catch (const std::exception& Error)
 {
     const THostFinding Finding{.Message = Error.what()};
-    return Report(WantedFormat(Count, Words), std::span(&Finding, 1));
+    return Report<THostErrorEvent>(WantedFormat(Count, Words), std::span(&Finding, 1));
 }
 } // namespace
 

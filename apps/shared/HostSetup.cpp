@@ -2,11 +2,11 @@
 
 #include "host/QXUtilities.h"
 #include "platform/Files.h"
-#include "platform/Modules.h"
 #include "platform/Paths.h"
 #include "platform/Registry.h"
 #include "platform/Text.h"
 #include "runtime/HostErrors.h"
+#include "runtime/Packages.h"
 #include "runtime/scripting/DuktapeEngine.h"
 
 #include <memory>
@@ -15,23 +15,10 @@
 
 namespace
 {
-constexpr const char* PackageName = "QX40DotNetFrameWork";
-
 /// The path as it counts from the folder in which the user stands: a run has another current folder.
 std::string FromHere(const std::string& File)
 {
     return File.empty() ? File : Paths::Expand(File, Files::CurrentFolder());
-}
-
-void LoadPackage(const std::string& File, TPages Pages)
-try
-{
-    const TModule Module(File);
-    Module.Function<void(bool)>("QXRegister")(Pages == TPages::Registered);
-}
-catch (const EModuleError& Error)
-{
-    throw EHostFileError({.Message = Error.what()});
 }
 
 /// What the variables of Windows stand for in an expandable string: its folder as the options tell, else the
@@ -68,17 +55,17 @@ THostSetup::THostSetup(const THostFiles& Named, TNamedOptions Options, TPages Pa
     std::vector<std::string> Packages;
     for (const std::string& Package : Named.PackageFiles)
         Packages.push_back(FromHere(Package));
-    if (Packages.empty())
-        Packages.push_back(TModule::FileBesideProgram(PackageName));
 
     const bool MustExist = !Named.OptionsFile.empty() && Options == TNamedOptions::MustExist;
     FRuntime.SetOptionsSource([File = FromHere(Named.OptionsFile), MustExist] {
         return TOptionsFile::Load(File.empty() ? TOptionsFile::DefaultFileName() : File, MustExist);
     });
     FRuntime.SetRegistrySource([this, Registry] { return LoadRegistry(RegistryFile(Registry)); });
-    FRuntime.SetPackageSource([Packages, Pages] {
-        for (const std::string& Package : Packages)
-            LoadPackage(Package, Pages);
+    FRuntime.SetPackageSource([this, Packages, Pages] {
+        if (Packages.empty())
+            LoadInstalledPackages(FRuntime, Pages == TPages::Registered);
+        else
+            LoadNamedPackages(Packages, Pages == TPages::Registered);
     });
     FRuntime.SetScriptEngineSource([] { return std::make_unique<TDuktapeEngine>(); });
 }

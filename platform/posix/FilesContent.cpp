@@ -1,4 +1,5 @@
 // What is in files: reading, writing, replacing, copying.
+#include "platform/FileTrees.h"
 #include "platform/Paths.h"
 #include "platform/posix/FilesReplacement.h"
 
@@ -36,15 +37,28 @@ std::size_t ReadSome(const TDescriptor& File, const std::string& Path, char* Buf
     }
 }
 
+template <typename TUse> void ForEachPiece(const TDescriptor& File, const std::string& Path, TUse Use)
+{
+    std::string Buffer(std::size_t{256} << 10U, '\0');
+    while (const std::size_t Count = ReadSome(File, Path, Buffer.data(), Buffer.size()))
+        Use(std::string_view(Buffer).substr(0, Count));
+}
+
 void CopyContent(const std::string& From, const std::string& To)
 {
     struct stat Status = {};
     const TDescriptor Source = OpenForReading(From, Status);
     TReplacement Target(FollowLinks(To), Status.st_mode & 0777);
-    std::string Buffer(std::size_t{256} << 10U, '\0');
-    while (const std::size_t Count = ReadSome(Source, From, Buffer.data(), Buffer.size()))
-        Target.Write(std::string_view(Buffer).substr(0, Count));
+    ForEachPiece(Source, From, [&](std::string_view Bytes) { Target.Write(Bytes); });
     Target.Finish();
+}
+
+/// A pipe would be waited for, and a device may have no end.
+TDescriptor OpenOrdinary(const std::string& Path, struct stat& Status)
+{
+    if (GetStatus(Path, Status) && !S_ISREG(Status.st_mode) && !S_ISDIR(Status.st_mode))
+        throw EFileError(Path, "It is no ordinary file");
+    return OpenForReading(Path, Status);
 }
 
 /// What replaces a file, or makes one where there is none.
@@ -166,4 +180,45 @@ bool Files::Copy(std::string_view From, std::string_view To)
     {
         return false;
     }
+}
+
+void FileTrees::Read(std::string_view Path, const std::function<void(std::string_view Bytes)>& Use)
+{
+    struct stat Status = {};
+    const std::string Source = SystemPath(Path);
+    ForEachPiece(OpenOrdinary(Source, Status), Source, Use);
+}
+
+void FileTrees::Copy(std::string_view From, std::string_view To, const std::function<void()>& Between)
+{
+    struct stat Status = {};
+    const std::string Path = SystemPath(From);
+    const TDescriptor Source = OpenOrdinary(Path, Status);
+    TReplacement Target(FollowLinks(SystemPath(To)), Status.st_mode & 0777);
+    ForEachPiece(Source, Path, [&](std::string_view Bytes) {
+        Between();
+        Target.Write(Bytes);
+    });
+    Target.SetChanged(Status.st_mtim);
+    Target.Finish();
+}
+
+struct TNewFile::TImpl
+{
+    explicit TImpl(std::string Path) : Replacement(std::move(Path)) {}
+    TReplacement Replacement;
+};
+
+TNewFile::TNewFile(std::string_view Path) : FImpl(std::make_unique<TImpl>(FollowLinks(SystemPath(Path)))) {}
+
+TNewFile::~TNewFile() = default;
+
+void TNewFile::Write(std::string_view Bytes)
+{
+    FImpl->Replacement.Write(Bytes);
+}
+
+void TNewFile::Finish()
+{
+    FImpl->Replacement.Finish();
 }

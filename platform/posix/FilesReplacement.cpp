@@ -120,6 +120,13 @@ void TReplacement::Flush() const
         throw SystemError(FPath);
 }
 
+void TReplacement::SetChanged(const timespec& Time) const
+{
+    const timespec Times[] = {{0, UTIME_NOW}, Time};
+    if (::futimens(FNew.File().Value(), Times) != 0)
+        throw SystemError(FPath);
+}
+
 void TReplacement::Write(std::span<const std::string_view> Pieces)
 {
     constexpr std::size_t BlockSize = 64U << 10U;

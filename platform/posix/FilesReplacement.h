@@ -66,6 +66,8 @@ public:
     void Write(std::span<const std::string_view> Pieces);
     /// Waits until what was written is on disk: a power cut after Finish could otherwise leave a file without content.
     void Flush() const;
+    /// Gives it the time of change of another file.
+    void SetChanged(const timespec& Time) const;
     void Finish() { FNew.Rename(FPath); }
 
 private:

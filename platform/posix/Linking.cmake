@@ -4,6 +4,7 @@
 # build tree alone would be filled up with empty entries, which are the current folder.
 set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
 set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib")
+set(QUEXLEY_PACKAGE_RPATH "$ORIGIN/..")
 
 # quexley_calls_itself(NAME): a library's calls of its own functions take no detour through the symbol table.
 function(quexley_calls_itself NAME)

@@ -21,9 +21,13 @@ std::string LastReason(const std::string& FileName)
 }
 } // namespace
 
-std::string TModule::FileBesideProgram(const std::string& Name)
+std::vector<std::string> TModule::FilesBesideProgram(const std::string& Folder)
 {
-    return Paths::Expand("../lib/" + Name + ".so", Paths::Folder(Files::ProgramFile()));
+    const std::string Path = Paths::Expand("../lib/" + Folder, Paths::Folder(Files::ProgramFile()));
+    std::vector<std::string> Result = Files::Enumerate(Path, "*.so", Files::TEntryKind::Files);
+    for (std::string& File : Result)
+        File = Paths::Join(Path, File);
+    return Result;
 }
 
 TModule::TModule(const std::string& FileName)

@@ -1,13 +1,17 @@
 #include "runtime/actions/PlannedFiles.h"
 
+#include "platform/FileTrees.h"
 #include "platform/Files.h"
-#include "platform/Links.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 #include "runtime/Runtime.h"
 #include "runtime/actions/RunContext.h"
+#include "runtime/services/DiskFiles.h"
 
 #include <algorithm>
+#include <limits>
+#include <set>
+#include <stdexcept>
 #include <utility>
 
 namespace
@@ -31,15 +35,7 @@ void Say(const std::string& Text)
 
 std::string TPlannedFiles::Key(std::string_view Path)
 {
-    const std::string Full = Files::Spelling(Absolute(Path));
-    std::string There = Full;
-    std::string Real = Links::Resolve(There);
-    while (Real.empty() && Paths::Folder(There) != There)
-    {
-        There = Paths::WithoutTrailing(Paths::Folder(There));
-        Real = Links::Resolve(There);
-    }
-    return Texts::FoldCase(Real.empty() ? Full : Real + Full.substr(There.size()));
+    return Texts::FoldCase(FileTrees::Resolve(Path));
 }
 
 const TPlannedFiles::TEntry* TPlannedFiles::Lookup(std::string_view Path) const
@@ -181,4 +177,87 @@ bool TPlannedFiles::ForceFolders(std::string_view Path)
 void TPlannedFiles::WillMake(std::string_view Path, std::optional<std::string> Bytes)
 {
     Plan(Path, TState::File).Bytes = std::move(Bytes);
+}
+
+TQXFileEntry TPlannedFiles::PlannedEntry(const TEntry& Planned)
+{
+    TQXFileEntry Result;
+    Result.Name = Planned.Name;
+    Result.Kind = Planned.State == TState::File     ? TQXFileKind::File
+                  : Planned.State == TState::Folder ? TQXFileKind::Folder
+                                                    : TQXFileKind::None;
+    Result.Changed = std::numeric_limits<std::int64_t>::max(); // newer than whatever is there
+    return Result;
+}
+
+TQXFileEntry TPlannedFiles::Entry(std::string_view Path) const
+{
+    const TEntry* Planned = Lookup(Path);
+    return Planned ? PlannedEntry(*Planned) : DiskFiles().Entry(Path);
+}
+
+std::vector<TQXFileEntry> TPlannedFiles::Entries(std::string_view Folder) const
+{
+    const std::string Parent = Key(Folder.empty() ? "." : Folder);
+    const std::string Below = Paths::WithTrailing(Parent);
+    std::set<std::string, std::less<>> Planned;
+    std::vector<TQXFileEntry> Result;
+    for (auto Item = FEntries.lower_bound(Below); Item != FEntries.end() && Item->first.starts_with(Below); ++Item)
+        if (const TEntry& Entry = Item->second; Entry.Folder == Parent)
+        {
+            Planned.insert(Texts::FoldCase(Entry.Name));
+            if (Entry.State != TState::Gone)
+                Result.push_back(PlannedEntry(Entry));
+        }
+    for (TQXFileEntry& Entry : DiskFiles().Entries(Folder))
+        if (!Planned.contains(Texts::FoldCase(Entry.Name)))
+            Result.push_back(std::move(Entry));
+    std::sort(Result.begin(), Result.end(), [](const auto& Left, const auto& Right) { return Left.Name < Right.Name; });
+    return Result;
+}
+
+std::string TPlannedFiles::Resolve(std::string_view Path) const
+{
+    return DiskFiles().Resolve(Path);
+}
+
+void TPlannedFiles::ReadPieces(std::string_view Path, const std::function<void(std::string_view Bytes)>& Use) const
+{
+    if (Lookup(Path))
+        Use(Read(Path));
+    else
+        DiskFiles().ReadPieces(Path, Use);
+}
+
+void TPlannedFiles::Duplicate(std::string_view From, std::string_view To)
+{
+    CheckPlace(To);
+    if (!FileExists(From))
+        throw EFileError(std::string(From), "There is no such file");
+    if (!Copy(From, To))
+        throw EFileError(std::string(To), "There is no room for such a file");
+}
+
+void TPlannedFiles::Remove(std::string_view Path)
+{
+    const TQXFileEntry There = Entry(Path);
+    if (There.Kind == TQXFileKind::None && !There.IsLink)
+        return;
+    const bool IsFolder = There.Kind == TQXFileKind::Folder && !There.IsLink;
+    if (IsFolder && !Entries(Path).empty())
+        throw EFileError(std::string(Path), "The folder is not empty");
+    Say((IsFolder ? "Would delete the folder " : "Would delete ") + Spelling(Path));
+    if (!There.IsLink)
+    {
+        Plan(Path, TState::Gone);
+        return;
+    }
+    // What the link leads to stays.
+    const std::string Folder = Key(Paths::Folder(Absolute(Path)));
+    FEntries[Paths::WithTrailing(Folder) + Texts::FoldCase(There.Name)] = {TState::Gone, Folder, There.Name, {}, {}};
+}
+
+std::unique_ptr<IQXNewFile> TPlannedFiles::Replace(std::string_view Path)
+{
+    throw EFileError(std::string(Path), "A dry run writes no file");
 }

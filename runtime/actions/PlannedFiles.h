@@ -25,6 +25,13 @@ public:
     bool Delete(std::string_view Path) override;
     bool ForceFolders(std::string_view Path) override;
     void WillMake(std::string_view Path, std::optional<std::string> Bytes) override;
+    TQXFileEntry Entry(std::string_view Path) const override;
+    std::vector<TQXFileEntry> Entries(std::string_view Folder) const override;
+    std::string Resolve(std::string_view Path) const override;
+    void ReadPieces(std::string_view Path, const std::function<void(std::string_view Bytes)>& Use) const override;
+    void Duplicate(std::string_view From, std::string_view To) override;
+    void Remove(std::string_view Path) override;
+    std::unique_ptr<IQXNewFile> Replace(std::string_view Path) override;
 
 private:
     enum class TState { File, Folder, Gone };
@@ -40,6 +47,7 @@ private:
     /// By what a path is known: absolute, without links and in the form that ignores case.
     [[nodiscard]] static std::string Key(std::string_view Path);
     [[nodiscard]] const TEntry* Lookup(std::string_view Path) const;
+    [[nodiscard]] static TQXFileEntry PlannedEntry(const TEntry& Planned);
     TEntry& Plan(std::string_view Path, TState State);
     /// Plans a folder, named absolutely, and its parents; false where a file is in the way.
     [[nodiscard]] bool PlanFolders(const std::string& Path);

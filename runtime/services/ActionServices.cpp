@@ -9,25 +9,27 @@ void TActionServices::RegisterAction(std::string DisplayName, std::string Catego
 {
     if (Lookup(ActionClass.ClassName))
         throw std::logic_error("The action class " + ActionClass.ClassName + " is registered twice");
-    FActions.push_back({std::move(DisplayName), std::move(Category), std::move(ActionClass), std::move(ImageName)});
+    FRegistered.Actions.push_back(
+        {std::move(DisplayName), std::move(Category), std::move(ActionClass), std::move(ImageName)});
 }
 
 void TActionServices::RegisterPropertyEditor(TQXPropertyType PropertyType, std::string_view ActionClassName,
                                              std::string PropertyName, TQXPropertyEditorClass Editor)
 {
-    FEditors.push_back({PropertyType, std::string(ActionClassName), std::move(PropertyName), std::move(Editor)});
+    FRegistered.Editors.push_back(
+        {PropertyType, std::string(ActionClassName), std::move(PropertyName), std::move(Editor)});
 }
 
 void TActionServices::RegistrationFailed(std::string_view Reason)
 {
-    if (FFailure.empty())
-        FFailure = Reason;
+    if (FRegistered.Failure.empty())
+        FRegistered.Failure = Reason;
 }
 
 std::span<const TQXActionRegistration> TActionServices::Actions() const
 {
     FBeforeLookUp();
-    return FActions;
+    return FRegistered.Actions;
 }
 
 const TQXActionRegistration* TActionServices::FindAction(std::string_view ClassName) const
@@ -38,7 +40,7 @@ const TQXActionRegistration* TActionServices::FindAction(std::string_view ClassN
 
 const TQXActionRegistration* TActionServices::Lookup(std::string_view ClassName) const
 {
-    for (const TQXActionRegistration& Action : FActions)
+    for (const TQXActionRegistration& Action : FRegistered.Actions)
         if (Action.ActionClass.ClassName == ClassName)
             return &Action;
     return nullptr;
@@ -47,14 +49,14 @@ const TQXActionRegistration* TActionServices::Lookup(std::string_view ClassName)
 std::span<const TQXPageClass> TActionServices::ActionPages(std::string_view ActionClassName) const
 {
     FBeforeLookUp();
-    return FPages.Of(ActionClassName);
+    return FRegistered.Pages.Of(ActionClassName);
 }
 
 const TQXPropertyEditorClass* TActionServices::FindPropertyEditor(std::string_view ActionClassName,
                                                                   std::string_view PropertyName) const
 {
     FBeforeLookUp();
-    for (const TPropertyEditor& Editor : FEditors)
+    for (const TPropertyEditor& Editor : FRegistered.Editors)
         if (Editor.ActionClassName == ActionClassName && Editor.PropertyName == PropertyName)
             return &Editor.Editor;
     return nullptr;

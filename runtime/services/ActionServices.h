@@ -19,20 +19,19 @@ public:
                         std::string ImageName) override;
     void RegisterActionPages(std::string_view ActionClassName, std::span<const TQXPageClass> Pages) override
     {
-        FPages.Add(ActionClassName, Pages);
+        FRegistered.Pages.Add(ActionClassName, Pages);
     }
     void RegisterPropertyEditor(TQXPropertyType PropertyType, std::string_view ActionClassName,
                                 std::string PropertyName, TQXPropertyEditorClass Editor) override;
     /// The first reason stays.
     void RegistrationFailed(std::string_view Reason) override;
-    [[nodiscard]] const std::string& RegistrationFailure() const { return FFailure; }
+    [[nodiscard]] const std::string& RegistrationFailure() const { return FRegistered.Failure; }
     [[nodiscard]] std::span<const TQXActionRegistration> Actions() const override;
     [[nodiscard]] const TQXActionRegistration* FindAction(std::string_view ClassName) const override;
     [[nodiscard]] std::span<const TQXPageClass> ActionPages(std::string_view ActionClassName) const override;
     [[nodiscard]] const TQXPropertyEditorClass* FindPropertyEditor(std::string_view ActionClassName,
                                                                    std::string_view PropertyName) const override;
 
-private:
     struct TPropertyEditor
     {
         TQXPropertyType PropertyType;
@@ -40,11 +39,20 @@ private:
         std::string PropertyName;
         TQXPropertyEditorClass Editor;
     };
+    /// All that packages have registered.
+    struct TRegistered
+    {
+        std::vector<TQXActionRegistration> Actions;
+        TClassPages Pages;
+        std::vector<TPropertyEditor> Editors;
+        std::string Failure;
+    };
+    [[nodiscard]] const TRegistered& Registered() const { return FRegistered; }
+    void Restore(TRegistered Registered) { FRegistered = std::move(Registered); }
+
+private:
     [[nodiscard]] const TQXActionRegistration* Lookup(std::string_view ClassName) const;
 
     std::function<void()> FBeforeLookUp;
-    std::vector<TQXActionRegistration> FActions;
-    TClassPages FPages;
-    std::vector<TPropertyEditor> FEditors;
-    std::string FFailure;
+    TRegistered FRegistered;
 };

@@ -32,6 +32,10 @@ public:
     /// Writes the settings of a registered object to the file's text.
     void Store(const TQXOptionsRegistration& Registration);
 
+    /// All that packages have registered.
+    [[nodiscard]] const std::vector<TQXOptionsRegistration>& Registered() const { return FOptions; }
+    void Restore(std::vector<TQXOptionsRegistration> Registered) { FOptions = std::move(Registered); }
+
 private:
     [[nodiscard]] TQXOptionsObject& Object(const TQXOptionsClass& Class);
 

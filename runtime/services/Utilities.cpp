@@ -1,8 +1,10 @@
 #include "host/QXFiles.h"
 #include "host/QXServices.h"
 #include "host/QXUtilities.h"
+#include "platform/FileTrees.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "platform/Processes.h"
 #include "platform/Text.h"
 #include "runtime/Runtime.h"
 
@@ -11,6 +13,11 @@ namespace
 bool IsQuoted(std::string_view Text, char Quote)
 {
     return Text.size() >= 2 && Text.front() == Quote && Text.back() == Quote;
+}
+
+bool IsProgram(const std::string& File)
+{
+    return Files::FileExists(File) && (FileTrees::Entry(File).IsExecutable || IsDotNetAssembly(File));
 }
 } // namespace
 
@@ -25,6 +32,26 @@ std::string StripQuotes(std::string_view Text)
 {
     const bool Enclosed = IsQuoted(Text, '"') || IsQuoted(Text, '\'');
     return std::string(Enclosed ? Text.substr(1, Text.size() - 2) : Text);
+}
+
+bool IsForeignPath(std::string_view Path)
+{
+    return Paths::IsForeign(Path);
+}
+
+bool MatchesFileMask(std::string_view Name, std::string_view Mask)
+{
+    return Files::MatchesMask(Name, Mask);
+}
+
+std::string FindProgramFile(std::string_view Program)
+{
+    if (Program.empty() || Paths::FileName(Program) != Program)
+        return QXFiles().FileExists(Program) ? QXFiles().Find(Program) : std::string();
+    for (const std::string& Folder : Environment::SearchFolders())
+        if (std::string File = Folder.empty() ? Folder : Files::Find(Paths::Join(Folder, Program)); IsProgram(File))
+            return File;
+    return {};
 }
 
 std::string ExpandRelativePath(std::string_view Path, std::string_view Folder)

@@ -153,7 +153,7 @@ TEST(Registration, APackageThatIsThereInPartIsAnError)
 
 TEST(Package, ExportsItsEntryAndNothingElse)
 {
-    const std::string Module = QUEXLEY_BINARY_DIR "/lib/QX40DotNetFrameWork.so";
+    const std::string Module = QUEXLEY_BINARY_DIR "/lib/quexley/QX40DotNetFrameWork.so";
     if (!std::filesystem::exists(Module))
         GTEST_SKIP() << Module << " is not built";
     const std::string Command = "nm -D --defined-only --format=posix '" + Module + "' 2>/dev/null";

@@ -10,6 +10,7 @@
 
 #include <exception>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace
@@ -54,6 +55,8 @@ template <typename TWork> TRunResult WithLog(const TArguments& Arguments, TQXRun
     std::vector<THostFinding> Warnings;
     if (!Project.Actions.empty())
         Warnings = FindUnknownOptions(Runtime);
+    for (THostFinding& Warning : Runtime.TakeWarnings())
+        Warnings.push_back(std::move(Warning));
     if (!Arguments.LogFile.empty())
         CheckLogFile(Arguments.LogFile, InputsOf(Arguments, Project, Runtime.Options()), Project);
     TRunLog Log(Arguments);

@@ -82,8 +82,9 @@ const std::vector<TLayer> Layers = {
     {"runtime", {"host/", "platform/", "runtime/"}, {"fmt/", "toml++/", "duktape."}},
     {"package", {"host/", "platform/", "package/"}, {}},
     {"apps/shared", {"host/", "platform/", "runtime/", "apps/shared/"}, {"fmt/"}},
+    {"apps/import", {"host/", "platform/", "runtime/", "apps/import/"}, {"fmt/"}},
     {"apps/quexley",
-     {"host/", "platform/", "runtime/", "apps/shared/", "apps/quexley/"},
+     {"host/", "platform/", "runtime/", "apps/shared/", "apps/import/", "apps/quexley/"},
      {"fmt/", "CLI/", "nlohmann/"}},
 };
 

@@ -23,6 +23,9 @@ struct TArguments : THostFiles
     bool Quiet = false;
     bool Verbose = false;
     // Other commands.
+    std::string Configuration; ///< of `init`, empty: the usual one
+    std::string OutputFile;    ///< the same, empty: the default
+    bool Force = false;        ///< the same
     bool Json = false;
     bool Example = false;           ///< of `show`
     bool Scripts = false;           ///< of `show`

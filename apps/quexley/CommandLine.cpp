@@ -109,6 +109,17 @@ void AddRunArguments(CLI::App& App, TRawArguments& Raw)
     App.add_flag("-n,--dry-run", Run.DryRun, "Start no process, show what would be started");
 }
 
+void AddInitArguments(CLI::App& App, TArguments& Arguments)
+{
+    App.add_option("FOLDER|SOLUTION", Arguments.Project, "Folder with projects, or a solution; default: this folder")
+        ->type_name("");
+    AddText(App, "--config", "NAME", Arguments.Configuration,
+            "Configuration that is built; default: Debug, or the usual");
+    AddText(App, "--output", "FILE", Arguments.OutputFile, "File in place of quexley.toml in the folder");
+    App.add_flag("--force", Arguments.Force, "Replace the file if it is there");
+    App.add_flag("--json", Arguments.Json, "Write what was found as JSON");
+}
+
 void AddWords(CLI::App& App, const std::string& Name, TArguments& Arguments, const std::string& Description)
 {
     App.add_option(Name, Arguments.Words, Description)->type_name("");
@@ -130,6 +141,9 @@ void AddArguments(CLI::App& App, TCommandArguments Kind, TRawArguments& Raw)
         break;
     case TCommandArguments::Validate:
         AddProjectArguments(App, Raw);
+        break;
+    case TCommandArguments::Init:
+        AddInitArguments(App, Raw.Arguments);
         break;
     case TCommandArguments::ProjectAndJson:
         AddProject(App, Raw);

@@ -14,6 +14,7 @@ enum class TCommandArguments {
     None,
     Run,
     Validate,
+    Init,
     Project,
     ProjectAndJson,
     Json,

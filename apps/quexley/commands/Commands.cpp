@@ -5,6 +5,8 @@ namespace
 constexpr TCommand Commands[] = {
     {"run", "Validate every enabled action, then run them in order", TCommandArguments::Run, &RunCommand},
     {"validate", "Only validate", TCommandArguments::Validate, &ValidateCommand},
+    {"init", "Write a project for the solutions and projects that lie in a folder", TCommandArguments::Init,
+     &InitCommand},
     {"tasks", "List the actions of the project", TCommandArguments::ProjectAndJson, &TasksCommand},
     {"list", "List the registered actions and options objects", TCommandArguments::Json, &ListCommand},
     {"show", "Show the properties of an action or options object", TCommandArguments::ClassAndJson, &ShowCommand},

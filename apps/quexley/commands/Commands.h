@@ -10,6 +10,7 @@ class TQXRuntime;
 
 int RunCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 int ValidateCommand(const TArguments& Arguments, TQXRuntime& Runtime);
+int InitCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 int TasksCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 int ListCommand(const TArguments& Arguments, TQXRuntime& Runtime);
 int ShowCommand(const TArguments& Arguments, TQXRuntime& Runtime);

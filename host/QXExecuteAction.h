@@ -30,6 +30,9 @@ public:
     [[nodiscard]] virtual bool BeforeExecute(ICommandLineBuilder& Builder);
     /// Whether the tool's exit code means success; 0 does.
     [[nodiscard]] virtual bool InterpretResult(int ExitCode);
+    /// What belongs to the work behind a tool that succeeded, or behind one that a dry run has shown. False, which the
+    /// log has been told of, makes a failure of it.
+    [[nodiscard]] virtual bool AfterExecute();
     virtual void OnSuccess(int ExitCode);
     virtual void OnFailure(int ExitCode);
     /// The files that the tool makes as far as the action knows them: a dry run counts them as there, and asks for

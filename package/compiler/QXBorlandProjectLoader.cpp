@@ -4,6 +4,7 @@
 #include "host/QXUtilities.h"
 #include "package/compiler/QXDotNetUtils.h"
 #include "package/compiler/QXProjectXml.h"
+#include "package/compiler/QXReferenceResolver.h"
 #include "package/compiler/QXResourceProcessor.h"
 #include "package/plugin/QXActionHelpers.h"
 #include "platform/Paths.h"
@@ -52,12 +53,13 @@ bool TQXBorlandProjectLoader::LoadDocument(const TXmlElement& Root)
     if (!Made)
         return Fail("Unable to create output directory : " + FLoad.ObjectFolder);
     TQXResourceProcessor Resources(FAction, FLoad);
+    TQXReferenceResolver References(FAction, FLoad);
     Resources.ListFormResources(
         Root.SelectNodes("CSharp.Personality/FileList/File[@ContainerId='ResXCompiler' and @Parent]"), "Parent");
     const bool Loaded = std::all_of(Elements.begin(), Elements.end(),
-                                    [&](const TXmlElement& File) { return LoadFile(File, Resources); });
+                                    [&](const TXmlElement& File) { return LoadFile(File, Resources, References); });
     ShowFiles();
-    return Loaded;
+    return Loaded && References.CopyFound();
 }
 
 bool TQXBorlandProjectLoader::SelectOptionsSet(const TXmlElement& Options)
@@ -69,6 +71,8 @@ bool TQXBorlandProjectLoader::SelectOptionsSet(const TXmlElement& Options)
     if (!Set)
         return FailConfiguration("OptionSet : ", Sets);
     FMapping.LoadConfigCompilerOptionsFromProjFile(*Set);
+    FLoad.RootNameSpace = FAction.RootNameSpace;
+    FollowCompiler("v1.1");
     // Always below the project's folder, an absolute path included.
     const std::string Directory = GetOptionValueString("OutputDirectory", *Set);
     if (!CheckTarget(FAction, "OutputDirectory", Directory))
@@ -77,7 +81,8 @@ bool TQXBorlandProjectLoader::SelectOptionsSet(const TXmlElement& Options)
     return CompleteOutputFile("TargetName") && PrepareDocumentation();
 }
 
-bool TQXBorlandProjectLoader::LoadFile(const TXmlElement& File, const TQXResourceProcessor& Resources)
+bool TQXBorlandProjectLoader::LoadFile(const TXmlElement& File, const TQXResourceProcessor& Resources,
+                                       TQXReferenceResolver& References)
 {
     const std::string Container = File.Attribute("ContainerId");
     const std::string Path = File.Attribute("FileName");
@@ -86,8 +91,8 @@ bool TQXBorlandProjectLoader::LoadFile(const TXmlElement& File, const TQXResourc
     else if (Container == "ResXCompiler")
         return Resources.ProcessBorlandEmbeddedResource(File);
     else if (Container == "DotNetAssemblyCompiler")
-        FAction.Project.References.push_back(WithLibraryExtension(Path));
+        References.Take(File, WithLibraryExtension(Path));
     else if (IsPicture(Container))
-        FAction.Project.Resources.push_back(ExpandRelativePath(Path, FLoad.Folder));
+        Resources.Embed(File, ExpandRelativePath(Path, FLoad.Folder), FAction.Project.Resources);
     return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,23 @@ constexpr auto QXElements(TDotNetWarningLevels)
 /// Generation of a project file.
 enum class TDotNetVSVersion { vs2002, vs2003, vsInvalid };
 
+/// A file that is embedded under a name of its own.
+struct TQXNamedResource
+{
+    std::string Path;
+    std::string Name;
+};
+
+/// What becomes satellite assemblies when the project has been compiled.
+struct TQXSatellites
+{
+    std::string Linker;                                        ///< the tool's file
+    std::string Folder;                                        ///< where the compiled resources lie
+    std::map<std::string, std::vector<std::string>> Resources; ///< their names there, by culture
+    std::string KeyContainer;                                  ///< with which the compiler signs, or empty
+    bool IsDelaySigned = false;
+};
+
 /// The files that a project brought, exact paths that are neither parted nor expanded: they stand in for the lists
 /// that people type, which then only show them.
 struct TQXProjectFiles
@@ -34,10 +52,12 @@ struct TQXProjectFiles
     std::vector<std::string> Sources;
     std::vector<std::string> References;
     std::vector<std::string> Resources;
+    std::vector<TQXNamedResource> NamedResources;
     std::vector<std::string> CompiledResources; ///< those that the project itself names
     std::vector<std::string> LicenseResources;
     std::vector<std::string> Win32Resources;
     std::vector<std::string> Icons;
+    TQXSatellites Satellites;
     std::string Documentation; ///< XML file, relative to the project's folder; empty: none
 };
 

@@ -4,6 +4,7 @@
 #include "host/QXServices.h"
 #include "host/QXUtilities.h"
 #include "package/compiler/QXResponseFile.h"
+#include "package/compiler/QXSatellites.h"
 #include "package/plugin/QXActionHelpers.h"
 #include "platform/CommandLines.h"
 #include "platform/Files.h"
@@ -133,17 +134,22 @@ bool TQXManagedCompilerAction::AddResources(TQXResponseFile& File) const
     std::string Root = RootNameSpace;
     if (!Project.IsLoaded && !TryExpandExpression("Root NameSpace", RootNameSpace, Root, false))
         return false;
-    return File.AddLinkResources({"Link Resource", LinkResources}) &&
-           File.AddResources(FileSetting("Resource", Resources, Project.Resources), UnlessCompiled, Root) &&
-           File.AddResources({"Resource", {}, &Project.CompiledResources}, Always, Root) &&
-           File.AddResources({"Licenses", {}, &Project.LicenseResources}, None, Root);
+    if (!File.AddLinkResources({"Link Resource", LinkResources}) ||
+        !File.AddResources(FileSetting("Resource", Resources, Project.Resources), UnlessCompiled, Root) ||
+        !File.AddResources({"Resource", {}, &Project.CompiledResources}, Always, Root) ||
+        !File.AddResources({"Licenses", {}, &Project.LicenseResources}, None, Root))
+        return false;
+    File.AddResources(Project.NamedResources);
+    return true;
 }
 
 bool TQXManagedCompilerAction::AddOutputSwitches(TQXResponseFile& File) const
 {
     const bool IsLibrary = Target == TDotNetTarget::Lib || Target == TDotNetTarget::Module;
+    // The IDE does not tell the compiler where a library starts.
+    const std::string Main = IsLibrary && Project.IsLoaded && FollowsIDE() ? "" : MainClass;
     if ((IsLibrary && !File.AddOption("/baseaddress", "Base Address", BaseAddress)) ||
-        !File.AddOption("/codepage", "Code Page", CodePage) || !File.AddOption("/main", "Main Class", MainClass))
+        !File.AddOption("/codepage", "Code Page", CodePage) || !File.AddOption("/main", "Main Class", Main))
         return false;
     if (Project.IsLoaded)
         File.AddExact("/out", OutputFile);
@@ -199,7 +205,18 @@ std::vector<std::string> TQXManagedCompilerAction::GetOutputs()
     const std::string Typed(Texts::Trim(Project.IsLoaded ? OutputFile : ExpandExpression(OutputFile, false)));
     if (Typed.empty() || !ExpandProjectDir(Folder))
         return {};
-    return {Paths::Join(Folder, StripQuotes(Typed))};
+    std::vector<std::string> Outputs{Paths::Join(Folder, StripQuotes(Typed))};
+    // These go where the output is copied.
+    if (Project.IsLoaded && FollowsIDE() && Debug != TDotNetDebugOptions::DebugOff)
+        Outputs.push_back(Paths::ChangeExtension(Outputs.front(), ".pdb"));
+    if (Project.IsLoaded && FollowsIDE() && !Project.Documentation.empty())
+        Outputs.push_back(Paths::Join(Folder, Project.Documentation));
+    return Outputs;
+}
+
+bool TQXManagedCompilerAction::AfterExecute()
+{
+    return TQXDotNetAction::AfterExecute() && MakeSatellites(*this);
 }
 
 void TQXManagedCompilerAction::OnSuccess(int ExitCode)

@@ -19,6 +19,7 @@ public:
     [[nodiscard]] bool GetCommandLine(ICommandLineBuilder& Builder) override;
     [[nodiscard]] std::string GetStartingDir(const std::string& Exe) override;
     [[nodiscard]] std::vector<std::string> GetOutputs() override;
+    [[nodiscard]] bool AfterExecute() override;
     void OnSuccess(int ExitCode) override;
     void OnFailure(int ExitCode) override;
     void InitialiseScriptParams(TQXScript& Script) override;

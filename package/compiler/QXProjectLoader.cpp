@@ -21,6 +21,7 @@ bool TQXProjectLoader::Begin()
     if (!FAction.TryExpandExpression("ConfigName", FAction.ConfigName, FLoad.ConfigName, true))
         return false;
     FLoad.IsCompact = FAction.IsCompactFramework();
+    FLoad.FollowsIDE = TCustomQXAction::FollowsIDE();
     FLoad.CompactCompiler = FAction.CFResGen;
     FLoad.ConfigFolder = FMapping.UnMangleConfigName(FLoad.ConfigName);
     if (const std::string Folder = FAction.GetSDKPath(); !Folder.empty())
@@ -82,6 +83,15 @@ bool TQXProjectLoader::CompleteOutputFile(std::string_view Property)
     return true;
 }
 
+void TQXProjectLoader::FollowCompiler(std::string_view ProjectVersion)
+{
+    if (!FLoad.FollowsIDE || !FAction.WarnAsError || !FAction.IsNewerThan(ProjectVersion))
+        return;
+    FAction.WarnAsError = false;
+    Log("Warnings are no errors here : the project was made for the compiler of .NET " + std::string(ProjectVersion) +
+        ", that of " + FAction.GetDefaultSDKVersion() + " is newer");
+}
+
 bool TQXProjectLoader::PrepareDocumentation()
 {
     std::string& File = FAction.Project.Documentation;
@@ -112,6 +122,9 @@ void TQXProjectLoader::ShowFiles()
     const TQXProjectFiles& Project = FAction.Project;
     FAction.Files = TStringList(Project.Sources).DelimitedText(';');
     FAction.References = TStringList(Project.References).DelimitedText(',');
-    FAction.Resources = TStringList(Project.Resources).DelimitedText(',');
+    TStringList Resources(Project.Resources);
+    for (const TQXNamedResource& Resource : Project.NamedResources)
+        Resources.Add(Resource.Path);
+    FAction.Resources = Resources.DelimitedText(',');
     FAction.Win32Resources = TStringList(Project.Win32Resources).DelimitedText(',');
 }

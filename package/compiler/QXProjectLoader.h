@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+class TQXReferenceResolver;
 class TQXResourceProcessor;
 
 /// What one load of a project works with. Folders end in a delimiter. A script that the load calls may change the
@@ -22,7 +23,9 @@ struct TProjectLoad
     std::string AssemblyFileName{}; ///< without folder
     std::string KeyFile{};          ///< that signs wrapper assemblies, or empty
     std::string PlatformName{};     ///< empty: references of every platform count
+    std::string RootNameSpace{};    ///< that the project names
     bool IsCompact = false;
+    bool FollowsIDE = false;           ///< where the action's own way and that of the IDE differ, the IDE's holds
     std::string SDKFolder{};           ///< empty: there is none
     std::string CompactCompiler{};     ///< of a compact project's resources, as the action has it
     std::string ConfigFolder{};        ///< the configuration's part of the object folder
@@ -55,6 +58,8 @@ protected:
     /// Gives the output file its folder, which is made, the extension of its target and, if need be, the project's
     /// name. Property: where the project names the file. False: the log tells why.
     [[nodiscard]] bool CompleteOutputFile(std::string_view Property);
+    /// Takes back that warnings are errors where the IDE's compiler would not have warned.
+    void FollowCompiler(std::string_view ProjectVersion);
     /// Makes the folder of the documentation, which the compiler does not.
     [[nodiscard]] bool PrepareDocumentation();
     /// Whether the SDK and its resource compiler are there, which even a project without resources needs.
@@ -98,5 +103,6 @@ public:
 private:
     [[nodiscard]] bool LoadDocument(const TXmlElement& Root);
     [[nodiscard]] bool SelectOptionsSet(const TXmlElement& Options);
-    [[nodiscard]] bool LoadFile(const TXmlElement& File, const TQXResourceProcessor& Resources);
+    [[nodiscard]] bool LoadFile(const TXmlElement& File, const TQXResourceProcessor& Resources,
+                                TQXReferenceResolver& References);
 };

@@ -2,6 +2,7 @@
 
 #include "host/QXFiles.h"
 #include "host/QXUtilities.h"
+#include "package/compiler/QXCultures.h"
 #include "package/compiler/QXDotNetUtils.h"
 #include "package/compiler/QXProjectXml.h"
 #include "platform/CommandLines.h"
@@ -12,6 +13,24 @@
 
 namespace
 {
+bool IsResx(const std::string& Path)
+{
+    return Texts::Same(Paths::Extension(Path), ".resx");
+}
+
+/// The name of a resource without its extension and the culture before that.
+std::string NeutralName(std::string Name, const std::string& Culture)
+{
+    Name = Paths::ChangeExtension(Name, "");
+    const bool HasCulture = !Culture.empty() && Texts::Same(Paths::Extension(Name), '.' + Culture);
+    return HasCulture ? Paths::ChangeExtension(Name, "") : Name;
+}
+
+bool LeadsOut(const std::string& Path)
+{
+    return Path.starts_with("..") || Paths::IsAbsolute(Path);
+}
+
 /// A tool in a folder in which it must lie to find what it needs; it goes with this object.
 class TToolCopy
 {
@@ -49,6 +68,8 @@ TQXResourceProcessor::TQXResourceProcessor(TQXManagedCompilerAction& Action, con
     FProcess->SetOptionD(true);
     FProcess->SetOptionE(true);
     FProcess->SetStartDirectory(FLoad.Folder);
+    FAction.Project.Satellites.Linker = FLoad.SDKFolder + "al.exe";
+    FAction.Project.Satellites.Folder = FLoad.ObjectFolder;
 }
 
 bool TQXResourceProcessor::ProcessVSEmbeddedResource(const TXmlElement& File) const
@@ -60,9 +81,33 @@ bool TQXResourceProcessor::ProcessVSEmbeddedResource(const TXmlElement& File) co
         Log("Error - File : " + Path + " - does not exist!");
         return false;
     }
-    if (File.HasAttribute("DependentUpon"))
-        return ChooseResourceCompiler() && ProcessFormResx(Path, File.Attribute("DependentUpon"));
-    return ProcessByExtension(Path);
+    if (File.HasAttribute("DependentUpon") && (IsResx(Path) || !FLoad.FollowsIDE))
+        return ChooseResourceCompiler() && ProcessFormResx(File, Path, File.Attribute("DependentUpon"));
+    return ProcessByExtension(File, Path);
+}
+
+std::string TQXResourceProcessor::ShownName(const TXmlElement& File) const
+{
+    std::string Path = Paths::Normalise(File.Attribute(File.HasAttribute("FileName") ? "FileName" : "RelPath"));
+    const bool IsLinked = File.HasAttribute("Link") || LeadsOut(Path);
+    if (!FLoad.FollowsIDE || !(IsLinked || FLoad.RootNameSpace.empty()))
+        return {};
+    if (LeadsOut(Path))
+        Path = Paths::FileName(Path);
+    std::replace_if(Path.begin(), Path.end(), Paths::IsDelimiter, '.');
+    return FLoad.RootNameSpace.empty() ? Path : FLoad.RootNameSpace + '.' + Path;
+}
+
+std::string TQXResourceProcessor::SatelliteOf(const std::string& SourceFile) const
+{
+    // A module is no assembly, which alone has satellites.
+    return FLoad.FollowsIDE && FAction.Target != TDotNetTarget::Module ? CultureOf(SourceFile) : "";
+}
+
+std::string TQXResourceProcessor::StemOf(const std::string& SourceFile) const
+{
+    const std::string Stem = Paths::BareName(SourceFile);
+    return SatelliteOf(SourceFile).empty() ? Stem : Paths::BareName(Stem);
 }
 
 void TQXResourceProcessor::ListFormResources(const std::vector<TXmlElement>& Elements, const char* Owner)
@@ -74,7 +119,11 @@ void TQXResourceProcessor::ListFormResources(const std::vector<TXmlElement>& Ele
             Paths::Expand(IsBorland ? File.Attribute("FileName") : GetProjectPath(File), FLoad.Folder);
         const std::string CodeFile =
             Paths::Expand(File.Attribute(Owner), IsBorland ? FLoad.Folder : Paths::Folder(Path));
-        FFormResources[Texts::FoldCase(CodeFile)].push_back(Texts::FoldCase(Paths::BareName(Path)));
+        std::vector<std::string>& Siblings = FFormResources[Texts::FoldCase(CodeFile)];
+        const std::string Stem = Texts::FoldCase(StemOf(Path));
+        // The cultures of one resource are one.
+        if (!FLoad.FollowsIDE || std::find(Siblings.begin(), Siblings.end(), Stem) == Siblings.end())
+            Siblings.push_back(Stem);
     }
 }
 
@@ -84,7 +133,7 @@ std::string TQXResourceProcessor::SuffixAmongSiblings(const std::string& Path, c
     if (Found == FFormResources.end() || Found->second.size() < 2)
         return {};
     const std::vector<std::string>& Siblings = Found->second;
-    const std::string Stem = Paths::BareName(Path);
+    const std::string Stem = StemOf(Path);
     const std::string Form = Paths::BareName(CodeFile);
     // A page's source has two extensions, of which its resources may have one.
     for (const std::string& Prefix : {Form, Paths::BareName(Form)})
@@ -99,28 +148,37 @@ std::string TQXResourceProcessor::SuffixAmongSiblings(const std::string& Path, c
     return '.' + Stem;
 }
 
-bool TQXResourceProcessor::ProcessByExtension(const std::string& Path) const
+bool TQXResourceProcessor::ProcessByExtension(const TXmlElement& File, const std::string& Path) const
 {
-    const std::string Extension = Texts::Lower(Paths::Extension(Path));
-    if (Extension == ".resx")
-        return ChooseResourceCompiler() && ProcessResx(Path);
-    if (Extension == ".licx")
+    if (IsResx(Path))
+        return ChooseResourceCompiler() && ProcessResx(File, Path);
+    if (Texts::Same(Paths::Extension(Path), ".licx"))
         return ProcessLicx(Path);
     TQXProjectFiles& Project = FAction.Project;
-    auto& List = Extension == ".res"         ? Project.Win32Resources
-                 : Extension == ".resources" ? Project.CompiledResources
-                                             : Project.Resources;
-    List.push_back(Path);
+    if (Texts::Same(Paths::Extension(Path), ".res"))
+        Project.Win32Resources.push_back(Path);
+    else
+        Embed(File, Path,
+              Texts::Same(Paths::Extension(Path), ".resources") ? Project.CompiledResources : Project.Resources);
     return true;
+}
+
+void TQXResourceProcessor::Embed(const TXmlElement& File, const std::string& Path,
+                                 std::vector<std::string>& Unnamed) const
+{
+    if (std::string Name = ShownName(File); !Name.empty())
+        FAction.Project.NamedResources.push_back({Path, std::move(Name)});
+    else
+        Unnamed.push_back(Path);
 }
 
 bool TQXResourceProcessor::ProcessBorlandEmbeddedResource(const TXmlElement& File) const
 {
     const std::string Path = ExpandRelativePath(File.Attribute("FileName"), FLoad.Folder);
     if (!File.HasAttribute("Parent"))
-        return ProcessResx(Path);
+        return ProcessResx(File, Path);
     const std::string Parent = QXFiles().Spelling(FLoad.Folder + File.Attribute("Parent"));
-    return ProcessFormResx(Path, Paths::RelativeTo(Parent, Paths::Folder(Path)));
+    return ProcessFormResx(File, Path, Paths::RelativeTo(Parent, Paths::Folder(Path)));
 }
 
 bool TQXResourceProcessor::ChooseResourceCompiler() const
@@ -136,15 +194,17 @@ bool TQXResourceProcessor::ChooseResourceCompiler() const
     return true;
 }
 
-bool TQXResourceProcessor::ProcessResx(const std::string& SourceFile) const
+bool TQXResourceProcessor::ProcessResx(const TXmlElement& File, const std::string& SourceFile) const
 {
-    std::string Name = DottedName(SourceFile, FLoad.Folder);
-    if (!FAction.RootNameSpace.empty())
-        Name.insert(0, FAction.RootNameSpace + '.');
-    return AddResx(SourceFile, Paths::ChangeExtension(Name, ".resources"));
+    std::string Name = ShownName(File);
+    if (Name.empty())
+        Name =
+            (FAction.RootNameSpace.empty() ? "" : FAction.RootNameSpace + '.') + DottedName(SourceFile, FLoad.Folder);
+    return AddResx(SourceFile, NeutralName(std::move(Name), SatelliteOf(SourceFile)));
 }
 
-bool TQXResourceProcessor::ProcessFormResx(const std::string& SourceFile, const std::string& DependentFile) const
+bool TQXResourceProcessor::ProcessFormResx(const TXmlElement& File, const std::string& SourceFile,
+                                           const std::string& DependentFile) const
 {
     const std::string CodeFile = QXFiles().Spelling(Paths::Folder(SourceFile) + DependentFile);
     if (!QXFiles().ForceFolders(FLoad.ObjectFolder))
@@ -158,23 +218,26 @@ bool TQXResourceProcessor::ProcessFormResx(const std::string& SourceFile, const 
         Log("Unable to determine namespace for resource file");
         return false;
     }
-    return AddResx(SourceFile,
-                   FormName(CodeFile, DependentFile) + SuffixAmongSiblings(SourceFile, CodeFile) + ".resources");
-}
-
-std::string TQXResourceProcessor::FormName(const std::string& CodeFile, const std::string& DependentFile) const
-{
     std::string Name;
     if (FLoad.Mapping.DetectNameSpace(CodeFile, Name))
-        return Name;
+        return AddResx(SourceFile, Name + SuffixAmongSiblings(SourceFile, CodeFile));
+    if (const std::string Shown = ShownName(File); !Shown.empty())
+        return AddResx(SourceFile, NeutralName(Shown, SatelliteOf(SourceFile)));
+    return AddResx(SourceFile, NameWithoutClass(Name, DependentFile) + SuffixAmongSiblings(SourceFile, CodeFile));
+}
+
+std::string TQXResourceProcessor::NameWithoutClass(const std::string& Name, const std::string& DependentFile) const
+{
     Log("Warning - unable to determine resource Namespace from file : " + DependentFile);
     Log("          using RootNamespace + FileName");
     const std::string& Root = FAction.RootNameSpace;
     return Root.empty() ? Name : Root + '.' + Paths::BareName(DependentFile);
 }
 
-bool TQXResourceProcessor::AddResx(const std::string& SourceFile, const std::string& Name) const
+bool TQXResourceProcessor::AddResx(const std::string& SourceFile, std::string Name) const
 {
+    const std::string Culture = SatelliteOf(SourceFile);
+    Name.append(Culture.empty() ? "" : ".").append(Culture).append(".resources");
     const std::string Destination = FLoad.ObjectFolder + Name;
     if (!CompileResx(SourceFile, Destination))
     {
@@ -182,7 +245,10 @@ bool TQXResourceProcessor::AddResx(const std::string& SourceFile, const std::str
         return false;
     }
     QXFiles().WillMake(Destination);
-    FAction.Project.Resources.push_back(Destination);
+    if (Culture.empty())
+        FAction.Project.Resources.push_back(Destination);
+    else
+        FAction.Project.Satellites.Resources[Culture].push_back(Name);
     return true;
 }
 

@@ -19,21 +19,32 @@ public:
     void ListFormResources(const std::vector<TXmlElement>& Elements, const char* Owner);
     [[nodiscard]] bool ProcessVSEmbeddedResource(const TXmlElement& File) const;
     [[nodiscard]] bool ProcessBorlandEmbeddedResource(const TXmlElement& File) const;
+    /// Embeds a file as it stands; it goes into the list unless the IDE gives it a name.
+    void Embed(const TXmlElement& File, const std::string& Path, std::vector<std::string>& Unnamed) const;
 
 private:
     void Log(const std::string& Message) const { FAction.SendMessage(Message); }
-    [[nodiscard]] bool ProcessByExtension(const std::string& Path) const;
+    [[nodiscard]] bool ProcessByExtension(const TXmlElement& File, const std::string& Path) const;
     [[nodiscard]] bool ChooseResourceCompiler() const;
     /// A resource of its own, named after its file.
-    [[nodiscard]] bool ProcessResx(const std::string& SourceFile) const;
+    [[nodiscard]] bool ProcessResx(const TXmlElement& File, const std::string& SourceFile) const;
     /// A resource named after the class in the source file that it belongs to.
-    [[nodiscard]] bool ProcessFormResx(const std::string& SourceFile, const std::string& DependentFile) const;
+    [[nodiscard]] bool ProcessFormResx(const TXmlElement& File, const std::string& SourceFile,
+                                       const std::string& DependentFile) const;
+    /// The name by the folder that the project shows, where the IDE has it so and the action's rules have not; else
+    /// empty.
+    [[nodiscard]] std::string ShownName(const TXmlElement& File) const;
+    /// The culture of a resource that goes into a satellite assembly, else empty.
+    [[nodiscard]] std::string SatelliteOf(const std::string& SourceFile) const;
+    /// The name of the file without extension and such a culture.
+    [[nodiscard]] std::string StemOf(const std::string& SourceFile) const;
     /// What parts the name of a form's resource from those of the form's others, if there are any: its culture
     /// (".de-DE"), or the name of its file if that is not the form's.
     [[nodiscard]] std::string SuffixAmongSiblings(const std::string& Path, const std::string& CodeFile) const;
-    [[nodiscard]] std::string FormName(const std::string& CodeFile, const std::string& DependentFile) const;
-    /// Compiles a file to the resource of this name and adds that to the list.
-    [[nodiscard]] bool AddResx(const std::string& SourceFile, const std::string& Name) const;
+    /// What stands in for the name of a class that was not found; Name: what is known of it.
+    [[nodiscard]] std::string NameWithoutClass(const std::string& Name, const std::string& DependentFile) const;
+    /// Compiles a file to the resource of this name, without culture and extension, and adds that to the list.
+    [[nodiscard]] bool AddResx(const std::string& SourceFile, std::string Name) const;
     [[nodiscard]] bool CompileResx(const std::string& SourceFile, const std::string& Destination) const;
     [[nodiscard]] bool ProcessLicx(const std::string& LicenseFile) const;
     /// The assemblies of the licensed controls, one for each line of the file.

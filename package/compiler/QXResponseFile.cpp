@@ -211,6 +211,13 @@ bool TQXResponseFile::AddResources(const TQXFileSetting& Resources, TQXResourceN
     return true;
 }
 
+void TQXResponseFile::AddResources(const std::vector<TQXNamedResource>& Resources)
+{
+    for (const TQXNamedResource& Resource : Resources)
+        FLines.Add("/resource:" + QuoteExact(UnpartedResource(Resource.Path, Resource.Name)) + ',' +
+                   QuoteExact(Resource.Name));
+}
+
 std::string TQXResponseFile::UnpartedResource(const std::string& Path, const std::string& Name)
 {
     // A copy brings a path without separators, but nothing brings the name without them that the program asks for.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/QXAction.h"
+#include "package/compiler/QXDotNetCompilerOptions.h"
 
 #include <string>
 #include <string_view>
@@ -47,6 +48,7 @@ public:
     /// Typed ones are `FILE` or `FILE=IDENTIFIER`, parted by commas or line breaks.
     [[nodiscard]] bool AddResources(const TQXFileSetting& Resources, TQXResourceNaming Naming,
                                     const std::string& RootNameSpace);
+    void AddResources(const std::vector<TQXNamedResource>& Resources);
     /// Typed ones are parted by ";" or line breaks. Found: whether there are any.
     [[nodiscard]] bool AddSources(const TQXFileSetting& Sources, bool& Found);
 

@@ -55,6 +55,8 @@ void TQXVBProjCompilerAction::LoadSettingsFromProjFile(const TXmlElement& Settin
     MainClass = GetAttributeValueString("StartupObject", Settings);
     KeyContainer = GetAttributeValueString("AssemblyKeyContainerName", Settings);
     DelaySign = GetAttributeValueBoolean("DelaySign", Settings);
+    Project.Satellites.KeyContainer = KeyContainer;
+    Project.Satellites.IsDelaySigned = DelaySign;
     OptionCompare = GetAttributeValueString("OptionCompare", Settings) == "Binary"
                         ? TVBDotNetOptionCompare::OptCompareBinary
                         : TVBDotNetOptionCompare::OptCompareText;

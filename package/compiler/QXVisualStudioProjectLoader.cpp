@@ -82,8 +82,12 @@ bool TQXVisualStudioProjectLoader::LoadSettings(const TXmlElement& Root)
         FLoad.KeyFile = ExpandRelativePath(KeyFile, FLoad.Folder);
     if (const auto Platform = Settings->SelectNode("Platform"))
         FLoad.PlatformName = Platform->Attribute("Name");
+    FLoad.RootNameSpace = Settings->Attribute("RootNamespace");
     FMapping.LoadSettingsFromProjFile(*Settings);
-    return SelectConfiguration(*Settings);
+    if (!SelectConfiguration(*Settings))
+        return false;
+    FollowCompiler(FMapping.DetectVSVersion(FLoad.FileName, Root) == TDotNetVSVersion::vs2002 ? "v1.0" : "v1.1");
+    return true;
 }
 
 bool TQXVisualStudioProjectLoader::SelectConfiguration(const TXmlElement& Settings)

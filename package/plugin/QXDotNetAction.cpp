@@ -78,6 +78,11 @@ bool TQXDotNetAction::IsValidSDKVersion(std::string_view Version) const
     return VersionNumber(MinimumSDKVersion) <= VersionNumber(Version);
 }
 
+bool TQXDotNetAction::IsNewerThan(std::string_view Version) const
+{
+    return VersionNumber(Version) < VersionNumber(GetDefaultSDKVersion());
+}
+
 bool TQXDotNetAction::IsMono() const
 {
     return QXFiles().FileExists(Paths::WithTrailing(GetFrameWorkPath()) + "mcs.exe");

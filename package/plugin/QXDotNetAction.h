@@ -38,6 +38,8 @@ public:
     [[nodiscard]] std::string GetSDKPath() const;
     /// Whether the version reaches the minimum. Versions compare as numbers; what is no number counts as 1.0.
     [[nodiscard]] bool IsValidSDKVersion(std::string_view Version) const;
+    /// Whether the effective version is a later one than this; compared in the same way.
+    [[nodiscard]] bool IsNewerThan(std::string_view Version) const;
 
     [[nodiscard]] std::string GetExecutable() override;
     [[nodiscard]] std::string GetStartingDir(const std::string& Exe) override;

@@ -32,9 +32,9 @@ try
     {
         for (const std::string& File : Action.GetOutputs())
             QXFiles().WillMake(File);
-        return !WasCutOff;
+        return !WasCutOff && Action.AfterExecute();
     }
-    const bool Succeeded = !WasCutOff && Action.InterpretResult(ExitCode);
+    const bool Succeeded = !WasCutOff && Action.InterpretResult(ExitCode) && Action.AfterExecute();
     Succeeded ? Action.OnSuccess(ExitCode) : Action.OnFailure(ExitCode);
     return Succeeded;
 }
@@ -100,6 +100,11 @@ bool TQXExecuteAbstractAction::BeforeExecute(ICommandLineBuilder&)
 bool TQXExecuteAbstractAction::InterpretResult(int ExitCode)
 {
     return ExitCode == 0;
+}
+
+bool TQXExecuteAbstractAction::AfterExecute()
+{
+    return true;
 }
 
 void TQXExecuteAbstractAction::OnSuccess(int) {}

@@ -1,4 +1,4 @@
-// Stands for the tool whose name it is started under: resgen.exe, lc.exe, tlbimp.exe or aximp.exe. Says where it runs
+// Stands for the tool whose name it is started under: resgen.exe, lc.exe, tlbimp.exe, aximp.exe or al.exe. Says where it runs
 // and what it is given, leaves the files that the tool would make, and does what the first word of its input file
 // asks for: "fail" ends it with exit code 3, "crash" by a signal, "hang" lets it wait for ever.
 #include <cstdio>
@@ -52,7 +52,9 @@ int main(int Count, char** Arguments)
             Input = Argument.substr(10);
         else if (Argument.starts_with("/outdir:"))
             Output = Argument.substr(8) + '/';
-        else if (Argument.starts_with("/target:"))
+        else if (Argument.starts_with("/embed:"))
+            Input = Argument.substr(7, Argument.find(',') - 7);
+        else if (Argument.starts_with("/target:") && Tool == "lc.exe")
             Target = Argument.substr(8) + ".licenses";
         else if (Argument.starts_with("/out:"))
             Output = Argument.substr(5);

@@ -16,7 +16,7 @@ TPackageHost::TPackageHost() : Tools(Folder.Path() + "/tools")
 
 void TPackageHost::UseStandInTools() const
 {
-    for (const char* Tool : {"resgen.exe", "lc.exe", "tlbimp.exe", "aximp.exe"})
+    for (const char* Tool : {"resgen.exe", "lc.exe", "tlbimp.exe", "aximp.exe", "al.exe"})
     {
         const fs::path Link = fs::path(Tools) / Tool;
         fs::remove(Link);

@@ -2,6 +2,7 @@
 #include "tests/package/PackageTest.h"
 
 #include "package/compiler/QXDotNetManagedCompilerAction.h"
+#include "platform/AssemblyMetadata.h"
 #include "platform/Text.h"
 #include "runtime/clrhost/DotNetVersions.h"
 #include "runtime/clrhost/MonoDetection.h"
@@ -55,8 +56,97 @@ public:
             std::make_unique<TDotNetVersions>(DetectMono(MonoPrefixes()), std::vector<TConfiguredDotNet>{}));
     }
     ~TRealToolsHost() { ::unsetenv("XDG_CACHE_HOME"); }
+
+    void Compile(const std::string& Source, const std::string& Output, const std::string& References)
+    {
+        const auto Action = Create<TQXManagedCompilerAction>("TQXCSharpCompilerAction");
+        Action->ProjectDir = Folder.Path();
+        Action->Files = Source;
+        Action->OutputFile = Output;
+        Action->References = References;
+        ASSERT_TRUE(Execute(*Action)) << testing::PrintToString(Log.Events);
+    }
+    [[nodiscard]] static std::vector<std::string> Run(const std::string& Exe, const std::string& Arguments)
+    {
+        const auto Process = CreateQXProcess();
+        Process->SetExecutable(Exe);
+        Process->SetArguments(Arguments);
+        TStringList Output;
+        EXPECT_EQ(Process->RunCaptured(Output), 0);
+        return Output.Items();
+    }
+    [[nodiscard]] TAssemblyMetadata Metadata(const std::string& File) const
+    {
+        return ReadAssemblyMetadata(Folder.Read(File)).value_or(TAssemblyMetadata());
+    }
 };
+constexpr const char* CultureProgram = R"([assembly: System.Reflection.AssemblyVersion("1.2.3.4")]
+[assembly: System.Reflection.AssemblyKeyFile("key.snk")]
+namespace Acme
+{
+    public class Start
+    {
+        public static void Main(string[] Arguments)
+        {
+            System.Resources.ResourceManager Texts = new System.Resources.ResourceManager(typeof(Start));
+            foreach (string Culture in new string[] { "de-AT", "fr" })
+                System.Console.WriteLine(Texts.GetString("Text", new System.Globalization.CultureInfo(Culture)));
+            System.Console.WriteLine(Kit.Grid.Name());
+        }
+    }
+})";
+constexpr const char* CultureProject = R"(<VisualStudioProject><CSHARP SchemaVersion="2.0"><Build>
+<Settings AssemblyName="Acme" OutputType="Exe" RootNamespace="Root"><Config Name="Debug" OutputPath="bin\"/></Settings><References>
+<Reference Name="Kit" AssemblyName="Kit" HintPath="..\lib\Kit.dll"/><Reference Name="System" AssemblyName="System"/></References></Build><Files><Include>
+<File RelPath="Start.resx" DependentUpon="Start.cs" BuildAction="EmbeddedResource"/>
+<File RelPath="Start.DE.resx" DependentUpon="Start.cs" BuildAction="EmbeddedResource"/>
+<File RelPath="Start.cs" BuildAction="Compile"/></Include></Files></CSHARP></VisualStudioProject>)";
 } // namespace
+
+TEST(RealTools, AProgramThatFollowsTheIDEFindsItsCulturesAndLibraries)
+{
+    TRealToolsHost Host;
+    if (Host.Runtime.DotNetInfo()->GetVersionCount() == 0)
+        GTEST_SKIP() << "Mono is not installed";
+    Host.Folder.Write("deep.cs",
+                      "namespace Kit { public class Deep { public static string Name() { return \"deep\"; } } }");
+    Host.Folder.Write("kit.cs",
+                      "namespace Kit { public class Grid { public static string Name() { return Deep.Name(); } } }");
+    Host.Folder.Write("lib/folder");
+    Host.Compile("deep.cs", "lib/Deep.dll", "");
+    Host.Compile("kit.cs", "lib/Kit.dll", "lib/Deep.dll");
+    Host.Folder.Write("p/Start.cs", CultureProgram);
+    Host.Folder.Write("p/Start.resx", Resx);
+    Host.Folder.Write("p/Start.DE.resx", Texts::Replace(Resx, "from the form", "aus dem Formular"));
+    Host.Folder.Write("p/Acme.csproj", CultureProject);
+    const std::string SDK = Host.Runtime.DotNetInfo()->GetVersionByIndex(0).GetSDKPath();
+    static_cast<void>(Host.Run(SDK + "/sn.exe", "-k \"" + Host.Folder.Path() + "/p/key.snk\""));
+
+    Host.Settings.FollowsIDE = true;
+    const auto Action = Host.Create<TQXManagedCompilerAction>("TQXCSProjCompilerAction");
+    Action->ProjectFile = "p/Acme.csproj";
+    Action->ConfigName = "Debug";
+    ASSERT_TRUE(Host.Execute(*Action)) << testing::PrintToString(Host.Log.Events);
+    EXPECT_THAT(Host.Run("p/bin/Acme.exe", ""), testing::ElementsAre("aus dem Formular", "from the form", "deep"));
+
+    const TAssemblyMetadata Main = Host.Metadata("p/bin/Acme.exe");
+    const TAssemblyMetadata Satellite = Host.Metadata("p/bin/de/Acme.resources.dll");
+    EXPECT_EQ(Satellite.Name, "Acme.resources");
+    EXPECT_EQ(Satellite.Version, "1.2.3.4");
+    EXPECT_NE(Satellite.PublicKey, "");
+    EXPECT_EQ(Satellite.PublicKey, Main.PublicKey);
+    EXPECT_THAT(Main.References, testing::UnorderedElementsAre("mscorlib", "Kit"));
+    const std::string Bytes = Host.Folder.Read("p/bin/Acme.exe");
+    for (std::size_t Size = 0; Size < 1024; ++Size)
+        EXPECT_FALSE(ReadAssemblyMetadata(Bytes.substr(0, Size))) << Size;
+    std::string Damaged = Bytes;
+    for (std::size_t Place = 0; Place < Bytes.size(); ++Place, Damaged = Bytes)
+        for (const char Byte : {'\xFF', '\0'})
+        {
+            Damaged[Place] = Byte;
+            static_cast<void>(ReadAssemblyMetadata(Damaged)); // and comes back
+        }
+}
 
 TEST(RealTools, ResourcesAreFoundByTheProgramThatTheyBelongTo)
 {

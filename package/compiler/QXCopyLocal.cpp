@@ -1,0 +1,122 @@
+#include "package/compiler/QXCopyLocal.h"
+
+#include "host/QXFiles.h"
+#include "package/compiler/QXReferencePlaces.h"
+#include "platform/AssemblyMetadata.h"
+#include "platform/Paths.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <optional>
+#include <stdexcept>
+
+namespace
+{
+/// Assemblies with the keys of these are the framework's in whatever version.
+constexpr std::string_view FrameworkOwners[] = {"mscorlib.dll", "System.Drawing.dll"};
+
+/// The bytes of a file; none where a dry run does not know them.
+std::optional<std::string> TryRead(const std::string& Path)
+try
+{
+    return QXFiles().Read(Path);
+}
+catch (const std::runtime_error&)
+{
+    return std::nullopt;
+}
+
+std::optional<TAssemblyMetadata> TryReadMetadata(const std::string& Path)
+{
+    const std::optional<std::string> Bytes = TryRead(Path);
+    return Bytes ? ReadAssemblyMetadata(*Bytes) : std::nullopt;
+}
+
+bool AreSame(const std::string& Left, const std::string& Right)
+{
+    if (!QXFiles().FileExists(Right))
+        return false;
+    if (QXFiles().Find(Left) == QXFiles().Find(Right))
+        return true;
+    const std::optional<std::string> Bytes = TryRead(Left);
+    return Bytes && Bytes == TryRead(Right);
+}
+} // namespace
+
+bool CopyBesideOutput(const TCustomQXAction& Action, const std::string& From, const std::string& To)
+{
+    if (AreSame(From, To))
+        return true;
+    // A dry run says it in its own words.
+    if (!TCustomQXAction::IsDryRun())
+        Action.SendMessage("Copying : " + From + " to " + To);
+    const bool Copied = QXFiles().Copy(From, To);
+    if (!Copied)
+        Action.SendMessage("Unable to copy : " + From + " to " + To);
+    return Copied;
+}
+
+void TQXCopyLocal::Add(const std::string& Path)
+{
+    if (FNames.insert(Texts::FoldCase(Paths::FileName(Path))).second)
+        FPaths.push_back(Path);
+}
+
+bool TQXCopyLocal::Copy()
+{
+    for (std::size_t Index = 0; Index < FPaths.size(); ++Index)
+    {
+        const std::string Path = FPaths[Index];
+        // An older output of the project beside a library is not to take the place of the new one.
+        if (Texts::Same(Paths::FileName(Path), Paths::FileName(FAction.OutputFile)) || IsOfFramework(Path))
+            continue;
+        if (!CopyAssembly(Path))
+            return false;
+        AddNeeded(Path);
+    }
+    return true;
+}
+
+bool TQXCopyLocal::CopyAssembly(const std::string& Path) const
+{
+    const std::string Files[] = {Path, Paths::ChangeExtension(Path, ".pdb"), Paths::ChangeExtension(Path, ".xml"),
+                                 Path + ".config"};
+    return std::all_of(std::begin(Files), std::end(Files), [&](const std::string& File) {
+        const std::string Found = QXFiles().FileExists(File) ? QXFiles().Find(File) : "";
+        return Found.empty() ||
+               CopyBesideOutput(FAction, Found, QXFiles().Spelling(FLoad.OutputFolder + Paths::FileName(Found)));
+    });
+}
+
+void TQXCopyLocal::AddNeeded(const std::string& Path)
+{
+    const auto Metadata = TryReadMetadata(Path);
+    if (!Metadata)
+        return;
+    std::vector<std::string> Folders = LibraryFolders(FAction, FLoad);
+    Folders.insert(Folders.begin(), Paths::Folder(Path));
+    for (const std::string& Name : Metadata->References)
+        for (const char* Extension : {".dll", ".exe"})
+            // Names of assemblies lead nowhere else.
+            if (const std::string Found = Paths::FileName(Name) == Name ? FindIn(Folders, Name + Extension) : "";
+                !Found.empty())
+                Add(Found);
+}
+
+bool TQXCopyLocal::IsOfFramework(const std::string& Path) const
+{
+    const std::string Framework = Paths::WithTrailing(FAction.GetFrameWorkPath());
+    const std::string Own = QXFiles().Find(Framework + Paths::FileName(Path));
+    if (Framework.empty() || Own.empty() || Own == QXFiles().Find(Path))
+        return !Own.empty();
+    const auto Metadata = TryReadMetadata(Path);
+    const auto OwnMetadata = Metadata && !Metadata->PublicKey.empty() ? TryReadMetadata(Own) : std::nullopt;
+    if (!OwnMetadata || OwnMetadata->PublicKey != Metadata->PublicKey)
+        return false;
+    const auto IsOwner = [&](std::string_view Owner) {
+        const auto OwnerMetadata = TryReadMetadata(Framework + std::string(Owner));
+        return OwnerMetadata && OwnerMetadata->PublicKey == Metadata->PublicKey;
+    };
+    return OwnMetadata->Version == Metadata->Version ||
+           std::any_of(std::begin(FrameworkOwners), std::end(FrameworkOwners), IsOwner);
+}

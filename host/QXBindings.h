@@ -184,6 +184,33 @@ protected:
                              [Write](TQXPersistent& Object) { Write(static_cast<T&>(Object)); }});
     }
 
+    /// Show puts the value into controls, Take changes it to what they say. A value that did not change is not written;
+    /// one that did goes through the property's row. A page may serve several classes: of an object that is no T, the
+    /// binding leaves the controls alone.
+    template <typename T, typename TMember, typename TShow, typename TTake>
+    void BindMember(TControl& Control, TMember T::*Member, TShow Show, TTake Take)
+    {
+        const auto Address = [Member](const TQXPersistent& Object) -> const void* {
+            const T* Typed = dynamic_cast<const T*>(&Object);
+            return Typed ? &(Typed->*Member) : nullptr;
+        };
+        const auto Read = [Member, Show](TQXPersistent& Object) {
+            if (const T* Typed = dynamic_cast<const T*>(&Object))
+                Show(Typed->*Member);
+        };
+        const auto Write = [Member, Address, Take](TQXPersistent& Object) {
+            const T* Typed = dynamic_cast<const T*>(&Object);
+            const TQXProperty* Property = Typed ? Object.FindMember(Address(Object)) : nullptr;
+            if (!Property)
+                return;
+            TMember Value = Typed->*Member;
+            Take(Value);
+            if (Value != Typed->*Member)
+                Property->Write(QXPropertyDetail::TTraits<TMember>::Get(Value));
+        };
+        FBindings.push_back({&Control, Address, Read, Write});
+    }
+
     void AddRule(TQXEvent Rule) { FRules.push_back(std::move(Rule)); }
     /// The control is enabled exactly while the condition holds.
     void EnableWhile(TControl& Control, std::function<bool()> Condition)
@@ -217,23 +244,6 @@ private:
             Binding.Control->Hint = Property->Meaning;
         if (Binding.Control->Kind() == TQXControlKind::Edit)
             static_cast<TEdit*>(Binding.Control)->IsSecret = Property->IsSecret;
-    }
-    /// A value that did not change is not written; one that did goes through the property's row.
-    template <typename T, typename TMember, typename TShow, typename TTake>
-    void BindMember(TControl& Control, TMember T::*Member, TShow Show, TTake Take)
-    {
-        const auto Address = [Member](const TQXPersistent& Object) -> const void* {
-            return &(static_cast<const T&>(Object).*Member);
-        };
-        const auto Write = [Member, Address, Take](TQXPersistent& Object) {
-            TMember Value = static_cast<T&>(Object).*Member;
-            Take(Value);
-            const TQXProperty* Property = Object.FindMember(Address(Object));
-            if (Value != static_cast<T&>(Object).*Member && Property)
-                Property->Write(QXPropertyDetail::TTraits<TMember>::Get(Value));
-        };
-        FBindings.push_back({&Control, Address,
-                             [Member, Show](TQXPersistent& Object) { Show(static_cast<T&>(Object).*Member); }, Write});
     }
 
     std::vector<TQXBinding> FBindings;

@@ -11,5 +11,6 @@ public:
     void ReadOptions(TQXOptionsObject& Options) override;
     void WriteOptions(TQXOptionsObject& Options) override;
 
-    TComboBox cbSDKVersions{*this, "cbSDKVersions", "Default .NET SDK Version"};
+    TLabel lblSDKVersions{*this, "lblSDKVersions", "Default .NET SDK Version"};
+    TComboBox cbSDKVersions{*this, "cbSDKVersions"};
 };

@@ -16,8 +16,9 @@ constexpr const char* KeyFile = "Key File (*.snk)|*.snk";
 constexpr const char* KeyFileOrAll = "Key File (*.snk)|*.snk|All Files|*.*";
 constexpr const char* TypeLibraryFile = "TypeLibrary File (*.tlb)|*.tlb";
 constexpr const char* TypeLibraryFiles = "TypeLibrary Files (*.tlb)|*.tlb";
-constexpr const char* TypeLibrariesAndDlls = "TLB & DLL Files (*.tlb;*.dll)|*.tlb;*.dll|TLB Files (*.tlb)|*.tlb|DLL Files "
-                                             "(*.dll)|*.dll|All Files|*.*";
+constexpr const char* TypeLibrariesAndDlls =
+    "TLB & DLL Files (*.tlb;*.dll)|*.tlb;*.dll|TLB Files (*.tlb)|*.tlb|DLL Files "
+    "(*.dll)|*.dll|All Files|*.*";
 constexpr const char* TextFiles = "Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
 constexpr const char* CsvFiles = "CSV Files (*.csv)|*.csv";
 constexpr const char* RegFile = "Reg File (*.reg)|*.reg";

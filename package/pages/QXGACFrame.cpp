@@ -20,8 +20,8 @@ bool TGACFrame::Check(std::initializer_list<TRequired> Fields, const TGACReferen
             QXShowError(Field.Message);
             return false;
         }
-    const bool IsComplete = !Reference.txtScheme.Text.empty() && !Reference.txtID.Text.empty() &&
-                            !Reference.txtDescription.Text.empty();
+    const bool IsComplete =
+        !Reference.txtScheme.Text.empty() && !Reference.txtID.Text.empty() && !Reference.txtDescription.Text.empty();
     if (!Reference.chkRefCount.Checked || IsComplete)
         return true;
     QXShowError("Scheme, ID, and Description are all required for reference counting.");

@@ -11,8 +11,7 @@ struct TGACReferenceGroup
     TGACReferenceGroup(TContainer& Page, std::string_view Force, std::string_view RefCount)
         : chkReinstall(Page, "chkReinstall", Force), chkRefCount(Page, "chkRefCount", RefCount),
           pnlReference(Page, "pnlReference")
-    {
-    }
+    {}
     TCheckBox chkReinstall;
     TCheckBox chkRefCount;
     TPanel pnlReference;

@@ -1,9 +1,31 @@
 #include "package/pages/QXPageTable.h"
 
+#include "package/pages/QXALGenericFrame.h"
+#include "package/pages/QXASPNetCompilerFrame.h"
+#include "package/pages/QXASPNetStrongNameFrame.h"
+#include "package/pages/QXASPNetTargetFrame.h"
+#include "package/pages/QXASPdotNetIISInstallFrame.h"
 #include "package/pages/QXDotNetOptionsFrame.h"
 #include "package/pages/QXGACInstallFrame.h"
 #include "package/pages/QXGACListFrame.h"
 #include "package/pages/QXGACUninstallFrame.h"
+#include "package/pages/QXMSBuildFrame.h"
+#include "package/pages/QXNGen20AssemblyFrame.h"
+#include "package/pages/QXNGen20OptionsFrame.h"
+#include "package/pages/QXNGen20UpdateFrame.h"
+#include "package/pages/QXRegasmActionFrame.h"
+#include "package/pages/QXResGenFrame.h"
+#include "package/pages/QXSNExtractKeyFrame.h"
+#include "package/pages/QXSNGenerateKeyPairFrame.h"
+#include "package/pages/QXSNGenericFrame.h"
+#include "package/pages/QXSNInstallKeyPairFrame.h"
+#include "package/pages/QXSNResignFrame.h"
+#include "package/pages/QXSNVerifySNFrame.h"
+#include "package/pages/QXTLBExportFrame.h"
+#include "package/pages/QXTLBImpLoggingFrame.h"
+#include "package/pages/QXTLBImportFrame.h"
+#include "package/pages/QXTLBImportReferencesFrame.h"
+#include "package/pages/QXTLBImportSNFrame.h"
 
 #include <array>
 
@@ -22,9 +44,26 @@ struct TRow
 // clang-format off
 constexpr TRow Rows[] = {
     {"TQXDotNetOptions", {QX_PAGE(TDotNetOptionsFrame)}},
+    {"TSNGenerateKeyPair", {QX_PAGE(TSNGenerateKeyPairFrame)}},
+    {"TSNVerifyAssembly", {QX_PAGE(TSNVerifySNFrame)}},
+    {"TSNInstallKeyPair", {QX_PAGE(TSNInstallKeyPairFrame)}},
+    {"TSNExtractPublicKey", {QX_PAGE(TSNExtractKeyFrame)}},
+    {"TSNResignAssembly", {QX_PAGE(TSNResignFrame)}},
+    {"TTLBImportAction", {QX_PAGE(TTLBImportFrame), QX_PAGE(TTLBImportReferencesFrame), QX_PAGE(TTLBImportSNFrame), QX_PAGE(TTLBImpLoggingFrame)}},
+    {"TTLBExportAction", {QX_PAGE(TTLBExportFrame)}},
+    {"TSNGenericSN", {QX_PAGE(TSNGenericFrame)}},
+    {"TALGenericAL", {QX_PAGE(TALGenericFrame)}},
+    {"TMSBuildAction", {QX_PAGE(TMSBuildFrame)}},
+    {"TQXResGenAction", {QX_PAGE(TResGenFrame)}},
+    {"TQXNGen20InstallAction", {QX_PAGE(TNGen20AssemblyFrame), QX_PAGE(TNGen20OptionsFrame)}},
+    {"TQXNGen20UninstallAction", {QX_PAGE(TNGen20AssemblyFrame), QX_PAGE(TNGen20OptionsFrame)}},
+    {"TQXNGen20UpdateAction", {QX_PAGE(TNGen20UpdateFrame)}},
+    {"TASPIISRegGeneric", {QX_PAGE(TASPdotNetIISInstallFrame)}},
+    {"TASPNetCompilerAction", {QX_PAGE(TASPNetCompilerFrame), QX_PAGE(TASPNetTargetFrame), QX_PAGE(TASPNetStrongNameFrame)}},
     {"TGACInstallAction", {QX_PAGE(TGACInstallFrame)}},
     {"TGACUninstallAction", {QX_PAGE(TGACUninstallFrame)}},
     {"TGACListAction", {QX_PAGE(TGACListFrame)}},
+    {"TQXRegasmAction", {QX_PAGE(TQXRegasmActionFrame)}},
 };
 // clang-format on
 #undef QX_PAGE

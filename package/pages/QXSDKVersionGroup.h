@@ -2,7 +2,6 @@
 
 #include "host/QXControls.h"
 #include "package/plugin/QXDotNetAction.h"
-#include "package/plugin/QXDotNetAction.h"
 
 /// The controls that choose the .NET version of an action.
 class TSDKVersionGroup

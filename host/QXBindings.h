@@ -43,7 +43,7 @@ public:
     }
     [[nodiscard]] const std::vector<TQXBinding>& Bindings() const { return FBindings; }
 
-protected:
+    // Public, since groups of controls that stand on several pages bind themselves.
     template <typename T> void Bind(TEdit& Edit, std::string T::*Member)
     {
         BindMember(

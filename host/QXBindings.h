@@ -4,7 +4,9 @@
 #include "host/QXControls.h"
 #include "host/QXProperties.h"
 
+#include <algorithm>
 #include <initializer_list>
+#include <stdexcept>
 #include <type_traits>
 
 /// The link between a control and a published property.
@@ -110,15 +112,27 @@ public:
     template <typename T, TQXEnumeration TMember> void Bind(std::vector<TRadioButton*> Buttons, TMember T::*Member)
     {
         BindMember(
-            *Buttons.front(), Member,
-            [Buttons](TMember Value) {
-                if (static_cast<std::size_t>(Value) < Buttons.size())
-                    Buttons[static_cast<std::size_t>(Value)]->Check();
-            },
+            *Buttons.front(), Member, [Buttons](TMember Value) { CheckOne(Buttons, static_cast<std::size_t>(Value)); },
             [Buttons](TMember& Value) {
-                for (std::size_t Index = 0; Index < Buttons.size(); ++Index)
-                    if (Buttons[Index]->IsChecked())
-                        Value = static_cast<TMember>(Index);
+                Value = static_cast<TMember>(Checked(Buttons, static_cast<std::size_t>(Value)));
+            });
+    }
+    // By the name of the property, a literal: for objects that keep their members to themselves. Reading an object
+    // without such a property throws std::logic_error.
+    void Bind(TEdit& Edit, std::string_view Property)
+    {
+        BindNamed(
+            Edit, Property, [&Edit](const std::string& Value, const TQXProperty&) { Edit.Text = Value; },
+            [&Edit](std::string& Value, const TQXProperty&) { Value = Edit.Text; });
+    }
+    void Bind(std::vector<TRadioButton*> Buttons, std::string_view Property)
+    {
+        // The value in transit is the name of an element.
+        BindNamed(
+            *Buttons.front(), Property,
+            [Buttons](const std::string& Value, const TQXProperty& Row) { CheckOne(Buttons, Place(Row, Value)); },
+            [Buttons](std::string& Value, const TQXProperty& Row) {
+                Value = Row.Elements[Checked(Buttons, Place(Row, Value))];
             });
     }
     /// The flag of one of several radio buttons; reading True checks it.
@@ -146,7 +160,7 @@ public:
     template <typename T> void Bind(TListBox& List, std::string T::*Member)
     {
         BindMember(
-            List, Member, [&List](const std::string& Value) { List.Items = Items(Value); },
+            List, Member, [&List](const std::string& Value) { List.Show(Items(Value)); },
             [&List](std::string& Value) {
                 if (Items(Value) != List.Items)
                     Value = TStringList(List.Items).CommaText();
@@ -155,7 +169,7 @@ public:
     template <typename T> void Bind(TListBox& List, TStringList T::*Member)
     {
         BindMember(
-            List, Member, [&List](const TStringList& Value) { List.Items = Value.Items(); },
+            List, Member, [&List](const TStringList& Value) { List.Show(Value.Items()); },
             [&List](TStringList& Value) { Value = TStringList(List.Items); });
     }
     /// The elements of a set, by position.
@@ -227,6 +241,48 @@ public:
     }
 
 private:
+    static void CheckOne(const std::vector<TRadioButton*>& Buttons, std::size_t Index)
+    {
+        if (Index < Buttons.size())
+            Buttons[Index]->Check();
+    }
+    /// The button that is checked, or Default.
+    [[nodiscard]] static std::size_t Checked(const std::vector<TRadioButton*>& Buttons, std::size_t Default)
+    {
+        for (std::size_t Index = 0; Index < Buttons.size(); ++Index)
+            if (Buttons[Index]->IsChecked())
+                return Index;
+        return Default;
+    }
+    [[nodiscard]] static std::size_t Place(const TQXProperty& Enumeration, std::string_view Element)
+    {
+        const auto& Elements = Enumeration.Elements;
+        return static_cast<std::size_t>(std::find(Elements.begin(), Elements.end(), Element) - Elements.begin());
+    }
+    [[nodiscard]] static const TQXProperty& RowOf(const TQXPersistent& Object, std::string_view Name)
+    {
+        if (const TQXProperty* Property = Object.FindProperty(Name))
+            return *Property;
+        throw std::logic_error("a page binds a property that does not exist: " + std::string(Name));
+    }
+    /// A property whose value in transit is a text.
+    template <typename TShow, typename TTake>
+    void BindNamed(TControl& Control, std::string_view Name, TShow Show, TTake Take)
+    {
+        const auto Read = [Name, Show](TQXPersistent& Object) {
+            const TQXProperty& Row = RowOf(Object, Name);
+            Show(std::get<std::string>(Row.Read()), Row);
+        };
+        const auto Write = [Name, Take](TQXPersistent& Object) {
+            const TQXProperty& Row = RowOf(Object, Name);
+            std::string Value = std::get<std::string>(Row.Read());
+            Take(Value, Row);
+            if (TQXPropertyValue(Value) != Row.Read())
+                Row.Write(Value);
+        };
+        FBindings.push_back(
+            {&Control, [Name](const TQXPersistent& Object) { return RowOf(Object, Name).Member; }, Read, Write});
+    }
     [[nodiscard]] static std::vector<std::string> Items(const std::string& CommaText)
     {
         TStringList List;

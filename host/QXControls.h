@@ -212,6 +212,14 @@ public:
         : TControl(Parent, TQXControlKind::ListBox, Name, ACaption)
     {
     }
+    /// Shows these lines. What was selected of others no longer is.
+    void Show(std::vector<std::string> Lines)
+    {
+        if (Lines == Items)
+            return;
+        Items = std::move(Lines);
+        Selected.clear();
+    }
     std::vector<std::string> Items;
     TQXIndices Selected;
     bool IsMultiSelect = true;
@@ -280,6 +288,14 @@ public:
     TListView(TContainer& Parent, std::string_view Name, std::string_view ACaption = {})
         : TControl(Parent, TQXControlKind::ListView, Name, ACaption)
     {
+    }
+    /// Shows these items, as a list box its lines.
+    void Show(std::vector<TItem> Shown)
+    {
+        if (Shown == Items)
+            return;
+        Items = std::move(Shown);
+        Selected.clear();
     }
     std::vector<TItem> Items;
     TQXIndices Selected;

@@ -16,6 +16,8 @@ public:
 class TModule
 {
 public:
+    /// The file of the module of this name that is installed with the running program.
+    [[nodiscard]] static std::string FileBesideProgram(const std::string& Name);
     /// The modules in the folder of this name that is installed with the running program's libraries, sorted. Throws
     /// EFileError.
     [[nodiscard]] static std::vector<std::string> FilesBesideProgram(const std::string& Folder);

@@ -9,8 +9,9 @@ struct TImportWishes
 {
     std::string Source;        ///< a folder or a solution
     std::string Configuration; ///< empty: the usual one
-    std::string
-        Output; ///< the file that is going to be written; empty: quexley.toml in the folder or beside the solution
+    /// The file that is going to be written; empty: quexley.toml in the folder or beside the solution.
+    std::string Output;
+    bool Replaces = false; ///< a file that is there
 };
 
 /// A project with its action. Files are named relative to the written file's folder.

@@ -1,6 +1,7 @@
 #include "package/pages/QXGACInstallFrame.h"
 
 #include "package/pages/QXFileFilters.h"
+#include "package/pages/QXPageSteps.h"
 
 TGACInstallFrame::TGACInstallFrame()
 {

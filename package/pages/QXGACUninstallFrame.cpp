@@ -1,6 +1,7 @@
 #include "package/pages/QXGACUninstallFrame.h"
 
 #include "package/pages/QXFileFilters.h"
+#include "package/pages/QXPageSteps.h"
 
 TGACUninstallFrame::TGACUninstallFrame()
 {

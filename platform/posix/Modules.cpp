@@ -21,6 +21,11 @@ std::string LastReason(const std::string& FileName)
 }
 } // namespace
 
+std::string TModule::FileBesideProgram(const std::string& Name)
+{
+    return Paths::Expand("../lib/" + Name + ".so", Paths::Folder(Files::ProgramFile()));
+}
+
 std::vector<std::string> TModule::FilesBesideProgram(const std::string& Folder)
 {
     const std::string Path = Paths::Expand("../lib/" + Folder, Paths::Folder(Files::ProgramFile()));

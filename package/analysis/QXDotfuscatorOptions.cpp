@@ -1,7 +1,6 @@
 #include "package/analysis/QXDotfuscatorOptions.h"
 
 #include "host/QXFiles.h"
-#include "package/compiler/QXDotNetUtils.h"
 
 namespace
 {
@@ -27,10 +26,7 @@ constexpr TPlace Places[] = {
 void TQXDotfuscatorOptions::LoadOptions(IQXOptionsReader& Reader)
 {
     TQXToolOptions::LoadOptions(Reader);
-    FindTool(FDotfuscatorExe, {[] {
-                 return FindAssemblyPath("Dotfuscator.exe", TRegistryRoot::CurrentUser,
-                                         "\\SOFTWARE\\Microsoft\\Installer\\Assemblies");
-             }});
+    FindTool(FDotfuscatorExe, {[] { return QXToolOfInstaller("Dotfuscator.exe"); }});
     if (!FDotfuscatorExe.empty())
         return;
     for (const TPlace& Place : Places)

@@ -11,7 +11,7 @@ TASPNetStrongNameFrame::TASPNetStrongNameFrame()
     Bind(txtKeyContainerName, &TASPNetCompilerAction::KeyContainerName);
     Bind(boxAllowPartially, &TASPNetCompilerAction::AllowPartiallyTrusted);
     Bind(boxDelaySign, &TASPNetCompilerAction::DelaySigning);
-    BrowseTitled(txtKeyFilePath, FileFilters::KeyFileOrAll, "Select Key File");
+    BrowseAsIs(txtKeyFilePath, FileFilters::KeyFileOrAll, "Select Key File");
     EnableWhile(txtKeyFilePath, btnUseKeyFile);
     EnableWhile(txtKeyContainerName, btnUseKeyContainer);
     EnableWhile(boxAllowPartially, btnUseKeyContainer);

@@ -11,6 +11,7 @@ constexpr const char* Assembly = "Assembly (*.dll, *.exe)|*.dll;*.exe";
 constexpr const char* AssemblyFiles = "Assembly Files (*.dll)|*.dll|All Files (*.*)|*.*";
 constexpr const char* Executables = "Executables|*.exe|All Files|*.*";
 constexpr const char* ExecutablesAndLibraries = "Executables, Libraries (*.exe,*.dll)|*.exe;*.dll|All Files|*.*";
+constexpr const char* ExesAndDlls = "Assemblies (*.exe;*.dll)|*.exe;*.dll|All files (*.*)|*.*";
 
 constexpr const char* KeyFile = "Key File (*.snk)|*.snk";
 constexpr const char* KeyFileOrAll = "Key File (*.snk)|*.snk|All Files|*.*";
@@ -29,5 +30,6 @@ constexpr const char* CompiledResources =
 constexpr const char* MSBuildProjects = "Project Files (*.proj; *.csproj; *.vbproj; "
                                         "*.vjsproj)|*.proj;*.csproj;*.vbproj;*.vjsproj|Text Files (*.txt)|*.txt|All "
                                         "files|*.*";
+constexpr const char* ReportFiles = "Report files (*.xml)|*.xml|All files (*.*)|*.*";
 constexpr const char* AllFiles = "All Files|*.*";
 } // namespace FileFilters

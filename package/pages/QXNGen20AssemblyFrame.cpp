@@ -9,5 +9,5 @@ TNGen20AssemblyFrame::TNGen20AssemblyFrame()
     Bind(btnUseAssPath, btnUseAssName, &TQXNGen20AssemblyAction::UseAssemblyName);
     Bind(txtAssPath, &TQXNGen20AssemblyAction::AssemblyPath);
     Bind(txtAssName, &TQXNGen20AssemblyAction::AssemblyName);
-    BrowseTitled(txtAssPath, FileFilters::ExecutablesAndLibraries, "Select Assembly");
+    BrowseAsIs(txtAssPath, FileFilters::ExecutablesAndLibraries, "Select Assembly");
 }

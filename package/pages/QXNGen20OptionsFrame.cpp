@@ -18,7 +18,7 @@ TNGen20OptionsFrame::TNGen20OptionsFrame()
     Bind(boxVerbose, &TQXNGen20AssemblyAction::Verbose);
     ExcludeEachOther(boxExeConfig, boxAppBase);
     txtExeConfig.OnBrowse = [this] {
-        if (GetFileTitled(txtExeConfig, FileFilters::Executables, "Select Executable"))
+        if (GetFileAsIs(txtExeConfig, FileFilters::Executables, "Select Executable"))
             Tick(boxExeConfig);
     };
     txtAppBase.OnBrowse = [this] {

@@ -2,6 +2,7 @@
 
 #include "host/QXServices.h"
 #include "host/QXUtilities.h"
+#include "platform/Paths.h"
 
 #include <exception>
 #include <utility>
@@ -12,7 +13,16 @@ bool ChooseFile(TEdit& Edit, std::string File, std::string_view Filter, std::str
 {
     if (!QXBrowseForFile(File, Filter, Title))
         return false;
-    Edit.Change(File);
+    Edit.Change(std::move(File));
+    return true;
+}
+
+/// Runs the dialog and puts the file that was chosen into the field; true if one was.
+bool PutFile(TEdit& Edit, TQXDialog Dialog)
+{
+    if (!QXRunFileDialog(Dialog))
+        return false;
+    Edit.Change(Dialog.File);
     return true;
 }
 } // namespace
@@ -32,19 +42,24 @@ bool GetFile(TEdit& Edit, std::string_view Filter)
     return ChooseFile(Edit, ExpandedAtDesignTime(Edit.Text), Filter, "Select File");
 }
 
-bool GetFileTitled(TEdit& Edit, std::string_view Filter, std::string_view Title)
-{
-    return ChooseFile(Edit, Edit.Text, Filter, Title);
-}
-
 bool GetFileByDialog(TEdit& Edit, TQXDialog Dialog)
 {
     if (!Edit.Text.empty())
         Dialog.File = ExpandedAtDesignTime(Edit.Text);
-    if (!QXRunFileDialog(Dialog))
-        return false;
-    Edit.Change(Dialog.File);
-    return true;
+    return PutFile(Edit, std::move(Dialog));
+}
+
+bool GetFileAsIs(TEdit& Edit, std::string_view Filter, std::string_view Title)
+{
+    return ChooseFile(Edit, Edit.Text, Filter, Title);
+}
+
+bool GetTool(TEdit& Edit, std::string_view Filter)
+{
+    return PutFile(Edit, {.Kind = TQXDialogKind::Open,
+                          .Filter = std::string(Filter),
+                          .Folder = Paths::Folder(Edit.Text),
+                          .MustExist = true});
 }
 
 bool GetFolder(TEdit& Edit, std::string_view Prompt)
@@ -61,11 +76,6 @@ void Browse(TEdit& Edit, std::string_view Filter)
     Edit.OnBrowse = [&Edit, Filter] { GetFile(Edit, Filter); };
 }
 
-void BrowseTitled(TEdit& Edit, std::string_view Filter, std::string_view Title)
-{
-    Edit.OnBrowse = [&Edit, Filter, Title] { GetFileTitled(Edit, Filter, Title); };
-}
-
 void BrowseByDialog(TEdit& Edit, TQXDialog Dialog)
 {
     Edit.OnBrowse = [&Edit, Dialog = std::move(Dialog)] { GetFileByDialog(Edit, Dialog); };
@@ -76,16 +86,26 @@ void BrowseByDialog(TEdit& Edit, std::string_view Filter)
     BrowseByDialog(Edit, {.Kind = TQXDialogKind::Open, .Filter = std::string(Filter)});
 }
 
+void BrowseAsIs(TEdit& Edit, std::string_view Filter, std::string_view Title)
+{
+    Edit.OnBrowse = [&Edit, Filter, Title] { GetFileAsIs(Edit, Filter, Title); };
+}
+
+void BrowseTool(TEdit& Edit, std::string_view Filter)
+{
+    Edit.OnBrowse = [&Edit, Filter] { GetTool(Edit, Filter); };
+}
+
 void BrowseFolder(TEdit& Edit, std::string_view Prompt)
 {
     Edit.OnBrowse = [&Edit, Prompt] { GetFolder(Edit, Prompt); };
 }
 
-void AppendOnAccept(TEdit& Edit, TMemo& Memo)
+void AcceptInto(TMemo& Memo, TEdit& Edit)
 {
-    Edit.OnAccept = [&Edit, &Memo] {
-        if (!Edit.Text.empty())
-            Memo.Lines.Add(std::exchange(Edit.Text, {}));
+    Edit.OnAccept = [&Memo, &Edit] {
+        Memo.Lines.Add(Edit.Text);
+        Edit.Change({});
     };
 }
 

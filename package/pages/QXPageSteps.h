@@ -1,7 +1,6 @@
 // The steps that the pages share: browsing for what a field names, adding to lists, boxes that exclude each other.
 #pragma once
 
-#include "host/QXControls.h"
 #include "host/QXForms.h"
 
 #include <string>
@@ -10,25 +9,29 @@
 /// The text with the variables of the edited project replaced; empty where that fails.
 [[nodiscard]] std::string ExpandedAtDesignTime(std::string_view Text);
 
-/// The common browse step: asks for a file with the title "Select File", beginning at the expanded text of the field,
-/// and puts it there; true if one was chosen.
+// Each asks for a file or a folder and puts it into the field; true if one was chosen.
+
+/// The common browse step: with the title "Select File", beginning at the expanded text of the field.
 bool GetFile(TEdit& Edit, std::string_view Filter);
-/// The same under another title, beginning at the text as it is.
-bool GetFileTitled(TEdit& Edit, std::string_view Filter, std::string_view Title);
-/// The same by a file dialog of the page's own, beginning at the expanded text or, in an empty field, at Dialog.File.
+/// By a file dialog of the page's own, beginning at the expanded text or, in an empty field, at Dialog.File.
 bool GetFileByDialog(TEdit& Edit, TQXDialog Dialog);
-/// Asks for a folder, beginning at the text of the field as it is, and puts it there; true if one was chosen.
+/// Beginning at the text of the field as it is.
+bool GetFileAsIs(TEdit& Edit, std::string_view Filter, std::string_view Title = "Select File");
+/// For a file that is there, beginning in the folder of the one that the field names.
+bool GetTool(TEdit& Edit, std::string_view Filter);
+/// For a folder, beginning at the text of the field as it is.
 bool GetFolder(TEdit& Edit, std::string_view Prompt);
 
 // These give the field a button that takes the step.
 void Browse(TEdit& Edit, std::string_view Filter = {});
-void BrowseTitled(TEdit& Edit, std::string_view Filter, std::string_view Title);
 void BrowseByDialog(TEdit& Edit, TQXDialog Dialog);
 void BrowseByDialog(TEdit& Edit, std::string_view Filter = {});
+void BrowseAsIs(TEdit& Edit, std::string_view Filter, std::string_view Title = "Select File");
+void BrowseTool(TEdit& Edit, std::string_view Filter);
 void BrowseFolder(TEdit& Edit, std::string_view Prompt);
 
-/// Gives the field an accepting button that moves its text into a new line of the memo.
-void AppendOnAccept(TEdit& Edit, TMemo& Memo);
+/// Gives the field a button that appends its text to the memo as a line, an empty one too, and empties it.
+void AcceptInto(TMemo& Memo, TEdit& Edit);
 /// Ticks the box as its user would.
 void Tick(TCheckBox& Box);
 /// Checking one of the boxes clears the other.

@@ -5,14 +5,32 @@
 #include "package/pages/QXASPNetStrongNameFrame.h"
 #include "package/pages/QXASPNetTargetFrame.h"
 #include "package/pages/QXASPdotNetIISInstallFrame.h"
+#include "package/pages/QXDemeanorExcludeFrame.h"
+#include "package/pages/QXDemeanorOptionsFrame.h"
+#include "package/pages/QXDemeanorPEFrame.h"
 #include "package/pages/QXDotNetOptionsFrame.h"
+#include "package/pages/QXDotfuscatorFrame.h"
+#include "package/pages/QXDotfuscatorOptionsFrame.h"
+#include "package/pages/QXFrameFxCopAdditional.h"
+#include "package/pages/QXFrameFxCopOptions.h"
+#include "package/pages/QXFrameFxCopRules.h"
+#include "package/pages/QXFrameFxCopTargets.h"
+#include "package/pages/QXFrameFxCopTypesAndMembers.h"
+#include "package/pages/QXFxCopOptionsFrame.h"
 #include "package/pages/QXGACInstallFrame.h"
 #include "package/pages/QXGACListFrame.h"
 #include "package/pages/QXGACUninstallFrame.h"
 #include "package/pages/QXMSBuildFrame.h"
+#include "package/pages/QXNAntFrame.h"
+#include "package/pages/QXNAntOptionsFrame.h"
+#include "package/pages/QXNDOCFrame.h"
+#include "package/pages/QXNDocDocumenterFrame.h"
+#include "package/pages/QXNDocOptionsFrame.h"
 #include "package/pages/QXNGen20AssemblyFrame.h"
 #include "package/pages/QXNGen20OptionsFrame.h"
 #include "package/pages/QXNGen20UpdateFrame.h"
+#include "package/pages/QXNUnitActionFrame.h"
+#include "package/pages/QXNUnitOptionsFrame.h"
 #include "package/pages/QXRegasmActionFrame.h"
 #include "package/pages/QXResGenFrame.h"
 #include "package/pages/QXSNExtractKeyFrame.h"
@@ -26,6 +44,8 @@
 #include "package/pages/QXTLBImportFrame.h"
 #include "package/pages/QXTLBImportReferencesFrame.h"
 #include "package/pages/QXTLBImportSNFrame.h"
+#include "package/pages/QXXenoCodeFrame.h"
+#include "package/pages/QXXenoCodeOptionsFrame.h"
 
 #include <array>
 
@@ -54,7 +74,20 @@ constexpr TRow Rows[] = {
     {"TSNGenericSN", {QX_PAGE(TSNGenericFrame)}},
     {"TALGenericAL", {QX_PAGE(TALGenericFrame)}},
     {"TMSBuildAction", {QX_PAGE(TMSBuildFrame)}},
+    {"TQXNUnitOptions", {QX_PAGE(TNUnitOptionsFrame)}},
+    {"TQXNUnitAction", {QX_PAGE(TNUnitActionFrame)}},
+    {"TQXNAntOptions", {QX_PAGE(TNAntOptionsFrame)}},
+    {"TNAntAction", {QX_PAGE(TNAntFrame)}},
+    {"TQXNDocOptions", {QX_PAGE(TNDocOptionsFrame)}},
+    {"TQXNDocAction", {QX_PAGE(TNDOCFrame), QX_PAGE(TNDocDocumenterFrame)}},
     {"TQXResGenAction", {QX_PAGE(TResGenFrame)}},
+    {"TQXFxCopOptions", {QX_PAGE(TFxCopOptionsFrame)}},
+    {"TQXDotfuscatorOptions", {QX_PAGE(TDotfuscatorOptionsFrame)}},
+    {"TQXDotfuscatorAction", {QX_PAGE(TDotfuscatorFrame)}},
+    {"TQXDemeanorOptions", {QX_PAGE(TDemeanorOptionsFrame)}},
+    {"TQXDemeanorAction", {QX_PAGE(TDemeanorPEFrame), QX_PAGE(TDemeanorExcludeFrame)}},
+    {"TQXXenoCodeOptions", {QX_PAGE(TXenoCodeOptionsFrame)}},
+    {"TQXXenoCodeAction", {QX_PAGE(TXenoCodeFrame)}},
     {"TQXNGen20InstallAction", {QX_PAGE(TNGen20AssemblyFrame), QX_PAGE(TNGen20OptionsFrame)}},
     {"TQXNGen20UninstallAction", {QX_PAGE(TNGen20AssemblyFrame), QX_PAGE(TNGen20OptionsFrame)}},
     {"TQXNGen20UpdateAction", {QX_PAGE(TNGen20UpdateFrame)}},

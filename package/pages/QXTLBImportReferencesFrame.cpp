@@ -9,5 +9,5 @@ TTLBImportReferencesFrame::TTLBImportReferencesFrame()
     Bind(memReferences, &TTLBImportAction::References);
     Bind(chkStrict, &TTLBImportAction::StrictRef);
     Browse(txtRef, FileFilters::AssembliesOnly);
-    AppendOnAccept(txtRef, memReferences);
+    AcceptInto(memReferences, txtRef);
 }

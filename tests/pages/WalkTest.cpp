@@ -13,8 +13,9 @@ const std::map<std::string, TValues> Preconditions = {
     {"TQXRegasmAction.UnregisterTlb", {{"RegAsmMode", "asmUnregister"}}},
 };
 
-/// What a class inherits and does not use: its pages do not show it.
+/// What a class inherits, or keeps for projects that hold it, and does not use: its pages do not show it.
 const std::set<std::string> Unused = {
+    "TNAntAction.PropFile",
     "TGACInstallAction.AssemblyName",    "TGACListAction.AssemblyName",   "TGACListAction.AssemblyPath",
     "TGACListAction.AssemblyListFile",   "TGACListAction.UseListFile",    "TGACListAction.Force",
     "TGACListAction.ReferenceCount",     "TGACListAction.RefScheme",      "TGACListAction.RefID",

@@ -63,7 +63,7 @@ constexpr std::string_view Head = R"(<!DOCTYPE html>
 <meta charset="utf-8"/>
 <meta name="color-scheme" content="light dark"/>
 <title>{}</title>
-<style>h1 {{ font-size: large }} h2 {{ font-size: medium }} pre {{ margin-left: 16px }}</style>
+<style>h1 {{ font-size: large }} h2 {{ font-size: medium }} pre {{ margin-left: 16px; white-space: pre-wrap }}</style>
 </head>
 <body>
 )";

@@ -26,8 +26,8 @@ using THelpPage = std::vector<THelpBlock>;
 /// Written. Without one there is an example at least.
 [[nodiscard]] THelpPage ComposeHelp(const TShownClass& Shown, THelpPage Written);
 
-/// The page of a class with the part that is installed for it, in which a line "<!-- include FILE.md -->" stands for that
-/// file of the folder `help`. Throws EFileError.
+/// The page of a class with the part that is installed for it, in which a line "<!-- include FILE.md -->" stands for
+/// that file of the folder `help`. Throws EFileError.
 [[nodiscard]] THelpPage HelpOf(const TShownClass& Shown);
 
 /// For a terminal: lines of at most so many columns, but for code.

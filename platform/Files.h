@@ -62,6 +62,8 @@ void RemoveLeftovers(std::string_view Folder);
 [[nodiscard]] bool MakePrivateFolder(std::string_view Path);
 /// Deletes a folder with everything in it; what cannot be deleted stays.
 void DeleteTree(const std::string& Folder);
+/// When the content of a file changed, in nanoseconds since the beginning of 1970; 0 if it is not there.
+[[nodiscard]] std::int64_t ChangeTime(std::string_view Path);
 /// A number that changes when names in a folder come, go or are replaced; 0 if it is not there.
 [[nodiscard]] std::int64_t FolderStamp(std::string_view Folder);
 /// Whether a file has no write permission at all, whoever asks.

@@ -1,8 +1,10 @@
 #include "package/compiler/QXCopyLocal.h"
 
 #include "host/QXFiles.h"
+#include "package/compiler/QXCultures.h"
 #include "package/compiler/QXReferencePlaces.h"
 #include "platform/AssemblyMetadata.h"
+#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 
@@ -45,47 +47,82 @@ bool AreSame(const std::string& Left, const std::string& Right)
 
 bool CopyBesideOutput(const TCustomQXAction& Action, const std::string& From, const std::string& To)
 {
-    if (AreSame(From, To))
+    // Programs look for it by its exact name.
+    const bool HasOtherName = Paths::FileName(QXFiles().Spelling(To)) != Paths::FileName(To);
+    if (!HasOtherName && AreSame(From, To))
         return true;
     // A dry run says it in its own words.
     if (!TCustomQXAction::IsDryRun())
         Action.SendMessage("Copying : " + From + " to " + To);
-    const bool Copied = QXFiles().Copy(From, To);
+    const bool Copied = (!HasOtherName || QXFiles().Delete(To)) && QXFiles().Copy(From, To);
     if (!Copied)
         Action.SendMessage("Unable to copy : " + From + " to " + To);
     return Copied;
 }
 
-void TQXCopyLocal::Add(const std::string& Path)
+void TQXCopyLocal::Note(const std::string& Path, bool IsListed)
 {
     if (FNames.insert(Texts::FoldCase(Paths::FileName(Path))).second)
-        FPaths.push_back(Path);
+        FAssemblies.push_back({Path, IsListed});
 }
 
 bool TQXCopyLocal::Copy()
 {
-    for (std::size_t Index = 0; Index < FPaths.size(); ++Index)
+    for (std::size_t Index = 0; Index < FAssemblies.size(); ++Index)
     {
-        const std::string Path = FPaths[Index];
+        const TAssembly Assembly = FAssemblies[Index];
         // An older output of the project beside a library is not to take the place of the new one.
-        if (Texts::Same(Paths::FileName(Path), Paths::FileName(FAction.OutputFile)) || IsOfFramework(Path))
+        if (Texts::Same(Paths::FileName(Assembly.Path), Paths::FileName(FAction.OutputFile)) ||
+            IsOfFramework(Assembly.Path))
             continue;
-        if (!CopyAssembly(Path))
+        if (!CopyAssembly(Assembly))
             return false;
-        AddNeeded(Path);
+        AddNeeded(Assembly.Path);
     }
     return true;
 }
 
-bool TQXCopyLocal::CopyAssembly(const std::string& Path) const
+bool TQXCopyLocal::CopyAssembly(const TAssembly& Assembly) const
 {
-    const std::string Files[] = {Path, Paths::ChangeExtension(Path, ".pdb"), Paths::ChangeExtension(Path, ".xml"),
-                                 Path + ".config"};
-    return std::all_of(std::begin(Files), std::end(Files), [&](const std::string& File) {
-        const std::string Found = QXFiles().FileExists(File) ? QXFiles().Find(File) : "";
-        return Found.empty() ||
-               CopyBesideOutput(FAction, Found, QXFiles().Spelling(FLoad.OutputFolder + Paths::FileName(Found)));
-    });
+    const std::string& Path = Assembly.Path;
+    if (!Assembly.IsListed && IsNewerThere(Path))
+        return true;
+    const std::string Parts[] = {Path, Paths::ChangeExtension(Path, ".pdb"), Path + ".mdb",
+                                 Paths::ChangeExtension(Path, ".xml"), Path + ".config"};
+    return std::all_of(std::begin(Parts), std::end(Parts),
+                       [this](const std::string& File) { return CopyFile(File, FLoad.OutputFolder); }) &&
+           CopySatellites(Path);
+}
+
+bool TQXCopyLocal::CopyFile(const std::string& Path, const std::string& Folder) const
+{
+    const std::string Found = QXFiles().FileExists(Path) ? QXFiles().Find(Path) : "";
+    return Found.empty() || CopyBesideOutput(FAction, Found, Folder + Paths::FileName(Found));
+}
+
+bool TQXCopyLocal::CopySatellites(const std::string& Path) const
+{
+    const std::string Name = Paths::BareName(Path) + ".resources.dll";
+    const std::string Folder = Paths::Folder(Path);
+    for (const std::string& Culture : Files::Enumerate(Folder, "*", Files::TEntryKind::Folders))
+    {
+        const std::string Satellite = Folder + Culture + Paths::Delimiter() + Name;
+        if (CultureOf("x." + Culture + ".resx").empty() || !QXFiles().FileExists(Satellite))
+            continue;
+        const std::string Target = FLoad.OutputFolder + Culture + Paths::Delimiter();
+        if (!QXFiles().ForceFolders(Target) || !CopyFile(Satellite, Target))
+            return false;
+    }
+    return true;
+}
+
+bool TQXCopyLocal::IsNewerThere(const std::string& Path) const
+{
+    const std::string Target = FLoad.OutputFolder + Paths::FileName(Path);
+    if (Files::ChangeTime(Target) <= Files::ChangeTime(Path) || AreSame(Path, Target))
+        return false;
+    FAction.SendMessage("Kept : " + Target + ", which is newer than " + Path);
+    return true;
 }
 
 void TQXCopyLocal::AddNeeded(const std::string& Path)
@@ -100,7 +137,7 @@ void TQXCopyLocal::AddNeeded(const std::string& Path)
             // Names of assemblies lead nowhere else.
             if (const std::string Found = Paths::FileName(Name) == Name ? FindIn(Folders, Name + Extension) : "";
                 !Found.empty())
-                Add(Found);
+                Note(Found, false);
 }
 
 bool TQXCopyLocal::IsOfFramework(const std::string& Path) const

@@ -208,7 +208,7 @@ std::vector<std::string> TQXManagedCompilerAction::GetOutputs()
     std::vector<std::string> Outputs{Paths::Join(Folder, StripQuotes(Typed))};
     // These go where the output is copied.
     if (Project.IsLoaded && FollowsIDE() && Debug != TDotNetDebugOptions::DebugOff)
-        Outputs.push_back(Paths::ChangeExtension(Outputs.front(), ".pdb"));
+        Outputs.push_back(IsMono() ? Outputs.front() + ".mdb" : Paths::ChangeExtension(Outputs.front(), ".pdb"));
     if (Project.IsLoaded && FollowsIDE() && !Project.Documentation.empty())
         Outputs.push_back(Paths::Join(Folder, Project.Documentation));
     return Outputs;

@@ -251,8 +251,8 @@ void TQXReferenceResolver::TellPlaces(const TXmlElement& Reference, const std::s
     TStringList Places = FTried;
     if (Reference.Attribute("Private") == "True")
         Places.Add(FLoad.OutputFolder + Name);
-    if (Reference.HasAttribute("AssemblyFolderKey"))
-        Places.Add(PathByKey(Reference, Name));
+    if (const std::string Key = Reference.Attribute("AssemblyFolderKey"); !Key.empty())
+        Places.Add(FindAssemblyKeyFolder(Key).empty() ? Key + " (not registered)" : PathByKey(Reference, Name));
     if (Reference.HasAttribute("HintPath"))
         Places.Add(ExpandRelativePath(Reference.Attribute("HintPath"), FLoad.Folder));
     if (!Paths::Folder(Path).empty())

@@ -166,9 +166,14 @@ void Files::DeleteTree(const std::string& Folder)
 
 std::int64_t Files::FolderStamp(std::string_view Folder)
 {
+    return ChangeTime(Folder);
+}
+
+std::int64_t Files::ChangeTime(std::string_view Path)
+{
     struct stat Status = {};
     constexpr std::int64_t NanosecondsInSecond = 1'000'000'000;
-    return GetStatus(SystemPath(Folder), Status) ? Status.st_mtim.tv_sec * NanosecondsInSecond + Status.st_mtim.tv_nsec
+    return GetStatus(SystemPath(Path), Status) ? Status.st_mtim.tv_sec * NanosecondsInSecond + Status.st_mtim.tv_nsec
                                                  : 0;
 }
 

@@ -91,7 +91,7 @@ namespace Acme
             System.Resources.ResourceManager Texts = new System.Resources.ResourceManager(typeof(Start));
             foreach (string Culture in new string[] { "de-AT", "fr" })
                 System.Console.WriteLine(Texts.GetString("Text", new System.Globalization.CultureInfo(Culture)));
-            System.Console.WriteLine(Kit.Grid.Name());
+            System.Console.WriteLine(Kit.Name());
         }
     }
 })";
@@ -108,19 +108,19 @@ TEST(RealTools, AProgramThatFollowsTheIDEFindsItsCulturesAndLibraries)
     TRealToolsHost Host;
     if (Host.Runtime.DotNetInfo()->GetVersionCount() == 0)
         GTEST_SKIP() << "Mono is not installed";
-    Host.Folder.Write("deep.cs",
-                      "namespace Kit { public class Deep { public static string Name() { return \"deep\"; } } }");
-    Host.Folder.Write("kit.cs",
-                      "namespace Kit { public class Grid { public static string Name() { return Deep.Name(); } } }");
+    const std::string SDK = Host.Runtime.DotNetInfo()->GetVersionByIndex(0).GetSDKPath();
     Host.Folder.Write("lib/folder");
+    Host.Folder.Write("p/folder");
+    static_cast<void>(Host.Run(SDK + "/sn.exe", "-k p/key.snk"));
+    const std::string Signed = "[assembly: System.Reflection.AssemblyKeyFile(\"p/key.snk\")]\n";
+    Host.Folder.Write("deep.cs", Signed + "public class Deep { public static string Name() { return \"deep\"; } }");
+    Host.Folder.Write("kit.cs", Signed + "public class Kit { public static string Name() { return Deep.Name(); } }");
     Host.Compile("deep.cs", "lib/Deep.dll", "");
     Host.Compile("kit.cs", "lib/Kit.dll", "lib/Deep.dll");
     Host.Folder.Write("p/Start.cs", CultureProgram);
     Host.Folder.Write("p/Start.resx", Resx);
     Host.Folder.Write("p/Start.DE.resx", Texts::Replace(Resx, "from the form", "aus dem Formular"));
     Host.Folder.Write("p/Acme.csproj", CultureProject);
-    const std::string SDK = Host.Runtime.DotNetInfo()->GetVersionByIndex(0).GetSDKPath();
-    static_cast<void>(Host.Run(SDK + "/sn.exe", "-k \"" + Host.Folder.Path() + "/p/key.snk\""));
 
     Host.Settings.FollowsIDE = true;
     const auto Action = Host.Create<TQXManagedCompilerAction>("TQXCSProjCompilerAction");

@@ -82,6 +82,8 @@ constexpr TRow Rows[] = {
     {"TQXNDocAction", {QX_PAGE(TNDOCFrame), QX_PAGE(TNDocDocumenterFrame)}},
     {"TQXResGenAction", {QX_PAGE(TResGenFrame)}},
     {"TQXFxCopOptions", {QX_PAGE(TFxCopOptionsFrame)}},
+    {"TQXFxCopAction",
+     {QX_PAGE(TFrameFxCopTargets), QX_PAGE(TFrameFxCopRules), QX_PAGE(TFrameFxCopOptions), QX_PAGE(TFrameFxCopTypesAndMembers), QX_PAGE(TFrameFxCopAdditional)}},
     {"TQXDotfuscatorOptions", {QX_PAGE(TDotfuscatorOptionsFrame)}},
     {"TQXDotfuscatorAction", {QX_PAGE(TDotfuscatorFrame)}},
     {"TQXDemeanorOptions", {QX_PAGE(TDemeanorOptionsFrame)}},

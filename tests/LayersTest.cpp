@@ -79,7 +79,7 @@ struct TLayer
 const std::vector<TLayer> Layers = {
     {"host", {"host/"}, {}},
     {"platform", {"platform/"}, {"*"}},
-    {"runtime", {"host/", "platform/", "runtime/"}, {"fmt/", "toml++/", "duktape."}},
+    {"runtime", {"host/", "platform/", "runtime/"}, {"fmt/", "toml++/", "duktape.", "nlohmann/"}},
     {"package", {"host/", "platform/", "package/"}, {}},
     {"apps/shared", {"host/", "platform/", "runtime/", "apps/shared/"}, {"fmt/"}},
     {"apps/import", {"host/", "platform/", "runtime/", "apps/import/"}, {"fmt/"}},

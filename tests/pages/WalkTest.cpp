@@ -19,7 +19,7 @@ const std::set<std::string> Unused = {
     "TGACInstallAction.AssemblyName",    "TGACListAction.AssemblyName",   "TGACListAction.AssemblyPath",
     "TGACListAction.AssemblyListFile",   "TGACListAction.UseListFile",    "TGACListAction.Force",
     "TGACListAction.ReferenceCount",     "TGACListAction.RefScheme",      "TGACListAction.RefID",
-    "TGACListAction.RefDescription",
+    "TGACListAction.RefDescription",     "TMSBuildAction.OutputToLog",    "TQXRegasmAction.AsmPath",
 };
 
 /// Pages of a class, without the host's side of them.
@@ -122,6 +122,7 @@ std::vector<TQXPropertyValue> OtherValues(const TQXProperty& Property, const TLo
         break;
     }
     Result.emplace_back("another text");
+    Result.emplace_back("another"); // of a list in a comma text
     for (TPage* Page : Pages.Pages())
         for (TControl* Control : QXAllControls(*Page))
             if (Control->Kind() == TQXControlKind::ComboBox)

@@ -78,7 +78,7 @@ std::string_view CodePages::Name(int Number)
 {
     if (Number == 0)
         return "System default";
-    const auto* Found = std::find_if(std::begin(Table), std::end(Table),
-                                     [=](const TCodePage& Row) { return Row.Number == Number; });
+    const auto* Found =
+        std::find_if(std::begin(Table), std::end(Table), [=](const TCodePage& Row) { return Row.Number == Number; });
     return Found == std::end(Table) ? "Unknown code page" : Found->Name;
 }

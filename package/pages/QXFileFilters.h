@@ -31,5 +31,16 @@ constexpr const char* MSBuildProjects = "Project Files (*.proj; *.csproj; *.vbpr
                                         "*.vjsproj)|*.proj;*.csproj;*.vbproj;*.vjsproj|Text Files (*.txt)|*.txt|All "
                                         "files|*.*";
 constexpr const char* ReportFiles = "Report files (*.xml)|*.xml|All files (*.*)|*.*";
+constexpr const char* XmlFiles = "XML Files (*.xml)|*.xml|All Files (*.*)|*.*";
+constexpr const char* IconFiles = "Icon Files (*.ico)|*.ico|All Files (*.*)|*.*";
+constexpr const char* Win32Resources = "Resource Files (*.res)|*.res|All Files (*.*)|*.*";
+constexpr const char* ResourceFiles =
+    "Resource Files (*.resource)|*.resource|Resources Files (*.resources)|*.resources|All Files (*.*)|*.*";
+constexpr const char* CompactResourceCompiler = "CF ResGen Compiler(CFResGen.exe)|CFResGen.exe";
+constexpr const char* Sources =
+    "C Sharp (*.cs)|*.cs|VB .Net (*.vb)|*.vb|J Sharp (*.jsl)|*.jsl|C++ (*.cpp)|*.cpp|Delphi "
+    ".Net (*.pas)|*.pas|All Files (*.*)|*.*";
+constexpr const char* LanguageProjects = "C# Project Files (*.csproj)|*.csproj|VB.NET Project Files "
+                                         "(*.vbproj)|*.vbproj|J# Project Files (*.vjsproj)|*.vjsproj";
 constexpr const char* AllFiles = "All Files|*.*";
 } // namespace FileFilters

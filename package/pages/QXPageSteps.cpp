@@ -17,6 +17,14 @@ bool ChooseFile(TEdit& Edit, std::string File, std::string_view Filter, std::str
     return true;
 }
 
+bool ChooseFolder(TEdit& Edit, std::string Folder, std::string_view Prompt)
+{
+    if (!QXBrowseForDirectory(Folder, Prompt))
+        return false;
+    Edit.Change(std::move(Folder));
+    return true;
+}
+
 /// Runs the dialog and puts the file that was chosen into the field; true if one was.
 bool PutFile(TEdit& Edit, TQXDialog Dialog)
 {
@@ -64,10 +72,16 @@ bool GetTool(TEdit& Edit, std::string_view Filter)
 
 bool GetFolder(TEdit& Edit, std::string_view Prompt)
 {
-    std::string Folder = Edit.Text;
-    if (!QXBrowseForDirectory(Folder, Prompt))
+    return ChooseFolder(Edit, Edit.Text, Prompt);
+}
+
+bool EditList(TEdit& Edit, const TListEditor& Editor)
+{
+    std::string Text = Edit.Text;
+    if (!EditPathEx(QXDesignApplicationServices(), Text, Editor.Title, Editor.Caption, Editor.Mask, 0, Editor.Separator,
+                    Editor.Option, Editor.IsWords))
         return false;
-    Edit.Change(Folder);
+    Edit.Change(Text);
     return true;
 }
 
@@ -99,6 +113,16 @@ void BrowseTool(TEdit& Edit, std::string_view Filter)
 void BrowseFolder(TEdit& Edit, std::string_view Prompt)
 {
     Edit.OnBrowse = [&Edit, Prompt] { GetFolder(Edit, Prompt); };
+}
+
+void BrowseFolderFromExpanded(TEdit& Edit, std::string_view Prompt)
+{
+    Edit.OnBrowse = [&Edit, Prompt] { ChooseFolder(Edit, ExpandedAtDesignTime(Edit.Text), Prompt); };
+}
+
+void BrowseList(TEdit& Edit, const TListEditor& Editor)
+{
+    Edit.OnBrowse = [&Edit, Editor] { EditList(Edit, Editor); };
 }
 
 void AcceptInto(TMemo& Memo, TEdit& Edit)

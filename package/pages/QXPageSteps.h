@@ -22,6 +22,19 @@ bool GetTool(TEdit& Edit, std::string_view Filter);
 /// For a folder, beginning at the text of the field as it is.
 bool GetFolder(TEdit& Edit, std::string_view Prompt);
 
+/// The editor of a list that stands in one text.
+struct TListEditor
+{
+    std::string_view Title;
+    std::string_view Caption;
+    std::string_view Mask{};
+    std::string_view Separator = ",";
+    int Option = 0;
+    bool IsWords = false;
+};
+/// Edits the list in the field; true if it was confirmed.
+bool EditList(TEdit& Edit, const TListEditor& Editor);
+
 // These give the field a button that takes the step.
 void Browse(TEdit& Edit, std::string_view Filter = {});
 void BrowseByDialog(TEdit& Edit, TQXDialog Dialog);
@@ -29,6 +42,9 @@ void BrowseByDialog(TEdit& Edit, std::string_view Filter = {});
 void BrowseAsIs(TEdit& Edit, std::string_view Filter, std::string_view Title = "Select File");
 void BrowseTool(TEdit& Edit, std::string_view Filter);
 void BrowseFolder(TEdit& Edit, std::string_view Prompt);
+/// Begins at the expanded text of the field.
+void BrowseFolderFromExpanded(TEdit& Edit, std::string_view Prompt);
+void BrowseList(TEdit& Edit, const TListEditor& Editor);
 
 /// Gives the field a button that appends its text to the memo as a line, an empty one too, and empties it.
 void AcceptInto(TMemo& Memo, TEdit& Edit);

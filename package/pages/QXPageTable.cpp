@@ -5,9 +5,18 @@
 #include "package/pages/QXASPNetStrongNameFrame.h"
 #include "package/pages/QXASPNetTargetFrame.h"
 #include "package/pages/QXASPdotNetIISInstallFrame.h"
+#include "package/pages/QXAssemblyInfoUpdaterEntriesFrame.h"
+#include "package/pages/QXAssemblyInfoUpdaterFrame.h"
+#include "package/pages/QXCSharpBuilderPropertyPage.h"
+#include "package/pages/QXCSharpCompilerAssembliesFrame.h"
+#include "package/pages/QXCSharpCompilerDebuggingFrame.h"
+#include "package/pages/QXCSharpCompilerMainFrame.h"
+#include "package/pages/QXCSharpCompilerOptionsFrame.h"
+#include "package/pages/QXCSharpCompilerResourcesFrame.h"
 #include "package/pages/QXDemeanorExcludeFrame.h"
 #include "package/pages/QXDemeanorOptionsFrame.h"
 #include "package/pages/QXDemeanorPEFrame.h"
+#include "package/pages/QXDotNetComRefFrame.h"
 #include "package/pages/QXDotNetOptionsFrame.h"
 #include "package/pages/QXDotfuscatorFrame.h"
 #include "package/pages/QXDotfuscatorOptionsFrame.h"
@@ -20,6 +29,12 @@
 #include "package/pages/QXGACInstallFrame.h"
 #include "package/pages/QXGACListFrame.h"
 #include "package/pages/QXGACUninstallFrame.h"
+#include "package/pages/QXJSharpCompilerAssembliesFrame.h"
+#include "package/pages/QXJSharpCompilerDebuggingFrame.h"
+#include "package/pages/QXJSharpCompilerMainFrame.h"
+#include "package/pages/QXJSharpCompilerOptionsFrame.h"
+#include "package/pages/QXJSharpCompilerResourcesFrame.h"
+#include "package/pages/QXJSharpPropertyPage.h"
 #include "package/pages/QXMSBuildFrame.h"
 #include "package/pages/QXNAntFrame.h"
 #include "package/pages/QXNAntOptionsFrame.h"
@@ -31,6 +46,7 @@
 #include "package/pages/QXNGen20UpdateFrame.h"
 #include "package/pages/QXNUnitActionFrame.h"
 #include "package/pages/QXNUnitOptionsFrame.h"
+#include "package/pages/QXProjectCompilerFrame.h"
 #include "package/pages/QXRegasmActionFrame.h"
 #include "package/pages/QXResGenFrame.h"
 #include "package/pages/QXSNExtractKeyFrame.h"
@@ -44,6 +60,12 @@
 #include "package/pages/QXTLBImportFrame.h"
 #include "package/pages/QXTLBImportReferencesFrame.h"
 #include "package/pages/QXTLBImportSNFrame.h"
+#include "package/pages/QXVBDOTNETCompilerMainFrame.h"
+#include "package/pages/QXVBDotNetCompilerAssembliesFrame.h"
+#include "package/pages/QXVBDotNetCompilerOptionsFrame.h"
+#include "package/pages/QXVBDotNetCompilerResourcesFrame.h"
+#include "package/pages/QXVBDotNetDebuggingFrame.h"
+#include "package/pages/QXVBProjPropertyPage.h"
 #include "package/pages/QXXenoCodeFrame.h"
 #include "package/pages/QXXenoCodeOptionsFrame.h"
 
@@ -64,6 +86,28 @@ struct TRow
 // clang-format off
 constexpr TRow Rows[] = {
     {"TQXDotNetOptions", {QX_PAGE(TDotNetOptionsFrame)}},
+    {"TQXAssemblyInfoUpdaterAction", {QX_PAGE(TAssemblyInfoUpdaterFrame), QX_PAGE(TAssemblyInfoUpdaterEntriesFrame)}},
+    {"TQXCSharpCompilerAction",
+     {QX_PAGE(TCSharpCompilerMainFrame),
+      QX_PAGE(TCSharpCompilerOptionsFrame),
+      QX_PAGE(TCSharpCompilerDebuggingFrame),
+      QX_PAGE(TCSharpCompilerAssembliesFrame),
+      QX_PAGE(TCSharpCompilerResourcesFrame)}},
+    {"TQXCSProjCompilerAction", {QX_PAGE(TProjectCompilerFrame)}},
+    {"TQXVBDotNetCompilerAction",
+     {QX_PAGE(TVBDOTNETCompilerMainFrame),
+      QX_PAGE(TVBDotNetCompilerOptionsFrame),
+      QX_PAGE(TVBDotNetDebuggingFrame),
+      QX_PAGE(TVBDotNetCompilerAssembliesFrame),
+      QX_PAGE(TVBDotNetCompilerResourcesFrame)}},
+    {"TQXVBProjCompilerAction", {QX_PAGE(TVBProjPropertyPage)}},
+    {"TQXJSharpCompilerAction",
+     {QX_PAGE(TJSharpCompilerMainFrame),
+      QX_PAGE(TJSharpCompilerOptionsFrame),
+      QX_PAGE(TJSharpCompilerDebuggingFrame),
+      QX_PAGE(TJSharpCompilerAssembliesFrame),
+      QX_PAGE(TJSharpCompilerResourcesFrame)}},
+    {"TQXJSProjCompilerAction", {QX_PAGE(TJSharpPropertyPage)}},
     {"TSNGenerateKeyPair", {QX_PAGE(TSNGenerateKeyPairFrame)}},
     {"TSNVerifyAssembly", {QX_PAGE(TSNVerifySNFrame)}},
     {"TSNInstallKeyPair", {QX_PAGE(TSNInstallKeyPairFrame)}},
@@ -74,6 +118,7 @@ constexpr TRow Rows[] = {
     {"TSNGenericSN", {QX_PAGE(TSNGenericFrame)}},
     {"TALGenericAL", {QX_PAGE(TALGenericFrame)}},
     {"TMSBuildAction", {QX_PAGE(TMSBuildFrame)}},
+    {"TQXBorlandCSBuilderProjCompilerAction", {QX_PAGE(TCSharpBuilderPropertyPage)}},
     {"TQXNUnitOptions", {QX_PAGE(TNUnitOptionsFrame)}},
     {"TQXNUnitAction", {QX_PAGE(TNUnitActionFrame)}},
     {"TQXNAntOptions", {QX_PAGE(TNAntOptionsFrame)}},
@@ -90,6 +135,7 @@ constexpr TRow Rows[] = {
     {"TQXDemeanorAction", {QX_PAGE(TDemeanorPEFrame), QX_PAGE(TDemeanorExcludeFrame)}},
     {"TQXXenoCodeOptions", {QX_PAGE(TXenoCodeOptionsFrame)}},
     {"TQXXenoCodeAction", {QX_PAGE(TXenoCodeFrame)}},
+    {"TQXDotNetComReferenceFixAction", {QX_PAGE(TDotNetComRefFrame)}},
     {"TQXNGen20InstallAction", {QX_PAGE(TNGen20AssemblyFrame), QX_PAGE(TNGen20OptionsFrame)}},
     {"TQXNGen20UninstallAction", {QX_PAGE(TNGen20AssemblyFrame), QX_PAGE(TNGen20OptionsFrame)}},
     {"TQXNGen20UpdateAction", {QX_PAGE(TNGen20UpdateFrame)}},

@@ -125,7 +125,7 @@ std::vector<TQXPropertyValue> OtherValues(const TQXProperty& Property, const TLo
         break;
     }
     Result.emplace_back("another text");
-    Result.emplace_back("another"); // of a list in a comma text
+    Result.emplace_back("a,comma,text");
     for (TPage* Page : Pages.Pages())
         for (TControl* Control : QXAllControls(*Page))
             if (Control->Kind() == TQXControlKind::ComboBox)

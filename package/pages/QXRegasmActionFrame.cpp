@@ -19,8 +19,8 @@ TQXRegasmActionFrame::TQXRegasmActionFrame()
     Browse(txtTlbFile, FileFilters::TypeLibraryFile);
     Browse(txtAssemblyPath, FileFilters::Assembly);
     ExcludeEachOther(cbGenRegFile, cbTlb);
-    rbAssemblyReg.OnClick = [this] { FitToRadioButtons(); };
-    rbUnreg.OnClick = [this] { FitToRadioButtons(); };
+    rbAssemblyReg.OnClick = rbUnreg.OnClick = [this] { FWasClicked = true; };
+    AddRule([this] { FitToRadioButtons(); });
 }
 
 void TQXRegasmActionFrame::BindMode()
@@ -53,6 +53,8 @@ TRegAsmMode TQXRegasmActionFrame::ShownMode() const
 
 void TQXRegasmActionFrame::FitToRadioButtons()
 {
+    if (!FWasClicked)
+        return;
     cbGenRegFile.Enabled = !rbUnreg.IsChecked();
     txtRegFile.Enabled = cbGenRegFile.Enabled;
     cbTlb.Caption =

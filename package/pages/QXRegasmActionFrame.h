@@ -28,4 +28,5 @@ private:
     void ShowMode(TRegAsmMode Mode);
     [[nodiscard]] TRegAsmMode ShownMode() const;
     void FitToRadioButtons();
+    bool FWasClicked = false; ///< before, captions and boxes are as on a new page whatever is read
 };

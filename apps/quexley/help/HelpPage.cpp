@@ -14,7 +14,7 @@
 
 namespace
 {
-std::string AsSentence(std::string Text)
+std::string AsSentence(const std::string& Text)
 {
     return Text.empty() || Text.ends_with('.') ? Text : Text + '.';
 }

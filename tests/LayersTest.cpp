@@ -63,10 +63,10 @@ bool StartsWithAny(const std::string& Text, const std::vector<std::string>& Pref
                        [&](const std::string& Prefix) { return Text.starts_with(Prefix); });
 }
 
-/// A header of the language's library has neither a folder nor an extension.
+/// A header of the language's library has neither a folder nor an extension; those of Qt begin with a capital.
 bool IsStandard(const std::string& Header)
 {
-    return Header.find_first_of("./") == std::string::npos;
+    return Header.find_first_of("./") == std::string::npos && !Header.starts_with('Q');
 }
 
 struct TLayer
@@ -86,6 +86,7 @@ const std::vector<TLayer> Layers = {
     {"apps/quexley",
      {"host/", "platform/", "runtime/", "apps/shared/", "apps/import/", "apps/quexley/"},
      {"fmt/", "CLI/", "nlohmann/"}},
+    {"apps/designer", {"host/", "platform/", "runtime/", "apps/shared/", "apps/designer/"}, {"Q"}},
 };
 
 /// Libraries that one place alone knows.
@@ -94,6 +95,7 @@ const std::vector<std::pair<std::string, std::string>> Rooms = {
     {"duktape.", "runtime/scripting/"},
     {"libxml/", "platform/Xml"},
     {"uv.h", "platform/"},
+    {"Q", "apps/designer/"},
 };
 
 /// What systems differ in, by which it is called.

@@ -1,0 +1,161 @@
+#include "apps/designer/document/FileCommands.h"
+
+#include "apps/designer/QtText.h"
+#include "apps/designer/dialogs/FileDialogs.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QSettings>
+
+namespace
+{
+const QString RecentKey = QStringLiteral("recent");
+constexpr int RecentCount = 10;
+
+TFileQuestion Question(const QString& Title, bool IsSaving)
+{
+    return {.Title = Title,
+            .Filter = TFileCommands::tr("Project Files (*.toml)|*.toml|All Files (*)|*"),
+            .Extension = QStringLiteral("toml"),
+            .IsSaving = IsSaving,
+            .MustExist = !IsSaving};
+}
+} // namespace
+
+TFileCommands::TFileCommands(QWidget& Window, TProjectDocument& Document, TMessageBar& Bar)
+    : FWindow(Window), FDocument(Document), FBar(Bar)
+{
+    connect(&FWatch, &TFileWatch::Changed, this, &TFileCommands::LookAtDisk);
+    connect(&FDocument, &TProjectDocument::Replaced, this, &TFileCommands::WatchFiles);
+}
+
+/// Does something with files and shows why it failed.
+template <typename TDo> bool TFileCommands::Try(TDo Do)
+try
+{
+    Do();
+    return true;
+}
+catch (const std::exception& Error) // EHostFileError and EFileError, which name file and reason
+{
+    QMessageBox::critical(&FWindow, QApplication::applicationDisplayName(), ToQt(Error.what()));
+    return false;
+}
+
+bool TFileCommands::MayLeave()
+{
+    if (!FDocument.IsModified())
+        return true;
+    const auto Answer = QMessageBox::question(
+        &FWindow, QApplication::applicationDisplayName(),
+        tr("The project \"%1\" has changes that are not saved.").arg(ToQt(FDocument.Project().Name)),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+    return Answer == QMessageBox::Discard || (Answer == QMessageBox::Save && Save());
+}
+
+void TFileCommands::StartNew()
+{
+    if (!MayLeave())
+        return;
+    FDocument.StartNew();
+    emit Opened();
+}
+
+void TFileCommands::AskOpen()
+{
+    std::string File = FDocument.HasFile() ? FDocument.File() : std::string();
+    if (FileDialogs::AskForFile(&FWindow, Question(tr("Open Project"), false), File))
+        Open(ToQt(File));
+}
+
+bool TFileCommands::Open(const QString& File)
+{
+    if (!MayLeave() || !Try([&] { FDocument.Open(FromQt(File)); }))
+        return false;
+    FBar.hide();
+    Remember();
+    emit Opened();
+    return true;
+}
+
+bool TFileCommands::Save()
+{
+    if (!FDocument.HasFile())
+        return SaveAs();
+    if (FDocument.IsOtherOnDisk() &&
+        QMessageBox::question(&FWindow, QApplication::applicationDisplayName(),
+                              tr("Another program has changed \"%1\". Save over it?").arg(ToQt(FDocument.File()))) !=
+            QMessageBox::Yes)
+        return false;
+    if (!Try([&] { FDocument.Save(); }))
+        return false;
+    FBar.hide();
+    emit Told(tr("Saved"));
+    return true;
+}
+
+bool TFileCommands::SaveAs()
+{
+    std::string File = FDocument.Project().File;
+    if (!FileDialogs::AskForFile(&FWindow, Question(tr("Save Project As"), true), File) ||
+        !Try([&] { FDocument.SaveAs(File); }))
+        return false;
+    Remember();
+    emit Told(tr("Saved as %1").arg(ToQt(FDocument.File())));
+    return true;
+}
+
+QStringList TFileCommands::Recent()
+{
+    return QSettings().value(RecentKey).toStringList();
+}
+
+void TFileCommands::Remember()
+{
+    QStringList Files = Recent();
+    Files.removeAll(ToQt(FDocument.File()));
+    Files.prepend(ToQt(FDocument.File()));
+    QSettings().setValue(RecentKey, Files.mid(0, RecentCount));
+}
+
+void TFileCommands::ShowRecent(QMenu& Menu)
+{
+    connect(&Menu, &QMenu::aboutToShow, this, [this, &Menu] {
+        Menu.clear();
+        int Number = 0;
+        for (const QString& File : Recent())
+        {
+            QAction* Action = Menu.addAction(QStringLiteral("&%1  %2").arg(++Number % RecentCount).arg(File));
+            connect(Action, &QAction::triggered, this, [this, File] { Open(File); });
+        }
+        if (Number == 0)
+            Menu.addAction(tr("None yet"))->setEnabled(false);
+    });
+}
+
+void TFileCommands::WatchFiles()
+{
+    QStringList Files;
+    if (FDocument.HasFile())
+        for (const std::string& File : FDocument.Project().FileNames())
+            Files.append(ToQt(File));
+    Files.removeDuplicates();
+    FWatch.SetFiles(Files);
+}
+
+void TFileCommands::LookAtDisk()
+{
+    if (!FDocument.IsOtherOnDisk())
+        return;
+    FBar.Ask(
+        tr("Another program has changed \"%1\".").arg(ToQt(Paths::FileName(FDocument.File()))), tr("&Reload"),
+        [this] { TakeFromDisk(); }, tr("&Keep Mine"), [this] { FDocument.KeepMine(); });
+}
+
+void TFileCommands::TakeFromDisk()
+{
+    if (Try([&] { FDocument.TakeFromDisk(); }))
+        emit Told(tr("Reloaded; what was there before can be had back by Undo"));
+}

@@ -1,0 +1,137 @@
+#include "apps/designer/pages/PageTabs.h"
+
+#include "apps/designer/QtText.h"
+
+#include <QScrollArea>
+
+namespace
+{
+/// A name without what people leave out: case, blanks and marks.
+QString Normal(const QString& Name)
+{
+    QString Result;
+    for (const QChar Letter : Name)
+        if (Letter.isLetterOrNumber())
+            Result += Letter.toLower();
+    return Result;
+}
+
+bool IsSame(std::string_view Name, const QString& Label)
+{
+    return !Name.empty() && Normal(ToQt(Name)) == Normal(Label);
+}
+} // namespace
+
+TPageTabs::TPageTabs(QTabWidget& Tabs, TCustomQXAction& Action, std::span<const TQXPageClass> Classes, TShorten Shorten,
+                     bool IsReadOnly)
+    : FTabs(Tabs), FObject(Action), FSet(std::make_unique<TPageSet>(Action, Classes)), FUser([this] { AfterAct(); })
+{
+    Fill(std::move(Shorten), IsReadOnly);
+}
+
+TPageTabs::TPageTabs(QTabWidget& Tabs, TQXOptionsObject& Options, std::span<const TQXPageClass> Classes)
+    : FTabs(Tabs), FObject(Options), FSet(std::make_unique<TPageSet>(Options, Classes)), FUser([this] { AfterAct(); })
+{
+    Fill({}, false);
+}
+
+TPageTabs::~TPageTabs()
+{
+    for (int Page = 0; Page < Count(); ++Page)
+    {
+        QWidget* Tab = FTabs.widget(0);
+        FTabs.removeTab(0);
+        Tab->hide();
+        Tab->deleteLater();
+    }
+}
+
+void TPageTabs::Fill(TShorten Shorten, bool IsReadOnly)
+{
+    FSet->Read();
+    for (std::size_t Page = 0; Page < FSet->Count(); ++Page)
+    {
+        auto* View = new TSurfaceView(FSet->Page(Page), FUser, Shorten);
+        View->setEnabled(!IsReadOnly);
+        View->Sync();
+        FViews.push_back(View);
+        auto* Area = new QScrollArea;
+        Area->setWidget(View);
+        Area->setWidgetResizable(true);
+        Area->setFrameShape(QFrame::NoFrame);
+        const std::string Name = FSet->PageName(Page);
+        FTabs.insertTab(static_cast<int>(Page), Area, Name.empty() ? tr("General") : ToQt(Name));
+    }
+}
+
+void TPageTabs::AfterAct()
+{
+    FSet->ApplyRules();
+    for (TSurfaceView* View : FViews)
+        View->Sync();
+    FSet->Write();
+    emit Changed(FocusedControl());
+}
+
+void TPageTabs::Read()
+{
+    FSet->Read();
+    for (TSurfaceView* View : FViews)
+        View->Sync();
+}
+
+void TPageTabs::Activate(int Page)
+{
+    if (Page < 0 || Page >= Count())
+        return;
+    FSet->Activate(static_cast<std::size_t>(Page));
+    View(Page).Sync();
+}
+
+QString TPageTabs::FocusedControl() const
+{
+    for (const TSurfaceView* View : FViews)
+        if (const TControlView* Focused = View->Focused())
+            return ToQt(Focused->Control().Name());
+    return {};
+}
+
+void TPageTabs::Focus(const QString& Control)
+{
+    for (int Page = 0; Page < Count(); ++Page)
+        if (TControlView* Found = View(Page).Find(FromQt(Control)))
+        {
+            FTabs.setCurrentIndex(Page);
+            Found->Field().setFocus(Qt::OtherFocusReason);
+            return;
+        }
+}
+
+bool TPageTabs::IsKnownAs(const TPage& Page, const TControl& Control, const QString& Label) const
+{
+    if (Control.Kind() != TQXControlKind::Label && IsSame(Control.Caption, Label))
+        return true;
+    for (const TQXBinding& Binding : Page.Bindings())
+    {
+        const void* Member = Binding.Control == &Control ? Binding.Member(FObject) : nullptr;
+        const TQXProperty* Property = Member ? FObject.FindMember(Member) : nullptr;
+        if (Property && (IsSame(Property->Name, Label) || IsSame(Property->AliasText, Label)))
+            return true;
+    }
+    return false;
+}
+
+bool TPageTabs::Find(const QString& Label)
+{
+    for (int Page = 0; Page < Count(); ++Page)
+    {
+        const TPage& Shown = FSet->Page(static_cast<std::size_t>(Page));
+        for (const TControl* Control : QXAllControls(Shown))
+            if (IsKnownAs(Shown, *Control, Label))
+            {
+                Focus(ToQt(Control->Name()));
+                return true;
+            }
+    }
+    return false;
+}

@@ -1,0 +1,194 @@
+#include "apps/designer/QtText.h"
+#include "apps/designer/editors/PropertyGrid.h"
+#include "apps/designer/options/OptionsDialog.h"
+#include "platform/Files.h"
+#include "runtime/Runtime.h"
+#include "tests/designer/DesignerTest.h"
+#include "tests/designer/SamplePage.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QSpinBox>
+#include <QTest>
+
+namespace
+{
+class PropertyGrid : public testing::Test
+{
+protected:
+    PropertyGrid()
+    {
+        Grid.Show(&Action, std::make_unique<TSamplePageAction>(), "TSamplePageAction", {"Secret"}, false);
+        Grid.resize(500, 500);
+        Grid.show();
+        QApplication::setActiveWindow(&Grid);
+        QObject::connect(&Grid, &TPropertyGrid::Changed, [this](const QString& Name) { Changes.append(Name); });
+    }
+    /// Opens the editor of a property by the key for it.
+    template <typename T> T& Edit(const char* Name)
+    {
+        EXPECT_TRUE(Grid.Select(Name));
+        QTest::keyClick(&Grid.View(), Qt::Key_F2);
+        T* Editor = Grid.View().viewport()->findChild<T*>();
+        if (!Editor)
+            throw std::logic_error(Name);
+        return *Editor;
+    }
+    QString Shown(const char* Name)
+    {
+        return Grid.Model().index(Grid.Model().RowOf(Name), TPropertyModel::ValueColumn).data().toString();
+    }
+    TSamplePageAction Action;
+    TPropertyGrid Grid;
+    QStringList Changes;
+};
+
+class DesignerPanes : public TDesignerTest
+{
+};
+} // namespace
+
+TEST_F(PropertyGrid, EditsEachTypeByTheKeyboard)
+{
+    EXPECT_FALSE(Grid.Select("Secret")) << "hidden ones have no row";
+    QLineEdit& Text = Edit<QLineEdit>("Text");
+    QTest::keyClicks(&Text, "abc");
+    QTest::keyClick(&Text, Qt::Key_Return);
+    EXPECT_EQ(Action.Text, "abc");
+    QSpinBox& Number = Edit<QSpinBox>("Number");
+    QTest::keyClicks(&Number, "12");
+    QTest::keyClick(&Number, Qt::Key_Return);
+    EXPECT_EQ(Action.Number, 12);
+    QComboBox& Kind = Edit<QComboBox>("Kind");
+    QTest::keyClick(&Kind, Qt::Key_Down);
+    QTest::keyClick(&Kind, Qt::Key_Return);
+    EXPECT_EQ(Action.Kind, skTwo);
+    ASSERT_TRUE(Grid.Select("Flag"));
+    QTest::keyClick(&Grid.View(), Qt::Key_Space);
+    EXPECT_TRUE(Action.Flag);
+    EXPECT_EQ(Changes.join(' '), "Text Number Kind Flag");
+    QTest::keySequence(&Grid.View(), QKeySequence("Ctrl+Backspace"));
+    EXPECT_FALSE(Action.Flag) << "its default is back";
+}
+
+TEST_F(PropertyGrid, ShowsListsAndKeepsTheirLines)
+{
+    Action.Lines = {"a", "b"};
+    Action.List = "x;y";
+    Grid.Refresh();
+    EXPECT_EQ(Shown("Lines"), "a; b");
+    EXPECT_EQ(Shown("List"), "x;y");
+    QLineEdit& Lines = Edit<QLineEdit>("Lines");
+    EXPECT_TRUE(Lines.isReadOnly()) << "several lines are edited in a dialog";
+    QTest::keyClick(&Lines, Qt::Key_Return);
+    EXPECT_EQ(Action.Lines, (TStringList{"a", "b"}));
+    EXPECT_TRUE(Changes.isEmpty());
+    EXPECT_FALSE(Grid.Model().IsDefault(Grid.Model().RowOf("Lines")));
+}
+
+TEST_F(DesignerPanes, VariablesAreAddedRenamedAndRefused)
+{
+    Open("[project]\nsecrets = ['Password']\n[variables]\nPassword = 'x'\n");
+    TVariablesModel& Variables = Window().ProjectPane().Variables();
+    EXPECT_EQ(Variables.index(0, TVariablesModel::ValueColumn).data().toString(), "***");
+    const int Row = Variables.Add();
+    EXPECT_TRUE(Variables.setData(Variables.index(Row, 0), "Config", Qt::EditRole));
+    EXPECT_TRUE(Variables.setData(Variables.index(Row, 1), "Release", Qt::EditRole));
+    EXPECT_FALSE(Variables.setData(Variables.index(Row, 0), "a b", Qt::EditRole));
+    EXPECT_TRUE(Window().Bar().isVisible()) << "no file could hold that name";
+    EXPECT_FALSE(Variables.setData(Variables.index(Row, 0), "PASSWORD", Qt::EditRole));
+    EXPECT_TRUE(Variables.setData(Variables.index(0, 0), "Secret", Qt::EditRole));
+    EXPECT_EQ(Document().Text(),
+              "[project]\nsecrets = [\"Secret\"]\n[variables]\nSecret = \"x\"\nConfig = \"Release\"\n");
+    Variables.Remove(0);
+    Document().Undo();
+    Document().Undo();
+    EXPECT_THAT(Document().Text(), testing::HasSubstr("Password = 'x'"));
+}
+
+TEST_F(DesignerPanes, ScriptsAreEditedCheckedAndUndone)
+{
+    const std::string Text = "[[action]]\ntype = \"TQXCSProjCompilerAction\"\nProjectFile = \"a.csproj\"\n";
+    Open(Text);
+    Window().List().Select({0});
+    TScriptPane& Scripts = Window().ActionPane().ActionScripts();
+    Window().ActionPane().setCurrentWidget(&Scripts);
+    QTest::keyClicks(&Scripts.Editor(), "var a = 1;\nvar = 2;");
+    ASSERT_TRUE(WaitUntil([&] { return !Scripts.Editor().extraSelections().isEmpty(); })) << "the wrong line is marked";
+    EXPECT_EQ(Scripts.Editor().extraSelections()[0].cursor.blockNumber(), 1);
+    EXPECT_THAT(Document().Text(), testing::HasSubstr("var a = 1;\nvar = 2;"));
+    Window().Validate();
+    EXPECT_EQ(Window().Problems().Problems().size(), 1U);
+    QTest::keyClick(&Window().Problems(), Qt::Key_Return);
+    EXPECT_TRUE(Scripts.isVisible());
+    while (Document().Steps().canUndo())
+        Document().Undo();
+    EXPECT_EQ(Document().Text(), Text);
+    EXPECT_EQ(Scripts.Editor().toPlainText(), "");
+}
+
+TEST_F(DesignerPanes, OptionsAreStoredOrPutBack)
+{
+    TQXRuntime& Runtime = TQXRuntime::Current();
+    const std::string File = Folder() / "options.toml";
+    const auto Change = [&](const char* Value, bool Accept) {
+        TOptionsDialog Dialog(&Window(), Runtime);
+        TQXOptionsObject* Object = Runtime.OptionsServices().GetOptions("Microsoft.NET", "NUnit");
+        ASSERT_NE(Object, nullptr);
+        Object->FindProperty("NUnitLocation")->Write(std::string(Value));
+        Accept ? Dialog.accept() : Dialog.reject();
+    };
+    Change("/never", false);
+    EXPECT_FALSE(Files::FileExists(File)) << "nothing changed";
+    Folder().Write("options.toml", "# mine\n[Other]\na = 1\n");
+    Change("/bin/nunit", true);
+    EXPECT_THAT(Folder().Read("options.toml"), testing::HasSubstr("# mine\n[Other]\na = 1\n"));
+    EXPECT_THAT(Folder().Read("options.toml"), testing::HasSubstr("/bin/nunit"));
+}
+
+TEST_F(DesignerPanes, ThePaletteIsNarrowedByWords)
+{
+    TPaletteTree& Tree = Window().Palette().Tree();
+    const auto Shown = [&] {
+        int Count = 0;
+        for (QTreeWidgetItemIterator Item(&Tree, QTreeWidgetItemIterator::NotHidden); *Item; ++Item)
+            Count += (*Item)->childCount() == 0 ? 1 : 0;
+        return Count;
+    };
+    const int All = Shown();
+    EXPECT_GE(All, 36);
+    Type("search", "gac in");
+    EXPECT_LT(Shown(), All);
+    EXPECT_GT(Shown(), 0);
+    Press("search", "Down");
+    EXPECT_TRUE(Tree.hasFocus());
+    Press("palette", "Return");
+    EXPECT_EQ(Document().Count(), 1);
+    Type("search", "no such action");
+    EXPECT_EQ(Shown(), 0);
+    Press("search", "Return");
+    EXPECT_EQ(Document().Count(), 1);
+}
+
+TEST_F(DesignerPanes, ActionsGoThroughTheClipboardAndBetweenPlaces)
+{
+    Open("[[action]]\ntype = 'TGACListAction'\nname = 'a'\n\n[[action]]\ntype = 'TGACListAction'\nname = 'b'\n");
+    Window().List().Select({0});
+    Press("list", "Ctrl+C");
+    Window().List().Select({1});
+    Press("list", "Ctrl+V");
+    ASSERT_EQ(Document().Count(), 3);
+    EXPECT_EQ(Document().Project().Actions[2].Name, "a");
+    TActionListModel& Model = Window().List().Model();
+    const std::unique_ptr<QMimeData> Dragged(Model.mimeData({Model.index(3, 0)}));
+    EXPECT_TRUE(Model.dropMimeData(Dragged.get(), Qt::MoveAction, 1, 0, {}));
+    EXPECT_EQ(Document().Project().Actions[0].Name, "a");
+    EXPECT_EQ(Window().List().Selected(), TPlaces{0});
+    Document().Undo();
+    Document().Undo();
+    EXPECT_EQ(Document().Count(), 2);
+}

@@ -1,0 +1,104 @@
+#include "apps/designer/QtText.h"
+#include "tests/designer/DesignerTest.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <algorithm>
+#include <filesystem>
+
+namespace
+{
+class DesignerRun : public TDesignerTest
+{
+protected:
+    /// A project whose one action runs a script as its tool.
+    void OpenWithTool(const std::string& Script)
+    {
+        const std::string Tool = Folder().Write("tool", "#!/bin/sh\n" + Script);
+        std::filesystem::permissions(Tool, std::filesystem::perms::owner_all);
+        Folder().Write("options.toml", "[NUnit]\nNUnitLocation = '" + Tool + "'\n");
+        Open("[[action]]\ntype = 'TQXNUnitAction'\nUseProjectFile = false\nAssemblies = ['a.dll']\n");
+    }
+    void RunToEnd()
+    {
+        Window().Run(TRunController::TKind::Run, TRunController::TScope::All);
+        ASSERT_TRUE(WaitUntil([&] { return !Window().Runs().IsRunning(); }));
+    }
+    /// What the log says, and what kind of line it is.
+    std::vector<std::pair<TLogLine::TKind, std::string>> Log()
+    {
+        std::vector<std::pair<TLogLine::TKind, std::string>> Lines;
+        const TLogBuffer& Buffer = Window().RunPanel().Log().Lines();
+        for (int Line = 0; Line < Buffer.Count(); ++Line)
+            Lines.emplace_back(Buffer[Line].Kind, FromQt(Buffer[Line].Text));
+        return Lines;
+    }
+    bool LogHas(TLogLine::TKind Kind, const std::string& Text)
+    {
+        const auto Lines = Log();
+        return std::find(Lines.begin(), Lines.end(), std::pair(Kind, Text)) != Lines.end();
+    }
+};
+
+/// The resident memory of this process, in MiB.
+std::size_t MemoryInUse()
+{
+    std::ifstream Stream("/proc/self/statm");
+    std::size_t Pages = 0;
+    Stream >> Pages >> Pages;
+    return Pages * 4096 / (1024 * 1024);
+}
+} // namespace
+
+TEST_F(DesignerRun, ShowsTheLogAndWhereItFailed)
+{
+    OpenWithTool("echo building\necho \"a.cs(3,7): error CS1002: ; expected\"\nexit 3\n");
+    Window().List().Select({0});
+    Window().List().ToggleEnabled();
+    Window().List().ToggleEnabled();
+    Document().Undo();
+    Document().Undo();
+    RunToEnd();
+    EXPECT_TRUE(LogHas(TLogLine::TKind::Output, "building"));
+    EXPECT_TRUE(LogHas(TLogLine::TKind::Error, "a.cs(3,7): error CS1002: ; expected"));
+    ASSERT_FALSE(Window().Problems().Problems().empty());
+    EXPECT_EQ(Window().Problems().Problems()[0].Action, 1);
+    EXPECT_TRUE(Window().List().Model().index(1, TActionListModel::StateColumn).data().toString().startsWith("failed"));
+    Window().List().Select({});
+    Window().RunPanel().Log().FindProblem(1);
+    Window().RunPanel().Log().setFocus();
+    Command("Return");
+    EXPECT_EQ(Window().List().Current(), 0) << "an error leads to its action";
+}
+
+TEST_F(DesignerRun, StopsATool)
+{
+    OpenWithTool("echo started\nexec sleep 1000\n");
+    Window().Run(TRunController::TKind::Run, TRunController::TScope::All);
+    ASSERT_TRUE(WaitUntil([&] { return LogHas(TLogLine::TKind::Output, "started"); }));
+    Window().Runs().Stop();
+    ASSERT_TRUE(WaitUntil([&] { return !Window().Runs().IsRunning(); }));
+    EXPECT_EQ(Window().List().Model().index(1, TActionListModel::StateColumn).data().toString(), QString("ended"));
+}
+
+TEST_F(DesignerRun, AMillionLinesLeaveTheWindowAtHandAndMemoryBounded)
+{
+    OpenWithTool("seq -f 'line %.0f of a tool that says a lot about very little' 1000000\n");
+    const std::size_t Before = MemoryInUse();
+    QElapsedTimer SinceBeat;
+    SinceBeat.start();
+    qint64 LongestGap = 0;
+    QTimer Beat;
+    Beat.setInterval(5);
+    QObject::connect(&Beat, &QTimer::timeout, [&] { LongestGap = std::max(LongestGap, SinceBeat.restart()); });
+    Beat.start();
+    RunToEnd();
+    const TLogBuffer& Lines = Window().RunPanel().Log().Lines();
+    EXPECT_EQ(static_cast<std::size_t>(Lines.Count()), TLogBuffer::MaximumLines);
+    EXPECT_GT(Lines.Gone(), 900'000);
+    EXPECT_LT(LongestGap, 100);
+    EXPECT_LT(MemoryInUse() - Before, 150U);
+    RecordProperty("LongestGap", static_cast<int>(LongestGap));
+}

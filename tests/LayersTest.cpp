@@ -86,7 +86,7 @@ const std::vector<TLayer> Layers = {
     {"apps/quexley",
      {"host/", "platform/", "runtime/", "apps/shared/", "apps/import/", "apps/quexley/"},
      {"fmt/", "CLI/", "nlohmann/"}},
-    {"apps/designer", {"host/", "platform/", "runtime/", "apps/shared/", "apps/designer/"}, {"Q"}},
+    {"apps/designer", {"host/", "platform/", "runtime/", "apps/shared/", "apps/import/", "apps/designer/"}, {"Q"}},
 };
 
 /// Libraries that one place alone knows.

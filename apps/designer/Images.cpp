@@ -1,9 +1,10 @@
 #include "apps/designer/Images.h"
 
 #include "apps/designer/QtText.h"
+#include "host/QXUtilities.h"
+#include "platform/Files.h"
 
 #include <QApplication>
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QStyle>
 
@@ -11,7 +12,9 @@ namespace Images
 {
 QString SharedFile(const QString& Name)
 {
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/../share/quexley/") + Name;
+    const std::string File = QXShareFolder() + "/" + FromQt(Name);
+    const std::string Found = Files::Find(File);
+    return ToQt(Found.empty() ? File : Found);
 }
 
 QIcon Find(std::string_view Name)

@@ -10,6 +10,6 @@ namespace Images
 {
 /// The image of this registered name; a plain one if there is none.
 [[nodiscard]] QIcon Find(std::string_view Name);
-/// What is installed for all systems: "help/Plugins/X.html".
+/// A file that is installed for the programs to read, as "help/Plugins/X.html"; found ignoring case.
 [[nodiscard]] QString SharedFile(const QString& Name);
 } // namespace Images

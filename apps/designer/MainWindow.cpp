@@ -64,8 +64,13 @@ TMainWindow::~TMainWindow()
     FDocument.disconnect(this);
     FDocument.Steps().disconnect(this);
     FRuntime.SetDesignServices(nullptr);
-    // The pages go before the project whose actions they show.
+    // Everything that looks at the project goes before it, and what widgets tell on their way is not asked for.
+    qApp->removeEventFilter(this);
+    hide();
+    delete FRuns;
+    delete FFiles;
     delete takeCentralWidget();
+    qDeleteAll(findChildren<QDockWidget*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
 QDockWidget* TMainWindow::AddDock(const QString& Name, const QString& Title, QWidget* Content, Qt::DockWidgetArea Area)
@@ -131,6 +136,12 @@ void TMainWindow::ConnectParts()
         FList->Model().ClearStates();
         FProblems->Clear();
         FList->Select({});
+    });
+    connect(FFiles, &TFileCommands::Noted, this, [this](const QStringList& Notes) {
+        for (const QString& Note : Notes)
+            FProblems->Add({{false, 0, {}, {}, Note}});
+        if (!Notes.isEmpty())
+            FProblemsDock->raise();
     });
     connect(FProblems, &TProblemList::Chosen, this, &TMainWindow::GoTo);
     connect(&FRunPanel->Log(), &TLogView::Chosen, this, &TMainWindow::GoToAction);

@@ -24,6 +24,8 @@ void TMainWindow::MakeFileMenu(TMenuBuilder& Builder)
     Builder.Menu(tr("&File"));
     Builder.Command(tr("&New"), QKeySequence::New, [this] { FFiles->StartNew(); });
     Builder.Tool(tr("&Open..."), QKeySequence::Open, CommandIcon(TCommandIcon::Open), [this] { FFiles->AskOpen(); });
+    Builder.Command(tr("&Import Solution..."), {}, [this] { FFiles->ImportSolution(); });
+    Builder.Command(tr("Import &Folder..."), {}, [this] { FFiles->ImportFolder(); });
     QMenu* Recent = Builder.SubMenu(tr("Open &Recent"));
     FFiles->ShowRecent(*Recent);
     Builder.Separator();

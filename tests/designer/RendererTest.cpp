@@ -88,7 +88,8 @@ TEST_F(Renderer, TakesWhatIsTypedPickedAndClicked)
     EXPECT_EQ(Action.Text, "aXb") << "the cursor stays where it is";
     QTest::keyClick(&Widget<QComboBox>("cbKind"), Qt::Key_Down);
     EXPECT_EQ(Action.Kind, skTwo);
-    QTest::keyClicks(&Widget<QPlainTextEdit>("memLines"), "c\n");
+    QTest::keyClicks(&Widget<QPlainTextEdit>("memLines"), "c");
+    QTest::keyClick(&Widget<QPlainTextEdit>("memLines"), Qt::Key_Return);
     EXPECT_EQ(Action.Lines, (TStringList{"c", "a", "b"}));
     QTest::keyClick(&Widget<QRadioButton>("rbSecond"), Qt::Key_Space);
     EXPECT_TRUE(Page().rbSecond.IsChecked());
@@ -106,6 +107,7 @@ TEST_F(Renderer, ButtonsOfAFieldBrowseAndAccept)
 {
     Action.Flag = true;
     Pages->Read();
+    Widget<QLineEdit>("txtText").setFocus();
     QTest::keySequence(&Widget<QLineEdit>("txtText"), QKeySequence("Ctrl+Return"));
     EXPECT_EQ(Action.Text, "short/browsed") << "paths are written as the project knows them";
     QTest::keySequence(&Widget<QLineEdit>("txtText"), QKeySequence("Return"));

@@ -155,6 +155,8 @@ Qt::ItemFlags TActionListModel::flags(const QModelIndex& Index) const
     if (!Index.isValid())
         return Qt::ItemIsDropEnabled;
     const int Place = PlaceOf(Index);
+    if (Place >= FDocument.Count())
+        return Plain;
     if (Place < 0 || FDocument.Project().IsIncluded(FDocument.Project().Actions[static_cast<std::size_t>(Place)]))
         return Plain | Qt::ItemIsDropEnabled;
     const Qt::ItemFlags Movable = Plain | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;

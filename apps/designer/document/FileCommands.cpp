@@ -2,7 +2,9 @@
 
 #include "apps/designer/QtText.h"
 #include "apps/designer/dialogs/FileDialogs.h"
+#include "apps/import/Import.h"
 #include "platform/Files.h"
+#include "platform/Modules.h"
 #include "platform/Paths.h"
 
 #include <QApplication>
@@ -105,6 +107,46 @@ bool TFileCommands::SaveAs()
     Remember();
     emit Told(tr("Saved as %1").arg(ToQt(FDocument.File())));
     return true;
+}
+
+void TFileCommands::ImportSolution()
+{
+    std::string File;
+    const TFileQuestion Solution{
+        .Title = tr("Import Solution"), .Filter = tr("Solutions (*.sln)|*.sln|All Files (*)|*"), .MustExist = true};
+    if (FileDialogs::AskForFile(&FWindow, Solution, File))
+        Import(File);
+}
+
+void TFileCommands::ImportFolder()
+{
+    std::string Folder;
+    if (FileDialogs::AskForFolder(&FWindow, tr("Import Folder"), Folder))
+        Import(Folder);
+}
+
+/// The file may be there already: whoever saves the project is asked then.
+void TFileCommands::Import(const std::string& Source)
+{
+    TImportResult Result;
+    const bool IsRead = MayLeave() && Try([&] {
+                            const TModule Module(TModule::FileBesideProgram("quexley_import"));
+                            Module.Function<void(const TImportWishes&, TImportResult&)>("QXImportProjects")(
+                                {.Source = Source, .Configuration = {}, .Output = {}, .Replaces = true}, Result);
+                            FDocument.Begin(Result.File, Result.Text);
+                        });
+    if (!IsRead)
+        return;
+    FBar.hide();
+    emit Opened();
+    emit Told(tr("Imported %n project(s); not yet saved", nullptr, static_cast<int>(Result.Actions.size())));
+    QStringList Notes;
+    for (const TImportedAction& Action : Result.Actions)
+        for (const std::string& Note : Action.Notes)
+            Notes.append(QStringLiteral("%1: %2").arg(ToQt(Action.Name), ToQt(Note)));
+    for (const std::string& Note : Result.Notes)
+        Notes.append(ToQt(Note));
+    emit Noted(Notes);
 }
 
 QStringList TFileCommands::Recent()

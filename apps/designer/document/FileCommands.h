@@ -19,6 +19,9 @@ public:
 
     void StartNew();
     void AskOpen();
+    /// Begins a project that builds a solution, or what lies in a folder.
+    void ImportSolution();
+    void ImportFolder();
     /// Opens a file or folder after asking what becomes of changes; false if it was not opened.
     bool Open(const QString& File);
     /// Gives whether the file holds the project now.
@@ -34,8 +37,11 @@ signals:
     /// Something worth a line in the status bar.
     void Told(const QString& Text);
     void Opened();
+    /// What an import left out, or found missing.
+    void Noted(const QStringList& Notes);
 
 private:
+    void Import(const std::string& Source);
     template <typename TDo> bool Try(TDo Do);
     void Remember();
     void WatchFiles();

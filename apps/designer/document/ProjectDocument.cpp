@@ -73,14 +73,24 @@ void TProjectDocument::Take(TProject Project, std::string File, std::string Text
     FFile = std::move(File);
     FText = Text;
     FDiskText = std::move(Text);
-    FSteps.clear();
     emit Replaced({});
+    FSteps.clear();
     emit StateChanged();
 }
 
 void TProjectDocument::StartNew()
 {
     Take(TProject::Parse(NameOfNew(), {}), {}, {});
+}
+
+void TProjectDocument::Begin(const std::string& File, const std::string& Text)
+{
+    TProject Project = TProject::Parse(File, Text);
+    std::string Path = Project.File;
+    Take(std::move(Project), std::move(Path), Text);
+    FDiskText.clear();
+    FSteps.resetClean();
+    emit StateChanged();
 }
 
 void TProjectDocument::Open(const std::string& File)
@@ -119,9 +129,9 @@ void TProjectDocument::TakeFromDisk()
     const std::string Text = Files::Read(FFile);
     FProject = TProject::Parse(FFile, Text);
     FDiskText = Text;
+    emit Replaced({});
     Push(tr("Reload"), {}, Text, {});
     FSteps.setClean();
-    emit Replaced({});
     emit StateChanged();
 }
 
@@ -133,7 +143,7 @@ bool TProjectDocument::IsOtherOnDisk() const
     }
     catch (const EFileError&)
     {
-        return true; // it is gone, or nobody may read it any more
+        return !FDiskText.empty(); // it is gone, or nobody may read it any more
     }
 }
 
@@ -169,8 +179,8 @@ try
     if (Text == FText)
         return {};
     FProject = TProject::Parse(FProject.File, Text);
+    emit Replaced(Places); // before the step tells of itself: whoever hears of it looks at the new project
     Push(Name, {}, Text, Places);
-    emit Replaced(Places);
     return {};
 }
 catch (const EHostFileError& Error)

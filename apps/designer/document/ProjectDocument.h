@@ -26,6 +26,8 @@ public:
 
     /// Begins an empty project without a file.
     void StartNew();
+    /// Begins with a text that is to become the content of File. Throws EHostFileError.
+    void Begin(const std::string& File, const std::string& Text);
     /// Throws EHostFileError; then everything stays as it is.
     void Open(const std::string& File);
     /// Writes the file. Throws EFileError.

@@ -14,8 +14,9 @@
 #include <algorithm>
 
 TProjectPane::TProjectPane(TProjectDocument& Document)
-    : FDocument(Document), FVariables(Document), FName(new QLineEdit), FIncludes(new TListEditor(tr("Included files"))),
-      FTable(new QTreeView), FScripts(new TScriptPane)
+    : FDocument(Document), FVariables(Document), FName(new QLineEdit),
+      FFollowsIDE(new QCheckBox(tr("&Follow the IDE where an action's own way differs"))),
+      FIncludes(new TListEditor(tr("Included files"))), FTable(new QTreeView), FScripts(new TScriptPane)
 {
     addTab(MakeVariables(), tr("Variables"));
     addTab(MakeGeneral(), tr("Project"));
@@ -32,7 +33,11 @@ QWidget* TProjectPane::MakeGeneral()
     auto* Page = new QWidget;
     auto* Form = new QFormLayout(Page);
     Form->addRow(tr("N&ame"), FName);
+    Form->addRow(QString(), FFollowsIDE);
     Form->addRow(tr("&Includes"), FIncludes);
+    connect(FFollowsIDE, &QCheckBox::clicked, this, [this](bool Follows) {
+        Change(tr("Follow the IDE"), [=](TProject& Project) { Project.FollowsIDE = Follows; });
+    });
     FIncludes->setToolTip(tr("Their variables, scripts and actions come before the project's own"));
     FIncludes->AskForNew = [this] { return AskForInclude(); };
     connect(FName, &QLineEdit::editingFinished, this, [this] {
@@ -101,6 +106,7 @@ void TProjectPane::ShowProject()
 {
     const TProject& Project = FDocument.Project();
     FName->setText(ToQt(Project.Name));
+    FFollowsIDE->setChecked(Project.FollowsIDE);
     QStringList Includes;
     for (const std::string& Include : Project.Includes)
         Includes.append(ToQt(Include));

@@ -5,6 +5,7 @@
 #include "apps/designer/editors/VariablesModel.h"
 #include "apps/designer/scripts/ScriptPane.h"
 
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QTabWidget>
 #include <QTreeView>
@@ -34,6 +35,7 @@ private:
     TProjectDocument& FDocument;
     TVariablesModel FVariables;
     QLineEdit* FName;
+    QCheckBox* FFollowsIDE;
     TListEditor* FIncludes;
     QTreeView* FTable;
     TScriptPane* FScripts;

@@ -20,6 +20,12 @@ QString SharedFile(const QString& Name)
 QIcon Find(std::string_view Name)
 {
     const QString File = SharedFile(QStringLiteral("images/%1.png").arg(ToQt(Name)));
-    return QFileInfo::exists(File) ? QIcon(File) : QApplication::style()->standardIcon(QStyle::SP_FileIcon);
+    if (QFileInfo::exists(File))
+    {
+        QIcon Icon(File);
+        Icon.addFile(File, {}, QIcon::Selected); // as it is: a tint would swallow it
+        return Icon;
+    }
+    return QApplication::style()->standardIcon(QStyle::SP_FileIcon);
 }
 } // namespace Images

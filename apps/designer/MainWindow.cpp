@@ -96,8 +96,8 @@ void TMainWindow::ArrangeDocks()
     addDockWidget(Qt::RightDockWidgetArea, FHelp);
     FHelp->hide();
     constexpr QSize Size(1280, 800);
-    constexpr int PaletteWidth = 230;
-    constexpr int ListWidth = 330;
+    constexpr int PaletteWidth = 260;
+    constexpr int ListWidth = 320;
     constexpr int LogHeight = 210;
     resize(Size);
     resizeDocks({FPaletteDock, FListDock}, {PaletteWidth, ListWidth}, Qt::Horizontal);
@@ -211,7 +211,7 @@ void TMainWindow::Validate()
     const int Count = FRuns->Validate();
     for (const QString& Reason : FActionPane->Reasons())
         FProblems->Add({{true, FList->Current() + 1, {}, {}, Reason}});
-    statusBar()->showMessage(Count == 0 ? tr("The project is valid.") : tr("%n problem(s)", nullptr, Count), 5000);
+    statusBar()->showMessage(Count == 0 ? tr("The project is valid.") : tr("Problems: %1").arg(Count), 5000);
     if (Count > 0)
         ShowPane(FProblemsDock, FProblems);
 }

@@ -16,8 +16,8 @@ struct TTones
 };
 constexpr TTones LightTones = {0xFFF3F3F3, 0xFFFFFFFF, 0xFFF7F7F9, 0xFF1B1B1B, 0xFFEBEBEB,
                                0xFF8A8A8A, 0xFF2F6FB5, 0xFFFFFFFF, 0xFF1F5FA8, 0xFFFFFFE8};
-constexpr TTones DarkTones = {0xFF2B2B2D, 0xFF1E1E20, 0xFF252528, 0xFFE6E6E6, 0xFF38383B,
-                              0xFF808084, 0xFF3D7CC0, 0xFFFFFFFF, 0xFF7FB2EA, 0xFF3A3A30};
+constexpr TTones DarkTones = {0xFF3A3A3D, 0xFF222225, 0xFF29292C, 0xFFE8E8E8, 0xFF4A4A4E,
+                              0xFF8E8E93, 0xFF3D7CC0, 0xFFFFFFFF, 0xFF7FB2EA, 0xFF3A3A30};
 
 QPalette PaletteOf(const TTones& Tones)
 {
@@ -81,7 +81,7 @@ QColor Colour(TMeaning Meaning, const QPalette& Palette)
         {0xFFB3261E, 0xFFFF8A80}, // error: on light, on dark
         {0xFF8A5A00, 0xFFF2C14E},
         {0xFF1B7A34, 0xFF7BD88F},
-        {0xFF6A6A6A, 0xFFA0A0A4},
+        {0xFF636366, 0xFFB4B4B8},
     }};
     const auto& [OnLight, OnDark] = Tones[static_cast<std::size_t>(Meaning)];
     return {IsDark(Palette) ? OnDark : OnLight};

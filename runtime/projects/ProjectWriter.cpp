@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <span>
 
 namespace
 {
@@ -115,10 +116,11 @@ std::string TWriter::Write()
 std::string TWriter::EditRoot(const std::vector<TTomlWish>& Wishes)
 {
     std::string Lines;
-    if (!FEditor.Apply(FDocument.Root(), Wishes))
-        for (const TTomlWish& Wish : Wishes)
-            if (IsWritten(Wish))
-                Lines += fmt::format("{}{}", TomlLine(Wish), FDocument.LineEnd());
+    for (const TTomlWish& Wish : Wishes)
+        if (FDocument.Root().Find(Wish.Key))
+            (void)FEditor.Apply(FDocument.Root(), std::span(&Wish, 1));
+        else if (IsWritten(Wish))
+            Lines += fmt::format("{}{}", TomlLine(Wish), FDocument.LineEnd());
     return Lines;
 }
 

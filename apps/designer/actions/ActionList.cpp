@@ -1,6 +1,7 @@
 #include "apps/designer/actions/ActionList.h"
 
 #include "apps/designer/QtText.h"
+#include "apps/designer/RoomyRows.h"
 #include "apps/designer/document/ActionEdits.h"
 
 #include <QApplication>
@@ -14,6 +15,7 @@ TActionList::TActionList(TProjectDocument& Document) : FDocument(Document), FMod
 {
     setModel(&FModel);
     setRootIsDecorated(false);
+    setItemDelegate(new TRoomyRows(this));
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
     setSelectionMode(QAbstractItemView::ExtendedSelection);

@@ -2,6 +2,7 @@
 
 #include "apps/designer/Images.h"
 #include "apps/designer/QtText.h"
+#include "apps/designer/RoomyRows.h"
 #include "host/QXServices.h"
 
 #include <QHeaderView>
@@ -33,6 +34,7 @@ TPaletteTree::TPaletteTree(QWidget* Parent) : QTreeWidget(Parent)
     setHeaderHidden(true);
     setDragEnabled(true);
     setDragDropMode(QAbstractItemView::DragOnly);
+    setItemDelegate(new TRoomyRows(this));
     setUniformRowHeights(true);
     setAccessibleName(tr("Actions by category"));
     connect(this, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* Item) {
@@ -93,7 +95,7 @@ void TActionPalette::Fill()
         auto* Item = new QTreeWidgetItem(Category(ToQt(Registration.Category)));
         const QString ClassName = ToQt(Registration.ActionClass.ClassName);
         Item->setText(0, ToQt(Registration.DisplayName));
-        Item->setToolTip(0, tr("%1\nDouble click or drag to add").arg(ClassName));
+        Item->setToolTip(0, tr("%1\n%2\nDouble click or drag to add").arg(Item->text(0), ClassName));
         Item->setIcon(0, Images::Find(Registration.ImageName));
         Item->setData(0, ClassRole, ClassName);
         Item->setData(0, WordsRole, QStringLiteral("%1 %2 %3").arg(Item->text(0), Item->parent()->text(0), ClassName));

@@ -139,7 +139,7 @@ void TFileCommands::Import(const std::string& Source)
         return;
     FBar.hide();
     emit Opened();
-    emit Told(tr("Imported %n project(s); not yet saved", nullptr, static_cast<int>(Result.Actions.size())));
+    emit Told(tr("Projects imported: %1; not yet saved").arg(Result.Actions.size()));
     QStringList Notes;
     for (const TImportedAction& Action : Result.Actions)
         for (const std::string& Note : Action.Notes)

@@ -1,6 +1,7 @@
 #include "apps/designer/editors/ProjectPane.h"
 
 #include "apps/designer/QtText.h"
+#include "apps/designer/RoomyRows.h"
 #include "apps/designer/dialogs/FileDialogs.h"
 #include "apps/designer/scripts/Scripts.h"
 #include "platform/Paths.h"
@@ -57,6 +58,7 @@ QWidget* TProjectPane::MakeVariables()
 {
     FTable->setModel(&FVariables);
     FTable->setRootIsDecorated(false);
+    FTable->setItemDelegate(new TRoomyRows(this));
     FTable->setAllColumnsShowFocus(true);
     FTable->setObjectName(QStringLiteral("variables"));
     FTable->setAccessibleName(tr("Variables"));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "apps/designer/RoomyRows.h"
 
 #include <functional>
 #include <string>
@@ -8,12 +8,12 @@
 struct TQXProperty;
 
 /// Gives each property the editor of its type.
-class TPropertyDelegate final : public QStyledItemDelegate
+class TPropertyDelegate final : public TRoomyRows
 {
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using TRoomyRows::TRoomyRows;
 
     /// The class whose property editors count.
     std::string ClassName;

@@ -15,7 +15,8 @@ void TLabelView::Show()
     FLabel->setText(ToQt(Control().Caption));
 }
 
-TCheckBoxView::TCheckBoxView(TCheckBox& Box, TPageUser& User) : TControlView(Box), FModel(Box), FBox(new QCheckBox)
+TCheckBoxView::TCheckBoxView(TCheckBox& Box, TPageUser& User)
+    : TControlView(Box), FModel(Box), FBox(new QCheckBox), FCaption(*FBox, Box.Caption)
 {
     QObject::connect(FBox, &QCheckBox::clicked, FBox,
                      [this, &User](bool Checked) { Act([&] { User.Tick(FModel, Checked); }); });
@@ -23,13 +24,13 @@ TCheckBoxView::TCheckBoxView(TCheckBox& Box, TPageUser& User) : TControlView(Box
 
 void TCheckBoxView::Show()
 {
-    FBox->setText(ToQt(FModel.Caption));
+    FCaption.SetCaption(FModel.Caption);
     FBox->setChecked(FModel.Checked);
 }
 
 /// The model says which one is checked: buttons of a container on several widgets exclude each other, too.
 TRadioButtonView::TRadioButtonView(TRadioButton& Button, TPageUser& User)
-    : TControlView(Button), FModel(Button), FButton(new QRadioButton)
+    : TControlView(Button), FModel(Button), FButton(new QRadioButton), FCaption(*FButton, Button.Caption)
 {
     FButton->setAutoExclusive(false);
     // Arrow keys and clicks alike.
@@ -41,7 +42,7 @@ TRadioButtonView::TRadioButtonView(TRadioButton& Button, TPageUser& User)
 
 void TRadioButtonView::Show()
 {
-    FButton->setText(ToQt(FModel.Caption));
+    FCaption.SetCaption(FModel.Caption);
     FButton->setChecked(FModel.IsChecked());
 }
 

@@ -1,6 +1,7 @@
 // Controls that are clicked or picked from, and labels.
 #pragma once
 
+#include "apps/designer/pages/CaptionedButton.h"
 #include "apps/designer/pages/ControlView.h"
 #include "runtime/forms/PageUser.h"
 
@@ -26,24 +27,28 @@ class TCheckBoxView final : public TControlView
 {
 public:
     TCheckBoxView(TCheckBox& Box, TPageUser& User);
-    QWidget& Widget() override { return *FBox; }
+    QWidget& Widget() override { return FCaption.Widget(); }
+    QWidget& Field() override { return *FBox; }
     void Show() override;
 
 private:
     TCheckBox& FModel;
     QCheckBox* FBox;
+    TCaptionedButton FCaption;
 };
 
 class TRadioButtonView final : public TControlView
 {
 public:
     TRadioButtonView(TRadioButton& Button, TPageUser& User);
-    QWidget& Widget() override { return *FButton; }
+    QWidget& Widget() override { return FCaption.Widget(); }
+    QWidget& Field() override { return *FButton; }
     void Show() override;
 
 private:
     TRadioButton& FModel;
     QRadioButton* FButton;
+    TCaptionedButton FCaption;
 };
 
 class TButtonView final : public TControlView

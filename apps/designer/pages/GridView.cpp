@@ -30,8 +30,6 @@ TGridView::TGridView(TGrid& Grid, TPageUser& User)
     FTable->verticalHeader()->hide();
     FTable->setSelectionMode(QAbstractItemView::SingleSelection);
     FTable->setTabKeyNavigation(false);
-    constexpr int Rows = 5;
-    FTable->setMinimumHeight(Rows * FTable->verticalHeader()->defaultSectionSize());
     FTable->OnKey = [this](const std::string& Key) { return Press(Key); };
     FWidget->setFocusProxy(FTable);
 

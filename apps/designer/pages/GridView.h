@@ -1,12 +1,13 @@
 #pragma once
 
 #include "apps/designer/pages/ControlView.h"
+#include "apps/designer/pages/LowView.h"
 #include "runtime/forms/PageUser.h"
 
 #include <QTableWidget>
 
 /// A table whose keys go to the page first.
-class TKeyTable final : public QTableWidget
+class TKeyTable final : public TLowView<QTableWidget>
 {
     Q_OBJECT
 

@@ -1,6 +1,7 @@
 #include "apps/designer/pages/ListViews.h"
 
 #include "apps/designer/QtText.h"
+#include "apps/designer/RoomyRows.h"
 #include "apps/designer/pages/KeyNames.h"
 
 #include <QHeaderView>
@@ -56,8 +57,7 @@ TKeyList::TKeyList()
     setUniformRowHeights(true);
     setHeaderHidden(true);
     setAllColumnsShowFocus(true);
-    constexpr int Lines = 5;
-    setMinimumHeight(Lines * fontMetrics().lineSpacing());
+    setItemDelegate(new TRoomyRows(this));
 }
 
 TQXIndices TKeyList::Rows() const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "apps/designer/pages/ControlView.h"
+#include "apps/designer/pages/LowView.h"
 #include "runtime/forms/PageUser.h"
 
 #include <QTreeWidget>
@@ -9,7 +10,7 @@
 #include <string>
 
 /// A list that passes keys on before it takes them itself.
-class TKeyList final : public QTreeWidget
+class TKeyList final : public TLowView<QTreeWidget>
 {
     Q_OBJECT
 

@@ -53,6 +53,7 @@ void TPageTabs::Fill(TShorten Shorten, bool IsReadOnly)
     {
         auto* View = new TSurfaceView(FSet->Page(Page), FUser, Shorten);
         View->setEnabled(!IsReadOnly);
+        View->CompleteHint = [this, Page](std::string Hint) { return FSet->ShownHint(Page, std::move(Hint)); };
         View->Sync();
         FViews.push_back(View);
         auto* Area = new QScrollArea;

@@ -63,6 +63,7 @@ void TSurfaceView::Fill(const TContainer& Container, QWidget& Holder)
         FViews.push_back(MakeView(*Control));
         TControlView& View = *FViews.back();
         View.Widget().setObjectName(ToQt(Control->Name()));
+        View.Field().installEventFilter(this);
         Place(View, Before, *Layout);
         if (Control->Kind() == TQXControlKind::Panel)
             Fill(static_cast<const TPanel&>(*Control), View.Widget());
@@ -136,7 +137,10 @@ void TSurfaceView::PlaceField(TControlView& View, const TControl* Before, QGridL
     if (Control.Caption.empty())
     {
         const bool Belongs = Before && (IsButtonLike(*Before) || Before->Kind() == TQXControlKind::Label);
-        View.Field().setAccessibleName(ToQt(Belongs ? std::string_view(Before->Caption) : Control.Name()));
+        std::string_view Name = Control.Hint.empty() ? Control.Name() : std::string_view(Control.Hint);
+        if (Belongs)
+            Name = Before->Caption;
+        View.Field().setAccessibleName(ToQt(Name));
         auto* Line = new QHBoxLayout;
         Line->addSpacing(Belongs && IsButtonLike(*Before) ? Indent : 0);
         Line->addWidget(&View.Widget());
@@ -167,6 +171,15 @@ void TSurfaceView::Sync()
         Label->setVisible(View->Control().Visible);
         Label->setEnabled(View->Control().Enabled);
     }
+}
+
+bool TSurfaceView::eventFilter(QObject* Watched, QEvent* Event)
+{
+    if (Event->type() == QEvent::ToolTip && CompleteHint)
+        for (const auto& View : FViews)
+            if (&View->Field() == Watched && !View->Control().Hint.empty())
+                View->Field().setToolTip(ToQt(CompleteHint(View->Control().Hint)));
+    return QWidget::eventFilter(Watched, Event);
 }
 
 const TControlView* TSurfaceView::Focused() const

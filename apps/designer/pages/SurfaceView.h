@@ -19,12 +19,17 @@ public:
     TSurfaceView(const TSurface& Surface, TPageUser& User, TShorten Shorten = {});
     ~TSurfaceView() override;
 
+    /// Completes the hint of a control before it is shown.
+    std::function<std::string(std::string Hint)> CompleteHint;
     /// Shows all controls as they are now.
     void Sync();
     /// The view of the control that has the focus, or null.
     [[nodiscard]] const TControlView* Focused() const;
     /// The view of a control by its name, or null.
     [[nodiscard]] TControlView* Find(std::string_view Name) const;
+
+protected:
+    bool eventFilter(QObject* Watched, QEvent* Event) override;
 
 private:
     void Fill(const TContainer& Container, QWidget& Holder);

@@ -1,6 +1,7 @@
 #include "apps/designer/pages/TextViews.h"
 
 #include "apps/designer/QtText.h"
+#include "apps/designer/pages/LowView.h"
 
 #include <QHBoxLayout>
 #include <QShortcut>
@@ -68,12 +69,11 @@ void TEditView::Show()
         FEdit->setText(ToQt(FModel.Text));
 }
 
-TMemoView::TMemoView(TMemo& Memo, TPageUser& User) : TControlView(Memo), FModel(Memo), FEdit(new QPlainTextEdit)
+TMemoView::TMemoView(TMemo& Memo, TPageUser& User)
+    : TControlView(Memo), FModel(Memo), FEdit(new TLowView<QPlainTextEdit>)
 {
     FEdit->setTabChangesFocus(true);
     FEdit->setUndoRedoEnabled(false); // what is undone is a step of the project
-    constexpr int Lines = 4;
-    FEdit->setMinimumHeight(Lines * FEdit->fontMetrics().lineSpacing());
     QObject::connect(FEdit, &QPlainTextEdit::textChanged, FEdit,
                      [this, &User] { Act([&] { User.Type(FModel, LinesOf(FEdit->toPlainText())); }); });
 }

@@ -1,5 +1,6 @@
 #include "apps/designer/run/ProblemList.h"
 
+#include "apps/designer/RoomyRows.h"
 #include "apps/designer/Theme.h"
 
 #include <QHeaderView>
@@ -8,6 +9,7 @@
 TProblemList::TProblemList()
 {
     setRootIsDecorated(false);
+    setItemDelegate(new TRoomyRows(this));
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
     setAccessibleName(tr("Problems"));

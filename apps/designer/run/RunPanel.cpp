@@ -18,6 +18,7 @@ TRunPanel::TRunPanel()
     auto* Bar = new QHBoxLayout;
     Bar->addWidget(FWhat);
     Bar->addWidget(FProgress);
+    Bar->addSpacing(12);
     Bar->addWidget(FTime);
     Bar->addStretch();
     Bar->addWidget(FGone);

@@ -33,6 +33,8 @@ TScriptPane::TScriptPane()
     Splitter->addWidget(Left);
     Splitter->addWidget(Right);
     Splitter->setStretchFactor(1, 1);
+    constexpr int NamesWidth = 190;
+    Splitter->setSizes({NamesWidth, 3 * NamesWidth});
     auto* Layout = new QVBoxLayout(this);
     Layout->addWidget(Splitter);
 

@@ -137,6 +137,7 @@ void TMainWindow::ConnectParts()
         FProblems->Clear();
         FList->Select({});
     });
+    connect(FFiles, &TFileCommands::Leaving, this, &TMainWindow::CommitEdits);
     connect(FFiles, &TFileCommands::Noted, this, [this](const QStringList& Notes) {
         for (const QString& Note : Notes)
             FProblems->Add({{false, 0, {}, {}, Note}});

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QElapsedTimer>
 #include <QSettings>
 
 namespace
@@ -72,4 +73,48 @@ TEST_F(DesignerFiles, AnActionOfAnIncludedFileIsShownAndNotChanged)
     EXPECT_EQ(Window().ProjectPane().Variables().rowCount({}), 1);
     Window().List().Duplicate();
     EXPECT_EQ(Document().Text(), Main + "\n[[action]]\ntype = \"TGACListAction\"\n");
+    Folder().Write("common.toml", "[variables]\nB = '2'\nC = '3'\n");
+    EXPECT_TRUE(WaitUntil([&] { return Document().Count() == 1; })) << "its changes are noticed";
+    EXPECT_EQ(Window().ProjectPane().Variables().rowCount({}), 2);
+}
+
+TEST_F(DesignerFiles, WhatIsBeingTypedIsNotLost)
+{
+    Open(Text);
+    Window().List().Select({0});
+    Window().ActionPane().setCurrentWidget(&Window().ActionPane().RunPage());
+    Type("group", "compile");
+    AnswerNext("Save");
+    Window().FileCommands().StartNew();
+    EXPECT_EQ(Folder().Read("quexley.toml"), Text + "group = \"compile\"\n");
+    EXPECT_EQ(Document().Count(), 0);
+}
+
+TEST_F(DesignerFiles, AnImportIsAProjectThatIsNotYetSaved)
+{
+    Folder().Write("app/app.csproj",
+                   "<VisualStudioProject><CSHARP><Build><Settings AssemblyName=\"app\" OutputType=\"Exe\">"
+                   "<Config Name=\"Debug\" OutputPath=\"bin\"/></Settings><References/></Build>"
+                   "<Files><Include><File RelPath=\"a.cs\" BuildAction=\"Compile\"/></Include></Files>"
+                   "</CSHARP></VisualStudioProject>");
+    Folder().Write("app/a.cs", "class A { static void Main() {} }");
+    Window().FileCommands().Import(Folder().Path());
+    EXPECT_THAT(Document().Text(), testing::HasSubstr("type = \"TQXCSProjCompilerAction\""));
+    EXPECT_TRUE(Window().isWindowModified());
+    EXPECT_FALSE(Folder().Exists("quexley.toml"));
+    EXPECT_TRUE(Window().FileCommands().Save());
+    EXPECT_EQ(Folder().Read("quexley.toml"), Document().Text());
+    EXPECT_TRUE(Document().Project().FollowsIDE);
+}
+
+TEST_F(DesignerFiles, AWindowIsUpWithinHalfASecond)
+{
+    Open(Text);
+    QElapsedTimer Clock;
+    Clock.start();
+    TMainWindow Another(TQXRuntime::Current(), {});
+    Another.show();
+    EXPECT_TRUE(Another.FileCommands().Open(ToQt(Folder() / "quexley.toml")));
+    EXPECT_FALSE(Another.grab().isNull());
+    EXPECT_LT(Clock.elapsed(), 500);
 }

@@ -8,6 +8,7 @@
 #include "platform/Paths.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QMessageBox>
 #include <QSettings>
 
@@ -48,6 +49,7 @@ catch (const std::exception& Error) // EHostFileError and EFileError, which name
 
 bool TFileCommands::MayLeave()
 {
+    emit Leaving();
     if (!FDocument.IsModified())
         return true;
     const auto Answer = QMessageBox::question(
@@ -179,16 +181,35 @@ void TFileCommands::ShowRecent(QMenu& Menu)
 
 void TFileCommands::WatchFiles()
 {
+    FIncluded = IncludedContent();
+    FWatch.SetFiles(FDocument.HasFile() ? IncludedFiles() << ToQt(FDocument.File()) : QStringList());
+}
+
+QStringList TFileCommands::IncludedFiles() const
+{
     QStringList Files;
-    if (FDocument.HasFile())
-        for (const std::string& File : FDocument.Project().FileNames())
+    for (const std::string& File : FDocument.Project().FileNames())
+        if (File != FDocument.Project().File)
             Files.append(ToQt(File));
-    Files.removeDuplicates();
-    FWatch.SetFiles(Files);
+    return Files;
+}
+
+QByteArray TFileCommands::IncludedContent() const
+{
+    QByteArray Content;
+    for (const QString& Name : IncludedFiles())
+        if (QFile File(Name); File.open(QIODevice::ReadOnly))
+            Content += File.readAll();
+    return Content;
 }
 
 void TFileCommands::LookAtDisk()
 {
+    // A dialog may belong to a page, which would go.
+    if (QApplication::activeModalWidget() || QApplication::activePopupWidget())
+        return FWatch.LookAgain();
+    if (IncludedContent() != FIncluded)
+        FDocument.Refresh();
     if (!FDocument.IsOtherOnDisk())
         return;
     FBar.Ask(

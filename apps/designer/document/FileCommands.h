@@ -4,6 +4,7 @@
 #include "apps/designer/document/FileWatch.h"
 #include "apps/designer/document/ProjectDocument.h"
 
+#include <QByteArray>
 #include <QMenu>
 #include <QObject>
 #include <QWidget>
@@ -22,6 +23,7 @@ public:
     /// Begins a project that builds a solution, or what lies in a folder.
     void ImportSolution();
     void ImportFolder();
+    void Import(const std::string& Source);
     /// Opens a file or folder after asking what becomes of changes; false if it was not opened.
     bool Open(const QString& File);
     /// Gives whether the file holds the project now.
@@ -37,11 +39,14 @@ signals:
     /// Something worth a line in the status bar.
     void Told(const QString& Text);
     void Opened();
+    /// The project may go next: whatever is being typed has to be in it.
+    void Leaving();
     /// What an import left out, or found missing.
     void Noted(const QStringList& Notes);
 
 private:
-    void Import(const std::string& Source);
+    [[nodiscard]] QStringList IncludedFiles() const;
+    [[nodiscard]] QByteArray IncludedContent() const;
     template <typename TDo> bool Try(TDo Do);
     void Remember();
     void WatchFiles();
@@ -52,4 +57,5 @@ private:
     TProjectDocument& FDocument;
     TMessageBar& FBar;
     TFileWatch FWatch;
+    QByteArray FIncluded; ///< what the included files held
 };

@@ -13,6 +13,8 @@ class TFileWatch final : public QObject
 public:
     TFileWatch();
     void SetFiles(const QStringList& Files);
+    /// Tells again after a while.
+    void LookAgain() { FPause.start(); }
 
 signals:
     void Changed();

@@ -38,6 +38,8 @@ public:
     void TakeFromDisk();
     /// Whether the file holds something else than when it was read or written last.
     [[nodiscard]] bool IsOtherOnDisk() const;
+    /// Takes over what included files hold now.
+    void Refresh() { Restore(Text(), {}); }
     /// Counts the file as known as it is now, so that saving writes over it.
     void KeepMine();
 

@@ -14,6 +14,7 @@ TActionPane::TActionPane(TProjectDocument& Document, TQtDesignServices& Services
       FGrid(new TPropertyGrid)
 {
     FScripts->Check = Scripts::Check;
+    setDocumentMode(true);
     addTab(FRunPage, tr("Run"));
     addTab(FScripts, tr("Scripts"));
     addTab(FGrid, tr("Properties"));

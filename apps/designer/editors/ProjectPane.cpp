@@ -19,6 +19,7 @@ TProjectPane::TProjectPane(TProjectDocument& Document)
       FFollowsIDE(new QCheckBox(tr("&Follow the IDE where an action's own way differs"))),
       FIncludes(new TListEditor(tr("Included files"))), FTable(new QTreeView), FScripts(new TScriptPane)
 {
+    setDocumentMode(true);
     addTab(MakeVariables(), tr("Variables"));
     addTab(MakeGeneral(), tr("Project"));
     addTab(FScripts, tr("Scripts"));

@@ -55,6 +55,7 @@ void TOptionsDialog::Add(const TQXOptionsRegistration& Registration)
     FNames->addItem(new QListWidgetItem(Images::Find(Registration.ImageName), ToQt(Class.Name)));
     FNames->item(FNames->count() - 1)->setToolTip(ToQt(Class.Category));
     auto* Tabs = new QTabWidget;
+    Tabs->setDocumentMode(true);
     auto* Grid = new TPropertyGrid;
     Grid->Show(Object, Class.Create(), Class.ClassName, {}, false);
     auto Pages = std::make_unique<TPageTabs>(*Tabs, *Object, FRuntime.OptionsServices().OptionsPages(Class.ClassName));

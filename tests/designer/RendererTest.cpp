@@ -136,7 +136,8 @@ TEST_F(Renderer, EveryFieldHasALabelAndANameAndIsReachedByTab)
         EXPECT_FALSE(Widget<QWidget>(Name).accessibleName().isEmpty() &&
                      Widget<QWidget>(Name).focusProxy()->accessibleName().isEmpty())
             << Name;
-    EXPECT_EQ(Widget<QLineEdit>("txtText").accessibleName(), "Flag") << "what it belongs to";
+    EXPECT_EQ(Widget<QLineEdit>("txtText").accessibleName(), "A text") << "what it fills in";
+    EXPECT_EQ(Widget<QLineEdit>("txtSecond").accessibleName(), "Second") << "what it belongs to";
     bool HasBuddy = false;
     for (const QLabel* Label : Tabs.findChildren<QLabel*>())
         HasBuddy |= Label->buddy() == &Widget<QLineEdit>("txtSecret") && Label->text() == "Secret";
@@ -149,8 +150,9 @@ TEST_F(Renderer, EveryFieldHasALabelAndANameAndIsReachedByTab)
         if (const QString Control = Pages->FocusedControl(); !Control.isEmpty() && !Order.contains(Control))
             Order.append(Control);
     }
-    EXPECT_EQ(Order.join(' '), "txtSecret cbKind memLines lstList chlKinds grdPairs lsvAll rbFirst rbSecond btnHide "
-                               "btnOther chkFlag");
+    EXPECT_EQ(Order.join(' '),
+              "txtSecret cbKind memLines lstList chlKinds grdPairs lsvAll rbFirst rbSecond txtSecond btnHide "
+              "btnOther chkFlag");
 }
 
 TEST_F(Renderer, FieldsAreFoundByWhatUsersCallThem)

@@ -78,6 +78,7 @@ public:
     TPanel pnlRadios{*this, "pnlRadios", "Radios"};
     TRadioButton rbFirst{pnlRadios, "rbFirst", "First"};
     TRadioButton rbSecond{pnlRadios, "rbSecond", "Second"};
+    TEdit txtSecond{pnlRadios, "txtSecond"};
     TButton btnHide{*this, "btnHide", "Hide"};
     TButton btnOther{*this, "btnOther", "Other"};
 };

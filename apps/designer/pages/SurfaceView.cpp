@@ -30,6 +30,16 @@ bool IsTall(const TControl& Control)
            Kind == TQXControlKind::Grid || Kind == TQXControlKind::ListView;
 }
 
+/// Whether a field without a caption goes with the control before it: any with a heading or a radio button, with a
+/// check box one that it switches on, which fills no list.
+bool Belongs(const TControl& Field, const TControl* Before)
+{
+    if (!Before || Before->Kind() == TQXControlKind::Label || !IsButtonLike(*Before))
+        return Before && Before->Kind() == TQXControlKind::Label;
+    const bool FillsList = Field.Kind() == TQXControlKind::Edit && static_cast<const TEdit&>(Field).OnAccept;
+    return Before->Kind() == TQXControlKind::RadioButton || (!IsTall(Field) && !FillsList);
+}
+
 bool HasLabel(const TControl& Control)
 {
     const TQXControlKind Kind = Control.Kind();
@@ -136,13 +146,13 @@ void TSurfaceView::PlaceField(TControlView& View, const TControl* Before, QGridL
     const int Row = Layout.rowCount();
     if (Control.Caption.empty())
     {
-        const bool Belongs = Before && (IsButtonLike(*Before) || Before->Kind() == TQXControlKind::Label);
+        const bool GoesWithIt = Belongs(Control, Before);
         std::string_view Name = Control.Hint.empty() ? Control.Name() : std::string_view(Control.Hint);
-        if (Belongs)
+        if (GoesWithIt)
             Name = Before->Caption;
         View.Field().setAccessibleName(ToQt(Name));
         auto* Line = new QHBoxLayout;
-        Line->addSpacing(Belongs && IsButtonLike(*Before) ? Indent : 0);
+        Line->addSpacing(GoesWithIt && IsButtonLike(*Before) ? Indent : 0);
         Line->addWidget(&View.Widget());
         Layout.addLayout(Line, Row, 0, 1, 2);
         Layout.setRowStretch(Row, IsTall(Control) ? 1 : 0);

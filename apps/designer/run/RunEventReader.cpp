@@ -211,6 +211,7 @@ void TRunEventReader::OnActionEnded(const QJsonObject& Event, TRunUpdate& Update
     const TStateKind State = StateOf(TextOf(Event, "result"));
     const double Seconds = Event.value(QLatin1String("seconds")).toDouble();
     Update.States.push_back({IndexOf(Event), {State, Seconds}});
+    FIsDryRun |= State == TStateKind::Planned;
     if (State == TStateKind::Failure)
         Add(Update, TLineKind::Error, IndexOf(Event), Tr("Failed after %1 s").arg(Seconds, 0, 'f', 1));
     else if (State == TStateKind::Skipped)
@@ -222,11 +223,12 @@ void TRunEventReader::OnRunEnded(const QJsonObject& Event, TRunUpdate& Update)
     const auto Number = [&](const char* Member) { return Event.value(QLatin1String(Member)).toInt(); };
     Update.End = TRunEnd{TextOf(Event, "result"), Number("succeeded"), Number("failed"), Number("skipped"),
                          Event.value(QLatin1String("seconds")).toDouble()};
-    const QString Text = Tr("%1: %2 succeeded, %3 failed, %4 skipped in %5 s")
+    const QString Text = Tr("%1: %2 %6, %3 failed, %4 skipped in %5 s")
                              .arg(Update.End->Result)
                              .arg(Update.End->Succeeded)
                              .arg(Update.End->Failed)
                              .arg(Update.End->Skipped)
-                             .arg(Update.End->Seconds, 0, 'f', 1);
+                             .arg(Update.End->Seconds, 0, 'f', 1)
+                             .arg(FIsDryRun ? Tr("planned") : Tr("succeeded"));
     Add(Update, Update.End->Result == QLatin1String("success") ? TLineKind::Success : TLineKind::Error, 0, Text);
 }

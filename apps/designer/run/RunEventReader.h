@@ -45,4 +45,5 @@ private:
     QByteArray FRest; ///< of a line that is not complete
     QString FName;    ///< of the running action
     int FProblems = 0;
+    bool FIsDryRun = false; ///< actions end as planned
 };

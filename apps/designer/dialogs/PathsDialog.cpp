@@ -2,10 +2,10 @@
 
 #include "apps/designer/QtText.h"
 #include "apps/designer/dialogs/FileDialogs.h"
+#include "apps/designer/dialogs/OkAndCancel.h"
 #include "apps/designer/editors/ListEditor.h"
 
 #include <QDialog>
-#include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -38,13 +38,10 @@ TQXAnswer AskForPaths(QWidget* Parent, const TQXDialog& Dialog)
     List->AskForNew = [&] { return AskForEntry(&Window, Dialog); };
     auto* Label = new QLabel(ToQt(Dialog.Caption));
     Label->setBuddy(List);
-    auto* Buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    QObject::connect(Buttons, &QDialogButtonBox::accepted, &Window, &QDialog::accept);
-    QObject::connect(Buttons, &QDialogButtonBox::rejected, &Window, &QDialog::reject);
     auto* Layout = new QVBoxLayout(&Window);
     Layout->addWidget(Label);
     Layout->addWidget(List);
-    Layout->addWidget(Buttons);
+    Layout->addWidget(OkAndCancel(Window));
     constexpr QSize Size(520, 320);
     Window.resize(Size);
     if (Window.exec() != QDialog::Accepted)

@@ -1,11 +1,11 @@
 #include "apps/designer/editors/SetDialog.h"
 
 #include "apps/designer/QtText.h"
+#include "apps/designer/dialogs/OkAndCancel.h"
 #include "host/QXProperties.h"
 
 #include <QCheckBox>
 #include <QDialog>
-#include <QDialogButtonBox>
 #include <QVBoxLayout>
 
 QString AskForSet(QWidget* Parent, const TQXProperty& Property, const QString& Text)
@@ -21,10 +21,7 @@ QString AskForSet(QWidget* Parent, const TQXProperty& Property, const QString& T
         Boxes.back()->setChecked(Chosen.contains(ToQt(Element)));
         Layout->addWidget(Boxes.back());
     }
-    auto* Buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    QObject::connect(Buttons, &QDialogButtonBox::accepted, &Dialog, &QDialog::accept);
-    QObject::connect(Buttons, &QDialogButtonBox::rejected, &Dialog, &QDialog::reject);
-    Layout->addWidget(Buttons);
+    Layout->addWidget(OkAndCancel(Dialog));
     if (Dialog.exec() != QDialog::Accepted)
         return Text;
     QStringList Result;

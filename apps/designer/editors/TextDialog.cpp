@@ -1,7 +1,8 @@
 #include "apps/designer/editors/TextDialog.h"
 
+#include "apps/designer/dialogs/OkAndCancel.h"
+
 #include <QDialog>
-#include <QDialogButtonBox>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
@@ -14,13 +15,10 @@ bool EditLines(QWidget* Parent, const QString& Title, const QString& Note, QStri
     Edit->setTabChangesFocus(true);
     auto* Label = new QLabel(Note);
     Label->setBuddy(Edit);
-    auto* Buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    QObject::connect(Buttons, &QDialogButtonBox::accepted, &Dialog, &QDialog::accept);
-    QObject::connect(Buttons, &QDialogButtonBox::rejected, &Dialog, &QDialog::reject);
     auto* Layout = new QVBoxLayout(&Dialog);
     Layout->addWidget(Label);
     Layout->addWidget(Edit);
-    Layout->addWidget(Buttons);
+    Layout->addWidget(OkAndCancel(Dialog));
     constexpr QSize Size(520, 320);
     Dialog.resize(Size);
     if (Dialog.exec() != QDialog::Accepted)

@@ -2,12 +2,12 @@
 
 #include "apps/designer/Images.h"
 #include "apps/designer/QtText.h"
+#include "apps/designer/dialogs/OkAndCancel.h"
 #include "host/QXServices.h"
 #include "platform/Files.h"
 #include "platform/FolderLock.h"
 #include "runtime/HostErrors.h"
 
-#include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QMessageBox>
 #include <QVBoxLayout>
@@ -23,9 +23,6 @@ TOptionsDialog::TOptionsDialog(QWidget* Parent, TQXRuntime& Runtime)
     FNames->setFixedWidth(NamesWidth);
     for (const TQXOptionsRegistration& Registration : Runtime.OptionsServices().Options())
         Add(Registration);
-    auto* Buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    connect(Buttons, &QDialogButtonBox::accepted, this, &TOptionsDialog::accept);
-    connect(Buttons, &QDialogButtonBox::rejected, this, &TOptionsDialog::reject);
     connect(FNames, &QListWidget::currentRowChanged, FStack, &QStackedWidget::setCurrentIndex);
     FNames->setCurrentRow(0);
     auto* Middle = new QHBoxLayout;
@@ -33,7 +30,7 @@ TOptionsDialog::TOptionsDialog(QWidget* Parent, TQXRuntime& Runtime)
     Middle->addWidget(FStack, 1);
     auto* Layout = new QVBoxLayout(this);
     Layout->addLayout(Middle, 1);
-    Layout->addWidget(Buttons);
+    Layout->addWidget(OkAndCancel(*this));
     constexpr QSize Size(820, 480);
     resize(Size);
 }

@@ -104,7 +104,7 @@ TPlaces Move(TProject& Project, const TPlaces& Places, int Place)
 
 TPlaces Shift(TProject& Project, const TPlaces& Places, int By)
 {
-    const TPlaces Own = OwnOnes(Project, Places);
+    TPlaces Own = OwnOnes(Project, Places);
     if (Own.empty() ||
         (By < 0 ? Own.front() <= FirstOwn(Project) : Own.back() + 1 >= static_cast<int>(Project.Actions.size())))
         return Own;

@@ -185,7 +185,7 @@ try
 }
 catch (const EHostFileError& Error)
 {
-    const QString Reason = ToQt(Error.Findings().front().Message);
+    QString Reason = ToQt(Error.Findings().front().Message);
     Restore(FText, {});
     return Reason;
 }

@@ -22,11 +22,11 @@ bool IsSame(std::string_view Name, const QString& Label)
 }
 } // namespace
 
-TPageTabs::TPageTabs(QTabWidget& Tabs, TCustomQXAction& Action, std::span<const TQXPageClass> Classes, TShorten Shorten,
-                     bool IsReadOnly)
+TPageTabs::TPageTabs(QTabWidget& Tabs, TCustomQXAction& Action, std::span<const TQXPageClass> Classes,
+                     const TShorten& Shorten, bool IsReadOnly)
     : FTabs(Tabs), FObject(Action), FSet(std::make_unique<TPageSet>(Action, Classes)), FUser([this] { AfterAct(); })
 {
-    Fill(std::move(Shorten), IsReadOnly);
+    Fill(Shorten, IsReadOnly);
 }
 
 TPageTabs::TPageTabs(QTabWidget& Tabs, TQXOptionsObject& Options, std::span<const TQXPageClass> Classes)
@@ -46,7 +46,7 @@ TPageTabs::~TPageTabs()
     }
 }
 
-void TPageTabs::Fill(TShorten Shorten, bool IsReadOnly)
+void TPageTabs::Fill(const TShorten& Shorten, bool IsReadOnly)
 {
     FSet->Read();
     for (std::size_t Page = 0; Page < FSet->Count(); ++Page)

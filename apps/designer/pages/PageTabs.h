@@ -17,7 +17,7 @@ class TPageTabs final : public QObject
     Q_OBJECT
 
 public:
-    TPageTabs(QTabWidget& Tabs, TCustomQXAction& Action, std::span<const TQXPageClass> Classes, TShorten Shorten,
+    TPageTabs(QTabWidget& Tabs, TCustomQXAction& Action, std::span<const TQXPageClass> Classes, const TShorten& Shorten,
               bool IsReadOnly);
     TPageTabs(QTabWidget& Tabs, TQXOptionsObject& Options, std::span<const TQXPageClass> Classes);
     ~TPageTabs() override;
@@ -40,7 +40,7 @@ signals:
     void Changed(const QString& Control);
 
 private:
-    void Fill(TShorten Shorten, bool IsReadOnly);
+    void Fill(const TShorten& Shorten, bool IsReadOnly);
     void AfterAct();
     [[nodiscard]] bool IsKnownAs(const TPage& Page, const TControl& Control, const QString& Label) const;
 

@@ -40,6 +40,7 @@ std::vector<TShownScript> OfProject(const TProject& Project)
     for (const auto& [Name, Text] : Project.Scripts)
         ByName[Name].Text = Text;
     std::vector<TShownScript> Result;
+    Result.reserve(ByName.size());
     for (auto& [Name, Script] : ByName)
         Result.push_back(std::move(Script));
     return Result;

@@ -16,9 +16,11 @@
 /// A main window with a folder of its own, away from the user's settings.
 class TDesignerTest : public testing::Test
 {
+public:
+    ~TDesignerTest() override;
+
 protected:
     TDesignerTest();
-    ~TDesignerTest() override;
 
     [[nodiscard]] TMainWindow& Window() { return *FWindow; }
     [[nodiscard]] TProjectDocument& Document() { return FWindow->Document(); }

@@ -31,6 +31,7 @@ protected:
     {
         std::vector<std::pair<TLogLine::TKind, std::string>> Lines;
         const TLogBuffer& Buffer = Window().RunPanel().Log().Lines();
+        Lines.reserve(static_cast<std::size_t>(Buffer.Count()));
         for (int Line = 0; Line < Buffer.Count(); ++Line)
             Lines.emplace_back(Buffer[Line].Kind, FromQt(Buffer[Line].Text));
         return Lines;

@@ -103,8 +103,7 @@ class TLabel final : public TControl
 public:
     TLabel(TContainer& Parent, std::string_view Name, std::string_view ACaption)
         : TControl(Parent, TQXControlKind::Label, Name, ACaption)
-    {
-    }
+    {}
 };
 
 /// One line of text, with a button that browses for it and one that accepts it where these events are set.
@@ -113,8 +112,7 @@ class TEdit final : public TControl
 public:
     TEdit(TContainer& Parent, std::string_view Name, std::string_view ACaption = {})
         : TControl(Parent, TQXControlKind::Edit, Name, ACaption)
-    {
-    }
+    {}
     /// Puts a text there as its user would: what follows from a change happens.
     void Change(std::string AText)
     {
@@ -133,8 +131,7 @@ class TMemo final : public TControl
 public:
     TMemo(TContainer& Parent, std::string_view Name, std::string_view ACaption = {})
         : TControl(Parent, TQXControlKind::Memo, Name, ACaption)
-    {
-    }
+    {}
     TStringList Lines;
 };
 
@@ -143,8 +140,7 @@ class TCheckBox final : public TControl
 public:
     TCheckBox(TContainer& Parent, std::string_view Name, std::string_view ACaption)
         : TControl(Parent, TQXControlKind::CheckBox, Name, ACaption)
-    {
-    }
+    {}
     bool Checked = false;
 };
 
@@ -154,8 +150,7 @@ class TRadioButton final : public TControl
 public:
     TRadioButton(TContainer& Parent, std::string_view Name, std::string_view ACaption)
         : TControl(Parent, TQXControlKind::RadioButton, Name, ACaption)
-    {
-    }
+    {}
     [[nodiscard]] bool IsChecked() const { return FChecked; }
     /// Checks this one and clears the others.
     void Check()
@@ -176,8 +171,7 @@ public:
     TComboBox(TContainer& Parent, std::string_view Name, std::string_view ACaption = {},
               std::vector<std::string> AItems = {})
         : TControl(Parent, TQXControlKind::ComboBox, Name, ACaption), Items(std::move(AItems))
-    {
-    }
+    {}
     /// The entry picked, or none; that of an editable one may be typed and match no item.
     [[nodiscard]] std::optional<std::size_t> Selected() const
     {
@@ -210,8 +204,7 @@ class TListBox final : public TControl
 public:
     TListBox(TContainer& Parent, std::string_view Name, std::string_view ACaption = {})
         : TControl(Parent, TQXControlKind::ListBox, Name, ACaption)
-    {
-    }
+    {}
     /// Shows these lines. What was selected of others no longer is.
     void Show(std::vector<std::string> Lines)
     {
@@ -231,8 +224,7 @@ class TCheckList final : public TControl
 public:
     TCheckList(TContainer& Parent, std::string_view Name, std::string_view ACaption, std::vector<std::string> AItems)
         : TControl(Parent, TQXControlKind::CheckList, Name, ACaption), Items(std::move(AItems))
-    {
-    }
+    {}
     std::vector<std::string> Items;
     TQXIndices Checked;
 };
@@ -245,11 +237,10 @@ public:
 
     TGrid(TContainer& Parent, std::string_view Name, std::string_view ACaption, std::vector<std::string> AColumns)
         : TControl(Parent, TQXControlKind::Grid, Name, ACaption), Columns(std::move(AColumns))
-    {
-    }
+    {}
     const std::vector<std::string> Columns;
     std::vector<TRow> Rows;
-    std::size_t EllipsisColumn = 0;                    ///< whose cells have a button while OnEllipsis is set
+    std::size_t EllipsisColumn = 0; ///< whose cells have a button while OnEllipsis is set
     std::function<void(std::size_t Row)> OnEllipsis;
 
     /// The rows that lines of the form name=value stand for.
@@ -287,8 +278,7 @@ public:
 
     TListView(TContainer& Parent, std::string_view Name, std::string_view ACaption = {})
         : TControl(Parent, TQXControlKind::ListView, Name, ACaption)
-    {
-    }
+    {}
     /// Shows these items, as a list box its lines.
     void Show(std::vector<TItem> Shown)
     {
@@ -307,8 +297,7 @@ class TButton final : public TControl
 public:
     TButton(TContainer& Parent, std::string_view Name, std::string_view ACaption)
         : TControl(Parent, TQXControlKind::Button, Name, ACaption)
-    {
-    }
+    {}
 };
 
 /// Keeps controls together that are shown, enabled or (radio buttons) picked together.
@@ -317,8 +306,7 @@ class TPanel final : public TControl, public TContainer
 public:
     explicit TPanel(TContainer& AParent, std::string_view AName, std::string_view ACaption = {})
         : TControl(AParent, TQXControlKind::Panel, AName, ACaption)
-    {
-    }
+    {}
     [[nodiscard]] const TControl* AsControl() const override { return this; }
 };
 

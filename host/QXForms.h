@@ -98,7 +98,7 @@ class IQXDesignApplicationServices;
                             bool Words);
 /// The same with an option: 1 takes folders and no files.
 [[nodiscard]] bool EditPathEx(IQXDesignApplicationServices& Services, std::string& Text, std::string_view Title,
-                              std::string_view Caption, std::string_view Mask, int Reserved,
-                              std::string_view Separator, int Option, bool Words);
+                              std::string_view Caption, std::string_view Mask, int Reserved, std::string_view Separator,
+                              int Option, bool Words);
 /// The editor of a text of any length; true if it was confirmed.
 [[nodiscard]] bool EditTextField(std::string& Text);

@@ -174,7 +174,7 @@ std::int64_t Files::ChangeTime(std::string_view Path)
     struct stat Status = {};
     constexpr std::int64_t NanosecondsInSecond = 1'000'000'000;
     return GetStatus(SystemPath(Path), Status) ? Status.st_mtim.tv_sec * NanosecondsInSecond + Status.st_mtim.tv_nsec
-                                                 : 0;
+                                               : 0;
 }
 
 std::string Files::CurrentFolder()

@@ -54,8 +54,7 @@ class TPageDriver final : public IQXDesignApplicationServices
 public:
     TPageDriver(TPageSet& Pages, const TDrivenObject& Driven, std::istream& Requests, std::ostream& Answers)
         : FPages(Pages), FDriven(Driven), FRequests(Requests), FAnswers(Answers)
-    {
-    }
+    {}
     /// Answers requests until there are no more, or until the form that is open closes.
     void Run();
 
@@ -103,22 +102,27 @@ private:
         if (FForm)
             FForm->ApplyRules();
     }};
-    std::deque<TPageJson> FQueued;              ///< answers to the next dialogs
-    TPageJson FShown = TPageJson::array();      ///< dialogs since the last answer
-    TPageJson FAnswer;                          ///< to the request at hand
-    TForm* FForm = nullptr;                     ///< the form that is open
+    std::deque<TPageJson> FQueued;         ///< answers to the next dialogs
+    TPageJson FShown = TPageJson::array(); ///< dialogs since the last answer
+    TPageJson FAnswer;                     ///< to the request at hand
+    TForm* FForm = nullptr;                ///< the form that is open
 };
 
 TPageDriver::THandler TPageDriver::HandlerOf(const std::string& Operation)
 {
-    static const std::map<std::string_view, THandler> Handlers = {
-        {"pages", &TPageDriver::Pages},           {"property", &TPageDriver::Property},
-        {"properties", &TPageDriver::Properties}, {"read", &TPageDriver::Read},
-        {"write", &TPageDriver::Write},           {"activate", &TPageDriver::Activate},
-        {"validate", &TPageDriver::Validate},     {"controls", &TPageDriver::Controls},
-        {"set", &TPageDriver::Set},               {"click", &TPageDriver::Click},
-        {"key", &TPageDriver::Key},               {"answer", &TPageDriver::QueueAnswer},
-        {"hint", &TPageDriver::Hint}};
+    static const std::map<std::string_view, THandler> Handlers = {{"pages", &TPageDriver::Pages},
+                                                                  {"property", &TPageDriver::Property},
+                                                                  {"properties", &TPageDriver::Properties},
+                                                                  {"read", &TPageDriver::Read},
+                                                                  {"write", &TPageDriver::Write},
+                                                                  {"activate", &TPageDriver::Activate},
+                                                                  {"validate", &TPageDriver::Validate},
+                                                                  {"controls", &TPageDriver::Controls},
+                                                                  {"set", &TPageDriver::Set},
+                                                                  {"click", &TPageDriver::Click},
+                                                                  {"key", &TPageDriver::Key},
+                                                                  {"answer", &TPageDriver::QueueAnswer},
+                                                                  {"hint", &TPageDriver::Hint}};
     if (const auto Found = Handlers.find(Operation); Found != Handlers.end())
         return Found->second;
     std::vector<std::string_view> Names;

@@ -1,4 +1,5 @@
-// Drives the pages of an object by lines of JSON: a request from each line of a stream, an answer to each line of another.
+// Drives the pages of an object by lines of JSON: a request from each line of a stream, an answer to each line of
+// another.
 #pragma once
 
 #include "host/QXServices.h"

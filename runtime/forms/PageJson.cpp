@@ -102,7 +102,8 @@ bool Flag(const TControl& Control, const TPageJson& Value)
 
 std::vector<std::string> TextList(const TPageJson& Value, const EPageUseError& Error)
 {
-    if (!Value.is_array() || !std::all_of(Value.begin(), Value.end(), [](const auto& Item) { return Item.is_string(); }))
+    if (!Value.is_array() ||
+        !std::all_of(Value.begin(), Value.end(), [](const auto& Item) { return Item.is_string(); }))
         throw EPageUseError(Error);
     return Value.get<std::vector<std::string>>();
 }
@@ -250,7 +251,8 @@ TGivenValue GivenValueOf(const TPageJson& Value)
         return {"a Boolean", Value.get<bool>()};
     if (Value.is_string())
         return {"a string", Value.get<std::string>()};
-    if (Value.is_number_unsigned() && Value.get<std::uint64_t>() > std::uint64_t{std::numeric_limits<std::int64_t>::max()})
+    if (Value.is_number_unsigned() &&
+        Value.get<std::uint64_t>() > std::uint64_t{std::numeric_limits<std::int64_t>::max()})
         return {Value.dump()};
     if (Value.is_number_integer())
         return {"a number", Value.get<std::int64_t>()};

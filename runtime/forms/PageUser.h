@@ -44,8 +44,8 @@ public:
     void Accept(TEdit& Edit);
     /// The button in a cell of a grid.
     void Ellipsis(TGrid& Grid, std::size_t Row, std::size_t Column);
-    /// A key in a grid or a list, at a row. Grids add a row behind the last by Insert, Shift+Insert, Ctrl+Insert and, in
-    /// their last row, Down; Ctrl+Del removes the row. Gives the row that is to be edited then, if it is a new one.
+    /// A key in a grid or a list, at a row. Grids add a row behind the last by Insert, Shift+Insert, Ctrl+Insert and,
+    /// in their last row, Down; Ctrl+Del removes the row. Gives the row that is to be edited then, if it is a new one.
     std::optional<std::size_t> Press(TControl& Control, const std::string& Key, std::optional<std::size_t> Row);
 
 private:

@@ -22,11 +22,9 @@ bool AskText(const TQXDialog& Dialog, std::string& Text)
 
 bool QXBrowseForFile(std::string& FileName, std::string_view Filter, std::string_view Title)
 {
-    return AskText({.Kind = TQXDialogKind::Open,
-                    .Title = std::string(Title),
-                    .Filter = std::string(Filter),
-                    .File = FileName},
-                   FileName);
+    return AskText(
+        {.Kind = TQXDialogKind::Open, .Title = std::string(Title), .Filter = std::string(Filter), .File = FileName},
+        FileName);
 }
 
 bool QXBrowseForDirectory(std::string& Folder, std::string_view Title)
@@ -54,11 +52,8 @@ std::vector<std::string> QXChooseFiles(TQXDialog Dialog)
 
 bool QXInputQuery(std::string_view Title, std::string_view Prompt, std::string& Text)
 {
-    return AskText({.Kind = TQXDialogKind::Input,
-                    .Title = std::string(Title),
-                    .Prompt = std::string(Prompt),
-                    .Text = Text},
-                   Text);
+    return AskText(
+        {.Kind = TQXDialogKind::Input, .Title = std::string(Title), .Prompt = std::string(Prompt), .Text = Text}, Text);
 }
 
 bool QXConfirm(std::string_view Text)

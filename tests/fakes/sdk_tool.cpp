@@ -1,6 +1,6 @@
-// Stands for the tool whose name it is started under: resgen.exe, lc.exe, tlbimp.exe, aximp.exe or al.exe. Says where it runs
-// and what it is given, leaves the files that the tool would make, and does what the first word of its input file
-// asks for: "fail" ends it with exit code 3, "crash" by a signal, "hang" lets it wait for ever.
+// Stands for the tool whose name it is started under: resgen.exe, lc.exe, tlbimp.exe, aximp.exe or al.exe. Says where
+// it runs and what it is given, leaves the files that the tool would make, and does what the first word of its input
+// file asks for: "fail" ends it with exit code 3, "crash" by a signal, "hang" lets it wait for ever.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>

@@ -25,7 +25,8 @@ bool HoldsNamed(const TPageJson& Actual, const TPageJson& Expected, const char* 
 bool Holds(const TPageJson& Actual, const TPageJson& Expected)
 {
     if (Expected.is_object())
-        return Actual.is_object() && std::all_of(Expected.items().begin(), Expected.items().end(), [&](const auto& Item) {
+        return Actual.is_object() &&
+               std::all_of(Expected.items().begin(), Expected.items().end(), [&](const auto& Item) {
                    return Actual.contains(Item.key()) && Holds(Actual[Item.key()], Item.value());
                });
     if (!Expected.is_array() || !Actual.is_array() || Expected.empty() || !Expected[0].is_object())
@@ -33,8 +34,7 @@ bool Holds(const TPageJson& Actual, const TPageJson& Expected)
     for (const char* Name : {"name", "class"})
         if (Expected[0].contains(Name))
             return HoldsNamed(Actual, Expected, Name);
-    return Actual.size() == Expected.size() &&
-           std::equal(Actual.begin(), Actual.end(), Expected.begin(), Holds);
+    return Actual.size() == Expected.size() && std::equal(Actual.begin(), Actual.end(), Expected.begin(), Holds);
 }
 
 void CheckAnswer(const TDataCase& Case, const TDataLine& Line, const std::string& Answer, const std::string& Expected)

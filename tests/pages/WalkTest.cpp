@@ -15,11 +15,11 @@ const std::map<std::string, TValues> Preconditions = {
 
 /// What a class inherits, or keeps for projects that hold it, and does not use: its pages do not show it.
 const std::set<std::string> Unused = {
-    "TNAntAction.PropFile",
-    "TGACInstallAction.AssemblyName",    "TGACListAction.AssemblyName",   "TGACListAction.AssemblyPath",
-    "TGACListAction.AssemblyListFile",   "TGACListAction.UseListFile",    "TGACListAction.Force",
-    "TGACListAction.ReferenceCount",     "TGACListAction.RefScheme",      "TGACListAction.RefID",
-    "TGACListAction.RefDescription",     "TMSBuildAction.OutputToLog",    "TQXRegasmAction.AsmPath",
+    "TNAntAction.PropFile",        "TGACInstallAction.AssemblyName",  "TGACListAction.AssemblyName",
+    "TGACListAction.AssemblyPath", "TGACListAction.AssemblyListFile", "TGACListAction.UseListFile",
+    "TGACListAction.Force",        "TGACListAction.ReferenceCount",   "TGACListAction.RefScheme",
+    "TGACListAction.RefID",        "TGACListAction.RefDescription",   "TMSBuildAction.OutputToLog",
+    "TQXRegasmAction.AsmPath",
 };
 
 /// Settings that stand in the list of all properties alone.

@@ -1,6 +1,7 @@
 #include "package/pages/QXCSharpCompilerMainFrame.h"
 
 #include "package/compiler/QXCSharpCompilerAction.h"
+#include "package/pages/QXPageSteps.h"
 
 TCSharpCompilerMainFrame::TCSharpCompilerMainFrame() : TListCompilerMainFrame("cs")
 {

@@ -1,5 +1,6 @@
 #include "package/pages/QXCSharpCompilerResourcesFrame.h"
 
+#include "package/pages/QXPageSteps.h"
 TCSharpCompilerResourcesFrame::TCSharpCompilerResourcesFrame()
     : TListCompilerResourcesFrame("Create links to a managed resources")
 {

@@ -4,6 +4,7 @@
 #include "package/pages/QXCodePagePicker.h"
 #include "package/pages/QXDotNetResourceListForm.h"
 #include "package/pages/QXFileFilters.h"
+#include "package/pages/QXPageSteps.h"
 #include "platform/Text.h"
 
 using TAction = TQXManagedCompilerAction;

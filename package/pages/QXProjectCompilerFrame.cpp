@@ -4,6 +4,7 @@
 #include "host/QXServices.h"
 #include "package/compiler/QXProjectMapping.h"
 #include "package/pages/QXFileFilters.h"
+#include "package/pages/QXPageSteps.h"
 #include "platform/Text.h"
 
 #include <algorithm>

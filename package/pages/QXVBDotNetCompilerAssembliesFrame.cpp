@@ -1,6 +1,7 @@
 #include "package/pages/QXVBDotNetCompilerAssembliesFrame.h"
 
 #include "package/compiler/QXVBDotNetCompilerAction.h"
+#include "package/pages/QXPageSteps.h"
 
 TVBDotNetCompilerAssembliesFrame::TVBDotNetCompilerAssembliesFrame()
 {

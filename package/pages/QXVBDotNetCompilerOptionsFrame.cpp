@@ -1,6 +1,7 @@
 #include "package/pages/QXVBDotNetCompilerOptionsFrame.h"
 
 #include "package/compiler/QXVBDotNetCompilerAction.h"
+#include "package/pages/QXPageSteps.h"
 
 TVBDotNetCompilerOptionsFrame::TVBDotNetCompilerOptionsFrame()
 {

@@ -2,6 +2,7 @@
 
 #include "package/compiler/QXVBDotNetCompilerAction.h"
 #include "package/pages/QXFileFilters.h"
+#include "package/pages/QXPageSteps.h"
 
 TVBDotNetCompilerResourcesFrame::TVBDotNetCompilerResourcesFrame()
 {

@@ -129,6 +129,12 @@ TEST(RealTools, AProgramThatFollowsTheIDEFindsItsCulturesAndLibraries)
     ASSERT_TRUE(Host.Execute(*Action)) << testing::PrintToString(Host.Log.Events);
     EXPECT_THAT(Host.Run("p/bin/Acme.exe", ""), testing::ElementsAre("aus dem Formular", "from the form", "deep"));
 
+    Host.Folder.Write("p/bin/Kit.dll", "old");
+    Host.Folder.Write("p/bin/Deep.dll", "of another project, and newer");
+    ASSERT_TRUE(Host.Execute(*Action)) << testing::PrintToString(Host.Log.Events);
+    EXPECT_EQ(Host.Folder.Read("p/bin/Kit.dll"), Host.Folder.Read("lib/Kit.dll"));
+    EXPECT_EQ(Host.Folder.Read("p/bin/Deep.dll"), "of another project, and newer");
+
     const TAssemblyMetadata Main = Host.Metadata("p/bin/Acme.exe");
     const TAssemblyMetadata Satellite = Host.Metadata("p/bin/de/Acme.resources.dll");
     EXPECT_EQ(Satellite.Name, "Acme.resources");

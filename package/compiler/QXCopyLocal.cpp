@@ -106,11 +106,13 @@ bool TQXCopyLocal::CopySatellites(const std::string& Path) const
     const std::string Folder = Paths::Folder(Path);
     for (const std::string& Culture : Files::Enumerate(Folder, "*", Files::TEntryKind::Folders))
     {
-        const std::string Satellite = Folder + Culture + Paths::Delimiter() + Name;
+        const std::string Satellite = Paths::Join(Paths::Join(Folder, Culture), Name);
         if (CultureOf("x." + Culture + ".resx").empty() || !QXFiles().FileExists(Satellite))
             continue;
         const std::string Target = FLoad.OutputFolder + Culture + Paths::Delimiter();
-        if (!QXFiles().ForceFolders(Target) || !CopyFile(Satellite, Target))
+        // The copy fails, and says so, where no folder can be made.
+        static_cast<void>(QXFiles().ForceFolders(Target));
+        if (!CopyFile(Satellite, Target))
             return false;
     }
     return true;

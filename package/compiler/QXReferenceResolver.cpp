@@ -82,7 +82,7 @@ bool TQXReferenceResolver::ResolveProjectReference(TXmlElement& Reference)
 /// is asked for first.
 std::string TQXReferenceResolver::OutputOfProject(const std::string& Name)
 {
-    const std::string Output = FindFile(FLoad.OutputFolder + Name);
+    std::string Output = FindFile(FLoad.OutputFolder + Name);
     if (!Output.empty() && !FLoad.FollowsIDE)
         return Output;
     std::string Answer = FAction.ResolveProjReferenceEvent(Name);
@@ -176,7 +176,7 @@ bool TQXReferenceResolver::IsPrivate(const TXmlElement& Reference, const std::st
 std::string TQXReferenceResolver::AssemblyPath(const TXmlElement& Reference) const
 {
     std::string Name = WithLibraryExtension(Reference.Attribute("AssemblyName"));
-    if (const std::string Original = OriginalPath(Reference, Name); !Original.empty())
+    if (std::string Original = OriginalPath(Reference, Name); !Original.empty())
         return Original;
     if (IsPrivate(Reference, Name))
         return QXFiles().Find(FLoad.OutputFolder + Name);

@@ -41,7 +41,7 @@ std::string LinkerArguments(const TQXManagedCompilerAction& Action, const std::s
     if (Satellites.IsDelaySigned)
         Result += " /delaysign+";
     for (const std::string& Resource : Resources)
-        Add("/embed:", Resource + ',' + Resource);
+        Add("/embed:", std::string(Resource).append(",").append(Resource));
     Add("/out:", Satellite);
     return Result;
 }

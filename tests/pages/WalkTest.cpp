@@ -20,6 +20,7 @@ const std::set<std::string> Unused = {
     "TGACListAction.Force",        "TGACListAction.ReferenceCount",   "TGACListAction.RefScheme",
     "TGACListAction.RefID",        "TGACListAction.RefDescription",   "TMSBuildAction.OutputToLog",
     "TQXRegasmAction.AsmPath",
+    "TQXJSharpCompilerAction.Modules",
 };
 
 /// Settings that stand in the list of all properties alone.

@@ -185,7 +185,7 @@ TEST_F(ProjectFile, IncludesComeAndGo)
     const TTempFolder Temp;
     Temp.Write("common.toml", "[variables]\nB = '2'\n");
     const std::string Without = "# Build\n\n[variables]\nA = '1'\n";
-    const std::string With = "# Build\ninclude = [\"common.toml\"]\n\n[variables]\nA = '1'\n";
+    const std::string With = "# Build\n\ninclude = [\"common.toml\"]\n\n[variables]\nA = '1'\n";
     TProject Project = TProject::Parse(Temp / "quexley.toml", Without);
     Project.Includes = {"common.toml"};
     EXPECT_EQ(Project.ToText(), With);

@@ -208,9 +208,13 @@ void ChooseConfigurations(TImportModel& Model, const std::string& Wanted)
     {
         TImportedProject& Project = Model.Projects[Place];
         Project.Configuration = {"", true, ""};
-        if (!Project.IsIncluded || Project.Found.Configurations.empty() || Project.Found.Find(Model.Configuration))
+        if (!Project.IsIncluded || Project.Found.Configurations.empty())
             continue;
         const TSubstitute Substitute(Model, Place);
+        // MSBuild passes its configuration on to the projects that it refers to, which need not have the same ones.
+        const bool IsMappedOnly = Project.Found.Kind == TProjectKind::MSBuild && Substitute.IsMapped();
+        if (!IsMappedOnly && Project.Found.Find(Model.Configuration))
+            continue;
         Project.Configuration = Substitute.Text();
         if (!Substitute.IsMapped())
             Project.Notes.push_back(fmt::format("it has no configuration \"{}\", \"{}\" is taken", Model.Configuration,

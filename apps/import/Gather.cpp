@@ -275,6 +275,10 @@ void TGatherer::AnswerAssembly(std::size_t From, const TProjectReference& Refere
         Project.Needs.insert(*Answer.Project);
     else if (TakesLibraryFolders(Project.Found.Kind))
         Answer.LibraryFolder = LibraryFolder(From, FileName);
+    if (Answer.LibraryFolder.find(',') != std::string::npos)
+        return Project.Notes.push_back(
+            fmt::format("the folder \"{}\" of \"{}\" cannot be named: commas part the folders of LibLocations",
+                        FModel.Relative(Answer.LibraryFolder), FileName));
     if (Answer.Project || !Answer.LibraryFolder.empty())
         Project.References.push_back(std::move(Answer));
     else if (Project.Found.Kind != TProjectKind::MSBuild)

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <iomanip>
+#include <map>
 #include <regex>
 #include <sstream>
 
@@ -39,6 +40,8 @@ private:
     {
         if (Line.Word == "file")
             WriteFile(Line.Rest, Fill(Line.Text));
+        else if (Line.Word == "project")
+            WriteVisualStudioProject(Words(Line.Rest), Fill(Line.Text));
         else if (Line.Word == "bytes")
             WriteFile(SplitSetting(Line.Rest).first, Unescape(SplitSetting(Line.Rest).second));
         else if (Line.Word == "options")
@@ -90,6 +93,51 @@ private:
             Text.append("name = \"").append(Name).append("\"\nAssemblyPath = \"").append(Name).append(".dll\"\n");
         }
         WriteFile("quexley.toml", Text);
+    }
+
+    /// A project of Visual Studio .NET 2003 with these References and a source beside it, unless "sources" says which
+    /// there are. What else follows its name sets the rest.
+    void WriteVisualStudioProject(const std::vector<std::string>& Line, const std::string& References) const
+    {
+        const fs::path File = Line.front();
+        const std::string Bare = File.stem().string();
+        std::map<std::string, std::string> Values = {{"guid", ""},
+                                                     {"assembly", Bare},
+                                                     {"type", "Library"},
+                                                     {"configs", R"(Debug=bin\Debug\;Release=bin\Release\)"},
+                                                     {"sources", Bare + ".cs"},
+                                                     {"settings", ""}};
+        for (const std::string& Setting : Line)
+            if (const auto Equals = Setting.find('='); &Setting != &Line.front() && Equals != Setting.npos)
+                Values.at(Setting.substr(0, Equals)) = Setting.substr(Equals + 1);
+        if (Values["sources"] == Bare + ".cs")
+            WriteFile((File.parent_path() / Values["sources"]).string(), "class C {}\n");
+        const std::string Language = File.extension() == ".vbproj"    ? "VisualBasic"
+                                     : File.extension() == ".vjsproj" ? "VISUALJSHARP"
+                                                                      : "CSHARP";
+        std::string Text = "<VisualStudioProject><" + Language + " SchemaVersion='2.0' ProjectGuid='{" +
+                           Values["guid"] + "}'><Build><Settings AssemblyName=\"" + Values["assembly"] +
+                           "\" OutputType='" + Values["type"] + "' " + Values["settings"] + ">";
+        for (const std::string& Config : Parts(Values["configs"]))
+            Text += "<Config Name='" + SplitAt(Config).first + "' OutputPath='" + SplitAt(Config).second + "'/>";
+        Text += "</Settings><References>" + References + "</References></Build><Files><Include>";
+        for (const std::string& Source : Parts(Values["sources"]))
+            Text += "<File RelPath=\"" + Source + "\" BuildAction='Compile'/>";
+        WriteFile(File.string(), Text + "</Include></Files></" + Language + "></VisualStudioProject>\n");
+    }
+
+    static std::vector<std::string> Parts(const std::string& Text)
+    {
+        std::vector<std::string> Result;
+        std::istringstream Stream(Text);
+        for (std::string Part; std::getline(Stream, Part, ';');)
+            Result.push_back(Part);
+        return Result;
+    }
+
+    static std::pair<std::string, std::string> SplitAt(const std::string& Setting)
+    {
+        return {Setting.substr(0, Setting.find('=')), Setting.substr(Setting.find('=') + 1)};
     }
 
     bool Do(const TDataLine& Line)

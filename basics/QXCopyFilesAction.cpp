@@ -49,8 +49,7 @@ bool TQXCopyFilesAction::CopyFile(const TQXSelectedFile& File, const std::string
         SendMessage("Left out " + File.Path + " : it is no ordinary file");
         return true;
     }
-    NoteSource(File, Target, Sources);
-    if (!IsWanted(File, Target))
+    if (!NoteSource(File, Target, Sources) || !IsWanted(File, Target))
         return true;
     const std::string Folder = FolderOfPath(Target);
     if (!Folder.empty() && !QXFiles().ForceFolders(Folder))
@@ -73,11 +72,15 @@ bool TQXCopyFilesAction::IsWanted(const TQXSelectedFile& File, const std::string
     return QXFiles().Resolve(File.Path) != QXFiles().Resolve(Target); // else it is there already
 }
 
-/// Two files of one name are copied one over the other, as their user may want it, but not unsaid.
-void TQXCopyFilesAction::NoteSource(const TQXSelectedFile& File, const std::string& Target, TSources& Sources) const
+/// False for a file that was named before. Two of one name are copied one over the other, as their user may want it,
+/// but not unsaid.
+bool TQXCopyFilesAction::NoteSource(const TQXSelectedFile& File, const std::string& Target, TSources& Sources) const
 {
     std::string& Source = Sources[LowerCase(Target)];
-    if (!Source.empty() && Source != File.Path)
+    if (Source == File.Path)
+        return false;
+    if (!Source.empty())
         SendMessage("Warning: " + File.Path + " takes the place of " + Source + " in " + Target);
     Source = File.Path;
+    return true;
 }

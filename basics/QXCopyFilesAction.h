@@ -28,7 +28,7 @@ private:
 
     [[nodiscard]] bool CopyFile(const TQXSelectedFile& File, const std::string& Target, TSources& Sources);
     [[nodiscard]] bool IsWanted(const TQXSelectedFile& File, const std::string& Target) const;
-    void NoteSource(const TQXSelectedFile& File, const std::string& Target, TSources& Sources) const;
+    [[nodiscard]] bool NoteSource(const TQXSelectedFile& File, const std::string& Target, TSources& Sources) const;
 
     std::size_t FCopied = 0;
 };

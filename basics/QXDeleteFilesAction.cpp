@@ -76,6 +76,8 @@ void TQXDeleteFilesAction::Delete(const TQXSelectedFile& File)
         SendMessage("The folder is not empty and stays : " + File.Path);
         return;
     }
+    // It may have been named twice.
+    const TQXFileEntry Entry = QXFiles().Entry(File.Path);
+    FDeleted += !IsFolder && (Entry.IsLink || Entry.Kind != TQXFileKind::None) ? 1 : 0;
     QXFiles().Remove(File.Path);
-    FDeleted += IsFolder ? 0 : 1;
 }

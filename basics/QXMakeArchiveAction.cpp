@@ -113,7 +113,7 @@ bool TQXMakeArchiveAction::NameAll(const TQXFileSelection& Selection, const std:
     {
         if (File.IsFolder())
             continue;
-        if (File.Entry.Kind == TQXFileKind::Other)
+        if (File.Entry.Kind == TQXFileKind::Other && !File.Entry.IsLink)
         {
             SendMessage("Left out " + File.Path + " : it is no ordinary file");
             continue;

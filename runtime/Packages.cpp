@@ -48,8 +48,11 @@ void LoadInstalledPackages(TQXRuntime& Runtime, bool DesignTime)
 {
     for (const std::string& File : InstalledPackages())
     {
-        const std::string Reason = Runtime.AddPackage([&] { LoadPackage(File, DesignTime); });
-        if (!Reason.empty())
-            Runtime.AddWarning({.Message = "The package " + File + " is left out: " + Reason});
+        std::string Reason = Runtime.AddPackage([&] { LoadPackage(File, DesignTime); });
+        if (Reason.empty())
+            continue;
+        if (!Reason.starts_with(File))
+            Reason.insert(0, File + ": ");
+        Runtime.AddWarning({.Message = Reason + "; this package is left out"});
     }
 }

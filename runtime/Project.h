@@ -69,6 +69,8 @@ public:
     /// Of all files, in the order in which the later one counts.
     [[nodiscard]] TVariables::TPairs AllVariables() const;
     [[nodiscard]] std::vector<std::string> AllSecrets() const;
+    /// Those and the host's own, for expressions.
+    [[nodiscard]] TVariables ExpressionVariables() const;
     /// Gives the project's scripts to the actions that declare them and have none of their own.
     void GiveScripts();
     /// Whether the action stands in an included file.

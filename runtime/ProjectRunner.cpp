@@ -16,6 +16,7 @@
 #include "runtime/log/Diagnostics.h"
 #include "runtime/log/HostEvents.h"
 #include "runtime/log/MissingOutputs.h"
+#include "runtime/log/NoEvents.h"
 #include "runtime/scripting/ScriptEngine.h"
 
 #include <fmt/format.h>
@@ -65,11 +66,6 @@ public:
 
 private:
     std::chrono::steady_clock::time_point FStart = std::chrono::steady_clock::now();
-};
-
-class TNoEvents final : public IRunEvents
-{
-    void Handle(const TRunEvent&) override {}
 };
 
 /// Passes findings on as events and counts them.
@@ -148,9 +144,7 @@ TProjectRunner::TImpl::TImpl(TProject& AProject, TRunOptions AOptions, IRunEvent
     : Project(AProject), Options(std::move(AOptions)), MissingOutputs(Target), Resume(AProject.File)
 {
     Project.GiveScripts();
-    Variables.SetProjectVariables(Project.AllVariables());
-    Variables.SetHostVariables(
-        {{"ProjectDir", Project.Folder}, {"ProjectFile", Project.File}, {"ProjectName", Project.Name}});
+    Variables = Project.ExpressionVariables();
     CheckSettings(Project, Variables, Options.Overrides);
     Selected = SelectActions(Project, Options, Begin());
     Variables.SetOverrides(Options.Overrides);

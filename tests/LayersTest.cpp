@@ -81,6 +81,7 @@ const std::vector<TLayer> Layers = {
     {"platform", {"platform/"}, {"*"}},
     {"runtime", {"host/", "platform/", "runtime/"}, {"fmt/", "toml++/", "duktape.", "nlohmann/"}},
     {"package", {"host/", "platform/", "package/"}, {}},
+    {"basics", {"host/", "QX", "pages/QX"}, {"archive", "locale.h"}},
     {"apps/shared", {"host/", "platform/", "runtime/", "apps/shared/"}, {"fmt/"}},
     {"apps/import", {"host/", "platform/", "runtime/", "apps/import/"}, {"fmt/"}},
     {"apps/quexley",
@@ -96,6 +97,7 @@ const std::vector<std::pair<std::string, std::string>> Rooms = {
     {"libxml/", "platform/Xml"},
     {"uv.h", "platform/"},
     {"Q", "apps/designer/"},
+    {"archive", "basics/QXArchiveWriter.cpp"},
 };
 
 /// What systems differ in, by which it is called.

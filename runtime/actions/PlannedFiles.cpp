@@ -38,6 +38,12 @@ std::string TPlannedFiles::Key(std::string_view Path)
     return Texts::FoldCase(FileTrees::Resolve(Path));
 }
 
+std::string TPlannedFiles::LinkKey(std::string_view Path)
+{
+    const std::string Full = Absolute(Path);
+    return Paths::WithTrailing(Key(Paths::Folder(Full))) + Texts::FoldCase(Paths::FileName(Full));
+}
+
 const TPlannedFiles::TEntry* TPlannedFiles::Lookup(std::string_view Path) const
 {
     const auto Found = FEntries.empty() || Path.empty() ? FEntries.end() : FEntries.find(Key(Path));
@@ -192,8 +198,16 @@ TQXFileEntry TPlannedFiles::PlannedEntry(const TEntry& Planned)
 
 TQXFileEntry TPlannedFiles::Entry(std::string_view Path) const
 {
+    if (const auto Link = FEntries.find(LinkKey(Path)); Link != FEntries.end())
+        return PlannedEntry(Link->second);
+    TQXFileEntry Result = DiskFiles().Entry(Path);
     const TEntry* Planned = Lookup(Path);
-    return Planned ? PlannedEntry(*Planned) : DiskFiles().Entry(Path);
+    if (!Planned)
+        return Result;
+    if (!Result.IsLink)
+        return PlannedEntry(*Planned);
+    Result.Kind = PlannedEntry(*Planned).Kind;
+    return Result;
 }
 
 std::vector<TQXFileEntry> TPlannedFiles::Entries(std::string_view Folder) const
@@ -247,14 +261,7 @@ void TPlannedFiles::Remove(std::string_view Path)
     if (IsFolder && !Entries(Path).empty())
         throw EFileError(std::string(Path), "The folder is not empty");
     Say((IsFolder ? "Would delete the folder " : "Would delete ") + Spelling(Path));
-    if (!There.IsLink)
-    {
-        Plan(Path, TState::Gone);
-        return;
-    }
-    // What the link leads to stays.
-    const std::string Folder = Key(Paths::Folder(Absolute(Path)));
-    FEntries[Paths::WithTrailing(Folder) + Texts::FoldCase(There.Name)] = {TState::Gone, Folder, There.Name, {}, {}};
+    FEntries[LinkKey(Path)] = {TState::Gone, Key(Paths::Folder(Absolute(Path))), There.Name, {}, {}};
 }
 
 std::unique_ptr<IQXNewFile> TPlannedFiles::Replace(std::string_view Path)

@@ -46,6 +46,8 @@ private:
 
     /// By what a path is known: absolute, without links and in the form that ignores case.
     [[nodiscard]] static std::string Key(std::string_view Path);
+    /// The same for a symbolic link itself, where the path is one.
+    [[nodiscard]] static std::string LinkKey(std::string_view Path);
     [[nodiscard]] const TEntry* Lookup(std::string_view Path) const;
     [[nodiscard]] static TQXFileEntry PlannedEntry(const TEntry& Planned);
     TEntry& Plan(std::string_view Path, TState State);

@@ -143,6 +143,14 @@ std::vector<std::string> TProject::FileNames() const
     return Names;
 }
 
+TVariables TProject::ExpressionVariables() const
+{
+    TVariables Result;
+    Result.SetProjectVariables(AllVariables());
+    Result.SetHostVariables({{"ProjectDir", Folder}, {"ProjectFile", File}, {"ProjectName", Name}});
+    return Result;
+}
+
 TVariables::TPairs TProject::AllVariables() const
 {
     return Joined(Included.Variables, Variables);

@@ -154,6 +154,8 @@ private:
             CheckWrongUsage(Line);
         else if (Line.Word == "exit")
             CheckExit(std::stoi(Line.Rest));
+        else if (Line.Word == "shell")
+            Shell(Line.Rest);
         else if (Line.Word == "look")
             FFile = Line.Rest;
         else if (Line.Word == "junit")

@@ -408,3 +408,5 @@ TEST_P(DataFiles, GiveWhatTheySay)
 
 INSTANTIATE_TEST_SUITE_P(Package, DataFiles, testing::ValuesIn(FindDataFiles("tests/package/data")),
                          [](const auto& Info) { return DataFileName(Info.param); });
+INSTANTIATE_TEST_SUITE_P(Basics, DataFiles, testing::ValuesIn(FindDataFiles("tests/basics/data")),
+                         [](const auto& Info) { return DataFileName(Info.param); });

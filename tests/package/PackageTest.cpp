@@ -1,6 +1,7 @@
 #include "tests/package/PackageTest.h"
 
 #include "host/QXServices.h"
+#include "runtime/Packages.h"
 
 #include <filesystem>
 
@@ -8,7 +9,10 @@ namespace fs = std::filesystem;
 
 TPackageHost::TPackageHost() : Tools(Folder.Path() + "/tools")
 {
-    Runtime.SetPackageSource([] { QXRegister(false); });
+    Runtime.SetPackageSource([] {
+        QXRegister(false);
+        LoadNamedPackages({QUEXLEY_BINARY_DIR "/lib/quexley/QX40Basics.so"}, false);
+    });
     SetDotNetVersions({{"v2.0", Tools, Tools}});
     for (const char* Tool : {"csc.exe", "vbc.exe", "vjc.exe", "resgen.exe", "gacutil.exe"})
         Folder.Write(std::string("tools/") + Tool);

@@ -4,6 +4,7 @@
 #include "package/sdktools/QXDotNetGACAction.h"
 #include "platform/Files.h"
 #include "runtime/HostErrors.h"
+#include "runtime/Packages.h"
 
 #include "gmock/gmock.h"
 
@@ -14,6 +15,11 @@
 
 namespace
 {
+std::string Module(const std::string& Name)
+{
+    return QUEXLEY_BINARY_DIR "/lib/quexley/" + Name + ".so";
+}
+
 /// Everything that a class is registered with, and its persisted properties with their types and defaults.
 std::string Describe(const TQXPersistent& Object)
 {
@@ -75,26 +81,30 @@ void ExpectImage(const std::string& Name)
 
 TEST(Registration, EveryImageIsThere)
 {
-    TTestHost Host;
-    Host.Runtime.SetPackageSource([] { QXRegister(false); });
+    TPackageHost Host;
     for (const TQXActionRegistration& Action : Host.Runtime.ActionServices().Actions())
         ExpectImage(Action.ImageName);
     for (const TQXOptionsRegistration& Options : Host.Runtime.OptionsServices().Options())
         ExpectImage(Options.ImageName);
-    for (const char* Name : {"RUNPROGRAM", "COPYFILES", "DELETEFILES", "MAKEARCHIVE"})
-        ExpectImage(Name);
 }
 
-TEST(Registration, IsAsTheFileTells)
+TEST(Registration, IsAsTheFilesTell)
 {
-    TPackageHost Host;
-    Host.Runtime.SetPackageSource([] { QXRegister(true); });
-    std::ifstream File(QUEXLEY_SOURCE_DIR "/tests/package/registered.txt");
-    const std::string Actual = DescribePackage(Host);
-    if (std::string Expected(std::istreambuf_iterator<char>(File), {}); Actual != Expected)
+    for (const std::string Package : {"package", "basics"})
     {
-        std::ofstream(QUEXLEY_BINARY_DIR "/registered.txt") << Actual;
-        EXPECT_EQ(Expected, Actual) << "what is registered now stands in " QUEXLEY_BINARY_DIR "/registered.txt";
+        TPackageHost Host;
+        if (Package == "package")
+            Host.Runtime.SetPackageSource([] { QXRegister(true); });
+        else
+            Host.Runtime.SetPackageSource([] { LoadNamedPackages({Module("QX40Basics")}, true); });
+        std::ifstream File(QUEXLEY_SOURCE_DIR "/tests/" + Package + "/registered.txt");
+        const std::string Actual = DescribePackage(Host);
+        if (std::string Expected(std::istreambuf_iterator<char>(File), {}); Actual != Expected)
+        {
+            const std::string Now = QUEXLEY_BINARY_DIR "/registered-" + Package + ".txt";
+            std::ofstream(Now) << Actual;
+            EXPECT_EQ(Expected, Actual) << "what is registered now stands in " << Now;
+        }
     }
 }
 
@@ -151,12 +161,15 @@ TEST(Registration, APackageThatIsThereInPartIsAnError)
                         "QX40DotNetFrameWork: The action class TGACListAction is registered twice"));
 }
 
-TEST(Package, ExportsItsEntryAndNothingElse)
+class Package : public testing::TestWithParam<const char*>
 {
-    const std::string Module = QUEXLEY_BINARY_DIR "/lib/quexley/QX40DotNetFrameWork.so";
-    if (!std::filesystem::exists(Module))
-        GTEST_SKIP() << Module << " is not built";
-    const std::string Command = "nm -D --defined-only --format=posix '" + Module + "' 2>/dev/null";
+};
+
+TEST_P(Package, ExportsItsEntryAndNothingElse)
+{
+    if (!std::filesystem::exists(Module(GetParam())))
+        GTEST_SKIP() << GetParam() << " is not built";
+    const std::string Command = "nm -D --defined-only --format=posix '" + Module(GetParam()) + "' 2>/dev/null";
     std::FILE* Pipe = popen(Command.c_str(), "r");
     ASSERT_NE(Pipe, nullptr);
     std::string Symbols;
@@ -168,4 +181,21 @@ TEST(Package, ExportsItsEntryAndNothingElse)
     const auto Found = Lines(Symbols);
     ASSERT_EQ(Found.size(), 1U) << Symbols;
     EXPECT_TRUE(Found[0].starts_with("QXRegister T ")) << Symbols;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Package, testing::Values("QX40DotNetFrameWork", "QX40Basics"));
+
+TEST(Packages, OneThatFailsLeavesNothing)
+{
+    TTestHost Host;
+    Host.Runtime.SetPackageSource([&] {
+        const auto RegisterTwice = [] {
+            for (int Time = 0; Time < 2; ++Time)
+                QXActionServices().RegisterAction("List", "Other", QXActionClass<TGACListAction>("TGACListAction"), "");
+        };
+        EXPECT_EQ(Host.Runtime.AddPackage(RegisterTwice), "The action class TGACListAction is registered twice");
+        EXPECT_EQ(Host.Runtime.AddPackage([] { QXActionServices().RegistrationFailed("a reason"); }), "a reason");
+        EXPECT_EQ(Host.Runtime.AddPackage([] { QXRegister(false); }), "");
+    });
+    EXPECT_NE(Host.Runtime.ActionServices().FindAction("TGACListAction"), nullptr);
 }

@@ -7,6 +7,8 @@
 #include "runtime/HostErrors.h"
 #include "runtime/Project.h"
 #include "runtime/Runtime.h"
+#include "runtime/actions/RunContext.h"
+#include "runtime/log/NoEvents.h"
 
 #include <fmt/format.h>
 
@@ -47,11 +49,13 @@ std::string Machine(const TArguments& Arguments, TQXRuntime& Runtime)
 }
 
 /// The tool that an action would start, or what is wrong with it.
-std::string ToolOf(const TProjectAction& Action, bool& IsMissing)
+std::string ToolOf(const TProjectAction& Action, const TVariables& Variables, bool& IsMissing)
 {
     auto* Runs = dynamic_cast<TQXExecuteAbstractAction*>(Action.Object.get());
     if (!Runs)
         return "needs no tool";
+    TNoEvents Nowhere;
+    const TRunContext Context(*Action.Object, {.Index = Action.Index}, Variables, Nowhere);
     const std::string Tool = Runs->GetExecutable();
     const std::string Found = Tool.empty() ? Tool : Files::Find(Tool);
     IsMissing = Found.empty() || !Files::FileExists(Found);
@@ -64,12 +68,14 @@ std::string ToolOf(const TProjectAction& Action, bool& IsMissing)
 std::string Tools(const TProject& Project, int& Missing)
 {
     TRows Rows;
+    const TVariables Variables = Project.ExpressionVariables();
+    Files::SetCurrentFolder(Project.Folder);
     for (const TProjectAction& Action : Project.Actions)
     {
         if (!Action.Enabled)
             continue;
         bool IsMissing = false;
-        Rows.push_back({std::to_string(Action.Index), Action.Name, ToolOf(Action, IsMissing)});
+        Rows.push_back({std::to_string(Action.Index), Action.Name, ToolOf(Action, Variables, IsMissing)});
         Missing += IsMissing ? 1 : 0;
     }
     return AlignColumns(Rows, "  ");

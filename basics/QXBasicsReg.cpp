@@ -3,6 +3,7 @@
 #include "QXMakeArchiveAction.h"
 #include "QXRunProgramAction.h"
 #include "host/QXServices.h"
+#include "pages/QXFilePages.h"
 
 #include <exception>
 #include <string>
@@ -11,17 +12,32 @@ namespace
 {
 constexpr const char* Category = "Files and Programs";
 
-template <typename T> void Register(const char* ClassName, const char* ImageName)
+/// What is registered of an action, in the order in which users see it.
+struct TRow
 {
-    QXActionServices().RegisterAction(T::GetActionName(), Category, QXActionClass<T>(ClassName), ImageName);
-}
+    TQXActionClass Class;
+    const char* ImageName;
+    TQXPageClass Page;
+};
 
-void RegisterAll()
+void RegisterAll(bool DesignTime)
 {
-    Register<TQXRunProgramAction>("TQXRunProgramAction", "RUNPROGRAM");
-    Register<TQXCopyFilesAction>("TQXCopyFilesAction", "COPYFILES");
-    Register<TQXDeleteFilesAction>("TQXDeleteFilesAction", "DELETEFILES");
-    Register<TQXMakeArchiveAction>("TQXMakeArchiveAction", "MAKEARCHIVE");
+    const TRow Rows[] = {
+        {QXActionClass<TQXRunProgramAction>("TQXRunProgramAction"), "RUNPROGRAM",
+         QXPageClass<TQXRunProgramFrame>("TQXRunProgramFrame")},
+        {QXActionClass<TQXCopyFilesAction>("TQXCopyFilesAction"), "COPYFILES",
+         QXPageClass<TQXCopyFilesFrame>("TQXCopyFilesFrame")},
+        {QXActionClass<TQXDeleteFilesAction>("TQXDeleteFilesAction"), "DELETEFILES",
+         QXPageClass<TQXDeleteFilesFrame>("TQXDeleteFilesFrame")},
+        {QXActionClass<TQXMakeArchiveAction>("TQXMakeArchiveAction"), "MAKEARCHIVE",
+         QXPageClass<TQXMakeArchiveFrame>("TQXMakeArchiveFrame")},
+    };
+    for (const TRow& Row : Rows)
+    {
+        QXActionServices().RegisterAction(Row.Class.ActionName, Category, Row.Class, Row.ImageName);
+        if (DesignTime)
+            QXActionServices().RegisterActionPages(Row.Class.ClassName, {&Row.Page, 1});
+    }
 }
 } // namespace
 
@@ -32,11 +48,11 @@ extern "C"
 #else
     __attribute__((visibility("default")))
 #endif
-        void QXRegister(bool /*DesignTime*/) noexcept
+        void QXRegister(bool DesignTime) noexcept
 {
     try
     {
-        RegisterAll();
+        RegisterAll(DesignTime);
     }
     catch (const std::exception& Error)
     {

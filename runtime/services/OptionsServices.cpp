@@ -42,22 +42,22 @@ private:
 
 void TOptionsServices::RegisterOptions(TQXOptionsClass OptionsClass, std::string ImageName)
 {
-    for (const TQXOptionsRegistration& Registration : FOptions)
+    for (const TQXOptionsRegistration& Registration : FRegistered.Options)
         if (Registration.OptionsClass.OptionKey == OptionsClass.OptionKey)
             throw std::logic_error("The options " + OptionsClass.OptionKey + " are registered twice");
-    FOptions.push_back({std::move(OptionsClass), std::move(ImageName)});
+    FRegistered.Options.push_back({std::move(OptionsClass), std::move(ImageName)});
 }
 
 std::span<const TQXOptionsRegistration> TOptionsServices::Options() const
 {
     FBeforeLookUp();
-    return FOptions;
+    return FRegistered.Options;
 }
 
 std::span<const TQXPageClass> TOptionsServices::OptionsPages(std::string_view OptionsClassName) const
 {
     FBeforeLookUp();
-    return FPages.Of(OptionsClassName);
+    return FRegistered.Pages.Of(OptionsClassName);
 }
 
 TQXOptionsObject* TOptionsServices::GetOptions(std::string_view Category, std::string_view Name)

@@ -24,7 +24,7 @@ public:
     void RegisterOptions(TQXOptionsClass OptionsClass, std::string ImageName) override;
     void RegisterOptionsPages(std::string_view OptionsClassName, std::span<const TQXPageClass> Pages) override
     {
-        FPages.Add(OptionsClassName, Pages);
+        FRegistered.Pages.Add(OptionsClassName, Pages);
     }
     [[nodiscard]] std::span<const TQXOptionsRegistration> Options() const override;
     [[nodiscard]] std::span<const TQXPageClass> OptionsPages(std::string_view OptionsClassName) const override;
@@ -33,15 +33,19 @@ public:
     void Store(const TQXOptionsRegistration& Registration);
 
     /// All that packages have registered.
-    [[nodiscard]] const std::vector<TQXOptionsRegistration>& Registered() const { return FOptions; }
-    void Restore(std::vector<TQXOptionsRegistration> Registered) { FOptions = std::move(Registered); }
+    struct TRegistered
+    {
+        std::vector<TQXOptionsRegistration> Options;
+        TClassPages Pages;
+    };
+    [[nodiscard]] const TRegistered& Registered() const { return FRegistered; }
+    void Restore(TRegistered Registered) { FRegistered = std::move(Registered); }
 
 private:
     [[nodiscard]] TQXOptionsObject& Object(const TQXOptionsClass& Class);
 
     std::function<void()> FBeforeLookUp;
     std::function<TOptionsFile&()> FFile;
-    std::vector<TQXOptionsRegistration> FOptions;
-    TClassPages FPages;
+    TRegistered FRegistered;
     std::map<std::string, std::unique_ptr<TQXOptionsObject>, std::less<>> FObjects; // by option key
 };

@@ -53,7 +53,7 @@ protected:
     TExampleTest()
     {
         fs::copy(QUEXLEY_SOURCE_DIR "/examples/acme", Folder(), fs::copy_options::recursive);
-        for (const char* Made : {"bin", "Acme.snk"})
+        for (const char* Made : {"bin", "dist", "Acme.snk"})
             fs::remove_all(Path(Made));
         WriteFile(OptionsFile(), "[NUnit]\nNUnitLocation = '" + NUnit + "'\n");
     }
@@ -121,7 +121,7 @@ TEST_F(TExampleTest, ADryRunShowsTheStartsOfTheRealOneAndTouchesNothing)
     EXPECT_EQ(Tree(), Before);
     EXPECT_THAT(Planned.Out, HasSubstr("Would copy "));
     EXPECT_THAT(Planned.Out, Not(HasSubstr("Compiled OK")));
-    EXPECT_THAT(Run({"run", "--dry-run"}).Out, HasSubstr("\n8 planned, 0 failed, 0 skipped in "));
+    EXPECT_THAT(Run({"run", "--dry-run"}).Out, HasSubstr("\n10 planned, 0 failed, 0 skipped in "));
 
     const TProgramResult Real = Run({"run", "--format", "json"});
     ASSERT_EQ(Real.ExitCode, 0) << Real.Out;
@@ -148,6 +148,8 @@ TEST_F(TExampleTest, BuildsTestsAndRunsWithTheRealTools)
                                                               "Welcome to the stock\n"
                                                               "anvil\n");
     EXPECT_FALSE(HasFile("bin/Release/lc.exe"));
+    EXPECT_EQ(Shell("python3 -m zipfile -l dist/acme.zip | cut -d' ' -f1"),
+              "File\nAcme.About.dll\nAcme.Core.dll\nAcmeConsole.exe\nAcmeConsole.exe.config\nAcmeForms.exe\n");
 }
 
 TEST_F(TFolderNamesTest, ProjectsOfAnyFolderCompileAndRun)

@@ -1,6 +1,7 @@
 // What the tests of pages share.
 #pragma once
 
+#include "runtime/Packages.h"
 #include "runtime/forms/PageDriver.h"
 #include "tests/package/PackageTest.h"
 
@@ -14,7 +15,10 @@ class TPagesHost final : public TPackageHost
 public:
     TPagesHost()
     {
-        Runtime.SetPackageSource([] { QXRegister(true); });
+        Runtime.SetPackageSource([] {
+            QXRegister(true);
+            LoadNamedPackages({QUEXLEY_BINARY_DIR "/lib/quexley/QX40Basics.so"}, true);
+        });
     }
 
     /// Installs .NET versions of these names.

@@ -53,7 +53,7 @@ std::vector<std::string> ActionNames(const TImportModel& Model, const std::vecto
         }
     }
     for (std::string& Name : Names)
-        Name = "Compile " + Name;
+        Name.insert(0, "Compile ");
     return Names;
 }
 

@@ -103,16 +103,18 @@ public:
 struct TWarningLevelGroup : TCompilerGroup
 {
     using TCompilerGroup::TCompilerGroup;
-    TComboBox cbWarningLevel{
-        Page,
-        "cbWarningLevel",
-        "Set warning level:",
-        {"0 - Turns off emission of all warning messages.", "1 - Displays severe warning messages.",
-         "2 - Displays level 1 warnings plus certain, less-severe warnings, such as warnings about hiding class "
-         "members.",
-         "3 - Displays level 2 warnings plus certain, less-severe warnings, such as warnings about expressions that "
-         "always evaluate to true or false.",
-         "4 - Displays all level 3 warnings plus informational warnings."}};
+    // Long entries stand apart, so that none of them is taken for two.
+    static constexpr const char* LessSevere = "2 - Displays level 1 warnings plus certain, less-severe warnings, such "
+                                              "as warnings about hiding class members.";
+    static constexpr const char* Constant =
+        "3 - Displays level 2 warnings plus certain, less-severe warnings, such as warnings about expressions that "
+        "always evaluate to true or false.";
+    TComboBox cbWarningLevel{Page,
+                             "cbWarningLevel",
+                             "Set warning level:",
+                             {"0 - Turns off emission of all warning messages.",
+                              "1 - Displays severe warning messages.", LessSevere, Constant,
+                              "4 - Displays all level 3 warnings plus informational warnings."}};
 };
 
 struct TWarnAsErrorGroup : TCompilerGroup

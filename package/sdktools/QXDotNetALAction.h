@@ -4,6 +4,7 @@
 #include "package/sdktools/QXFreeFormAction.h"
 
 #include <string>
+#include <vector>
 
 /// Base of actions that run the assembly linker.
 class TALBaseAction : public TQXDotNetAction
@@ -25,4 +26,5 @@ public:
     static std::string GetQuickHelpFilename() { return "Plugins\\DotNetAL.html"; }
 
     [[nodiscard]] bool Validate(IQXActionValidationError& Errors) override;
+    [[nodiscard]] std::vector<std::string> GetOutputs() override;
 };

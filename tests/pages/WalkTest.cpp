@@ -19,8 +19,7 @@ const std::set<std::string> Unused = {
     "TGACListAction.AssemblyPath", "TGACListAction.AssemblyListFile", "TGACListAction.UseListFile",
     "TGACListAction.Force",        "TGACListAction.ReferenceCount",   "TGACListAction.RefScheme",
     "TGACListAction.RefID",        "TGACListAction.RefDescription",   "TMSBuildAction.OutputToLog",
-    "TQXRegasmAction.AsmPath",
-    "TQXJSharpCompilerAction.Modules",
+    "TQXRegasmAction.AsmPath",     "TQXJSharpCompilerAction.Modules",
 };
 
 /// Settings that stand in the list of all properties alone.

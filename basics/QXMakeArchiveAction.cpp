@@ -26,14 +26,14 @@ std::string BehindFolder(const std::string& Path, const std::string& Folder)
 /// The name of a file in the archive: its path as it was found counts before the one without links.
 std::string NameInArchive(const TQXSelectedFile& File, const std::string& Base, const std::string& Here)
 {
-    const std::string Named = BehindFolder(ExpandRelativePath(File.Path, Here), ExpandRelativePath(Base, Here));
+    std::string Named = BehindFolder(ExpandRelativePath(File.Path, Here), ExpandRelativePath(Base, Here));
     if (!Named.empty())
         return Named;
     const std::string Folder = ExpandRelativePath(FolderOfPath(File.Path), Here);
     return BehindFolder(JoinPath(QXFiles().Resolve(Folder), File.Entry.Name), QXFiles().Resolve(Base));
 }
 
-void PackFile(TQXArchiveWriter& Writer, const std::string& Path, TQXArchiveEntry Entry)
+void PackFile(TQXArchiveWriter& Writer, const std::string& Path, const TQXArchiveEntry& Entry)
 {
     std::uint64_t Size = 0;
     Writer.Begin(Entry);

@@ -73,7 +73,7 @@ std::string TCensus::MostFrequent() const
 
 std::string WantedConfiguration(const TImportModel& Model, const TCensus& Census, const std::string& Wanted)
 {
-    if (const std::string Spelling = Census.Spelling(Wanted); !Spelling.empty())
+    if (std::string Spelling = Census.Spelling(Wanted); !Spelling.empty())
         return Spelling;
     std::vector<std::string> Names = Census.Names();
     for (const TSolution& Solution : Model.Solutions)
@@ -91,7 +91,7 @@ std::string WantedConfiguration(const TImportModel& Model, const TCensus& Census
 
 std::string UsualConfiguration(const TCensus& Census)
 {
-    const std::string Debug = Census.Spelling("Debug");
+    std::string Debug = Census.Spelling("Debug");
     if (!Debug.empty() && Census.IsUsual(Debug, true))
         return Debug;
     const std::string Most = Census.MostFrequent();

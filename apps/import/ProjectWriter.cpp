@@ -91,6 +91,7 @@ std::vector<std::string> TProjectWriter::StampedFiles() const
             }
     }
     std::vector<std::string> Result;
+    Result.reserve(Found.size());
     for (const auto& [Lower, Path] : Found)
         Result.push_back(Path);
     return Result;

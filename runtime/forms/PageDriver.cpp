@@ -126,6 +126,7 @@ TPageDriver::THandler TPageDriver::HandlerOf(const std::string& Operation)
     if (const auto Found = Handlers.find(Operation); Found != Handlers.end())
         return Found->second;
     std::vector<std::string_view> Names;
+    Names.reserve(Handlers.size());
     for (const auto& [Name, Handler] : Handlers)
         Names.push_back(Name);
     throw EPageUseError(fmt::format("there is no operation \"{}\"{}", Operation, DidYouMean(Operation, Names)));
@@ -242,6 +243,8 @@ void TPageDriver::Pages(const TRequest& /*Request*/)
     }
 }
 
+// It is a handler as the others, and changes what they show.
+// NOLINTNEXTLINE(readability-make-member-function-const)
 void TPageDriver::Property(const TRequest& Request)
 {
     const std::string Name = Request.Text("name");

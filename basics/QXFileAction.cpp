@@ -37,10 +37,12 @@ bool TQXFileAction::SelectAll(const std::vector<std::string>& Items, TQXFileSele
     for (const std::string& Item : Items)
         if (!Selection.Add(Item))
         {
-            SendMessage("Error - Nothing is there for : " + Item);
+            // In a dry run a tool may have made it.
+            SendMessage((QXFiles().IsComplete() ? "Error - Nothing is there for : " : "Nothing is there yet for : ") +
+                        Item);
             Found = false;
         }
-    return Found;
+    return Found || !QXFiles().IsComplete();
 }
 
 TQXFileSelection TQXFileAction::MakeSelection(TQXSelectionRules Rules) const

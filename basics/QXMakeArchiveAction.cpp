@@ -126,9 +126,10 @@ bool TQXMakeArchiveAction::NameAll(const TQXFileSelection& Selection, const std:
         }
         Content.emplace(Name, &File);
     }
-    if (Content.empty())
+    const bool HasFiles = !Content.empty() || !QXFiles().IsComplete();
+    if (!HasFiles)
         SendMessage("Error - There are no files for the archive");
-    return !Content.empty();
+    return HasFiles;
 }
 
 void TQXMakeArchiveAction::WriteArchive(const std::string& File, const TContent& Content) const

@@ -2,6 +2,7 @@
 
 #include "host/QXFiles.h"
 #include "runtime/Runtime.h"
+#include "runtime/actions/PlannedFiles.h"
 #include "runtime/actions/Process.h"
 #include "runtime/actions/RunContext.h"
 
@@ -30,8 +31,11 @@ try
     const bool WasCutOff = Process.End().TimedOut || Process.End().Terminated;
     if (TCustomQXAction::IsDryRun())
     {
-        for (const std::string& File : Action.GetOutputs())
+        const std::vector<std::string> Files = Action.GetOutputs();
+        for (const std::string& File : Files)
             QXFiles().WillMake(File);
+        if (Files.empty())
+            TQXRuntime::RunningAction()->Run().Plan->NoteUnknownFiles();
         return !WasCutOff && Action.AfterExecute();
     }
     const bool Succeeded = !WasCutOff && Action.InterpretResult(ExitCode) && Action.AfterExecute();

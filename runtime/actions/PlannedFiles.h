@@ -25,6 +25,9 @@ public:
     bool Delete(std::string_view Path) override;
     bool ForceFolders(std::string_view Path) override;
     void WillMake(std::string_view Path, std::optional<std::string> Bytes) override;
+    bool IsComplete() const override { return FIsComplete; }
+    /// A tool may have made files that nobody knows of.
+    void NoteUnknownFiles() { FIsComplete = false; }
     TQXFileEntry Entry(std::string_view Path) const override;
     std::vector<TQXFileEntry> Entries(std::string_view Folder) const override;
     std::string Resolve(std::string_view Path) const override;
@@ -57,4 +60,5 @@ private:
     [[nodiscard]] bool HasRoom(std::string_view Path) const;
 
     std::map<std::string, TEntry, std::less<>> FEntries;
+    bool FIsComplete = true;
 };

@@ -66,6 +66,7 @@ public:
     bool Delete(std::string_view Path) override { return Files::Delete(Path); }
     bool ForceFolders(std::string_view Path) override { return Files::ForceFolders(Path); }
     void WillMake(std::string_view, std::optional<std::string>) override {}
+    bool IsComplete() const override { return true; }
 
     TQXFileEntry Entry(std::string_view Path) const override { return HostEntry(FileTrees::Entry(Path)); }
     std::vector<TQXFileEntry> Entries(std::string_view Folder) const override

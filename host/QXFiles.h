@@ -67,7 +67,8 @@ public:
     /// there from now on, with these bytes if they are known.
     virtual void WillMake(std::string_view Path, std::optional<std::string> Bytes = std::nullopt) = 0;
 
-    /// Whether what is not there will not be there. False in a dry run behind a tool of which is not known what it makes.
+    /// Whether what is not there will not be there. False in a dry run behind a tool of which is not known what it
+    /// makes.
     [[nodiscard]] virtual bool IsComplete() const = 0;
 
     // Whole trees of files. These throw std::runtime_error with the file and the reason, also when the run is to end:

@@ -30,6 +30,7 @@ std::vector<std::string> InstalledVersions()
 {
     std::vector<std::string> Result;
     const IQXDotNetInfo& Info = QXDotNetInfo();
+    Result.reserve(static_cast<size_t>(Info.GetVersionCount()));
     for (int Index = 0; Index < Info.GetVersionCount(); ++Index)
         Result.push_back(Info.GetVersionByIndex(Index).GetVersionName());
     return Result;

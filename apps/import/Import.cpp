@@ -78,6 +78,8 @@ void AddNotes(const TImportModel& Model, TImportedProject& Project)
             "not enabled: it needs the compact framework, SDKPath and CFResGen tell where it is");
     if (Project.Found.HasBuildEvents)
         Project.Notes.emplace_back("its build events are not run");
+    if (Project.Found.LacksImports)
+        Project.Notes.emplace_back("it holds no Import, without which its action does not load it");
     const TProjectConfiguration* Configuration = Project.Found.Find(Project.Configuration.With(Model.Configuration));
     if (Configuration && Paths::IsForeign(Configuration->OutputPath))
         Project.Notes.push_back("its output lies on a drive: " + Configuration->OutputPath);

@@ -176,6 +176,8 @@ void ReadVisualStudioProject(const TXmlElement& Root, TFoundProject& Project)
         if (!Settings)
             throw EProjectError("it has no settings");
         ReadSettings(*Settings, Project);
+        Project.LacksImports =
+            Language.Kind == TProjectKind::VisualBasic && !Element->SelectNode("Build/Imports/Import");
         for (const TXmlElement& Reference : Element->SelectNodes("Build/References/Reference"))
             Project.References.push_back(ReadReference(Reference));
         for (const TXmlElement& File : Element->SelectNodes("Files/Include/File"))

@@ -88,6 +88,8 @@ bool TQXVBProjCompilerAction::LoadCompilerOtherSettings(const std::string& FileN
     Imports.clear();
     for (const TXmlElement& Element : Elements)
         Imports.append(Imports.empty() ? "" : ",").append(Element.Attribute("Namespace"));
+    if (Elements.empty())
+        SendMessage("A VB.NET project has to hold an Import, and this one holds none : " + FileName);
     return !Elements.empty();
 }
 

@@ -87,8 +87,7 @@ bool TQXRunProgramAction::GetCommandLine(ICommandLineBuilder& Builder)
     std::string Text;
     if (!TryExpandExpression("Arguments", Arguments, Text, false))
         return false;
-    if (!Text.empty())
-        Builder.AddArgument(Text);
+    QXAddFreeText(Builder, Text);
     return true;
 }
 

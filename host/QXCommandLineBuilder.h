@@ -38,3 +38,6 @@ public:
 
 /// A builder without arguments.
 [[nodiscard]] std::unique_ptr<ICommandLineBuilder> CreateCommandLineBuilder();
+/// Adds the arguments that a user wrote in one text as they stand, if there are any. Line ends outside of double quotes
+/// part them as blanks do.
+void QXAddFreeText(ICommandLineBuilder& Builder, std::string_view Text);

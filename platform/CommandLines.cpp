@@ -51,6 +51,30 @@ std::vector<std::string> CommandLines::Split(std::string_view Arguments)
     }
 }
 
+std::string CommandLines::JoinLines(std::string_view Arguments)
+{
+    std::string Result;
+    bool Quoted = false;
+    bool AtLineEnd = false;
+    std::size_t Slashes = 0; // that stand before the present character
+    for (const char Character : Arguments)
+    {
+        if (Character == '"' && Slashes % 2 == 0)
+            Quoted = !Quoted;
+        Slashes = Character == '\\' ? Slashes + 1 : 0;
+        if (!Quoted && (Character == '\r' || Character == '\n'))
+        {
+            AtLineEnd = true;
+            continue;
+        }
+        if (AtLineEnd && !Result.empty() && !Result.ends_with(' '))
+            Result += ' ';
+        AtLineEnd = false;
+        Result += Character;
+    }
+    return Result;
+}
+
 std::string CommandLines::Quote(std::string_view Argument, bool Always)
 {
     if (!Always && !Argument.empty() && Argument.find_first_of(" \t\r\n\v\"") == std::string_view::npos)

@@ -50,8 +50,7 @@ bool AddFreeText(const TCustomQXAction& Action, ICommandLineBuilder& Builder, st
     std::string Text;
     if (!Action.TryExpandExpression(Label, Expression, Text, false))
         return false;
-    if (!Text.empty())
-        Builder.AddArgument(Text);
+    QXAddFreeText(Builder, Text);
     return true;
 }
 

@@ -27,7 +27,7 @@ struct TQXExpansion
 /// The same for a property that may be empty: nothing is added then.
 [[nodiscard]] bool AddOptional(const TCustomQXAction& Action, ICommandLineBuilder& Builder, std::string_view Switch,
                                std::string_view Label, std::string_view Expression, TQXArgumentMode Mode = amNormal);
-/// Adds the arguments that a user wrote in one text as they stand, if there are any. False: the expansion failed.
+/// Adds the arguments that a user wrote in one text as QXAddFreeText does. False: the expansion failed.
 [[nodiscard]] bool AddFreeText(const TCustomQXAction& Action, ICommandLineBuilder& Builder, std::string_view Label,
                                std::string_view Expression);
 

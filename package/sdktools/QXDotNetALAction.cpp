@@ -25,7 +25,7 @@ std::vector<std::string> TALGenericAL::GetOutputs()
 {
     const std::string Folder = ExpandExpression(StartDir, false);
     std::vector<std::string> Files;
-    for (const std::string& Argument : CommandLines::Split(ExpandExpression(Options, false)))
+    for (const std::string& Argument : CommandLines::Split(CommandLines::JoinLines(ExpandExpression(Options, false))))
         if (const std::string Output = OutputOf(Argument); !Output.empty())
             Files.push_back(ExpandRelativePath(Output, Folder));
     return Files;

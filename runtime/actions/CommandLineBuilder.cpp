@@ -119,3 +119,9 @@ std::unique_ptr<ICommandLineBuilder> CreateCommandLineBuilder()
 {
     return std::make_unique<TCommandLineBuilder>();
 }
+
+void QXAddFreeText(ICommandLineBuilder& Builder, std::string_view Text)
+{
+    if (const std::string Line = CommandLines::JoinLines(Text); !Line.empty())
+        Builder.AddArgument(Line);
+}

@@ -17,8 +17,7 @@ bool AddProjectArguments(const TCustomQXAction& Action, ICommandLineBuilder& Bui
         return true;
     if (!Action.TryExpandExpression("arguments", Running->Run().Arguments, Text, false))
         return false;
-    if (!Text.empty())
-        Builder.AddArgument(Text);
+    QXAddFreeText(Builder, Text);
     return true;
 }
 

@@ -34,8 +34,8 @@ TEST(ActionHelpers, AddWhatExpandsToSomething)
     EXPECT_TRUE(AddExpanded(Action, *Builder, "/q:", "Label", "c", amQuoted));
     EXPECT_TRUE(AddOptional(Action, *Builder, "/b:", "Label", "%Empty%"));
     EXPECT_TRUE(AddOptional(Action, *Builder, "", "Label", "%Path%", amPlain));
-    EXPECT_TRUE(AddFreeText(Action, *Builder, "Label", "%Path%"));
-    EXPECT_TRUE(AddFreeText(Action, *Builder, "Label", ""));
+    EXPECT_TRUE(AddFreeText(Action, *Builder, "Label", "%Path%\r\n"));
+    EXPECT_TRUE(AddFreeText(Action, *Builder, "Label", "\n"));
     AddFlags(*Builder, {{true, "/x"}, {false, "/y"}, {true, "/z"}});
     constexpr std::string_view Levels[] = {"-q", "", "-v"};
     AddFlags(*Builder, {{true, ElementText(Levels, TLevel::Loud)}});

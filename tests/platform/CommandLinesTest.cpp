@@ -13,6 +13,11 @@ TEST(CommandLines, SplitFollowsTheMicrosoftRunTime)
     CheckTable("commandlines", "split", [](const TColumns& Row) { return CommandLines::Split(Row[0]); });
 }
 
+TEST(CommandLines, LinesBecomeOne)
+{
+    CheckTable("commandlines", "lines", [](const TColumns& Row) { return TColumns{CommandLines::JoinLines(Row[0])}; });
+}
+
 TEST(CommandLines, QuoteQuotesOnlyWhereNeeded)
 {
     CheckTable(

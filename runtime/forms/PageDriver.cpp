@@ -15,15 +15,28 @@
 
 namespace
 {
+/// Reads a request. No request means anything so deep in it; what works on values goes into their depths by calls.
+TPageJson Parse(const std::string& Line)
+{
+    constexpr int Deepest = 16;
+    bool IsTooDeep = false;
+    const auto Watch = [&IsTooDeep](int Depth, TPageJson::parse_event_t, TPageJson&) {
+        IsTooDeep = IsTooDeep || Depth > Deepest;
+        return !IsTooDeep;
+    };
+    TPageJson Json = TPageJson::parse(Line, Watch, false);
+    if (IsTooDeep)
+        throw EPageUseError("a request is not nested so deeply");
+    if (!Json.is_object())
+        throw EPageUseError("a request is one JSON object on a line");
+    return Json;
+}
+
 /// A request with its members.
 class TRequest
 {
 public:
-    explicit TRequest(const std::string& Line) : FJson(TPageJson::parse(Line, nullptr, false))
-    {
-        if (!FJson.is_object())
-            throw EPageUseError("a request is one JSON object on a line");
-    }
+    explicit TRequest(const std::string& Line) : FJson(Parse(Line)) {}
     [[nodiscard]] bool Has(const char* Name) const { return FJson.contains(Name); }
     [[nodiscard]] const TPageJson& Value(const char* Name) const
     {
@@ -43,7 +56,12 @@ public:
             throw EPageUseError(fmt::format("\"{}\" is a number from 0", Name));
         return Value(Name).get<std::size_t>();
     }
-    [[nodiscard]] bool IsTrue(const char* Name) const { return Has(Name) && FJson[Name] == TPageJson(true); }
+    [[nodiscard]] bool IsTrue(const char* Name) const
+    {
+        if (Has(Name) && !FJson[Name].is_boolean())
+            throw EPageUseError(fmt::format("\"{}\" is true or false", Name));
+        return Has(Name) && FJson[Name].get<bool>();
+    }
 
 private:
     TPageJson FJson;
@@ -153,8 +171,9 @@ void TPageDriver::AnswerRequest(const std::string& Line)
     {
         FAnswer = {{"error", Error.what()}};
     }
-    // The request that closes a form is answered when what opened the form has gone on.
-    if (!IsInForm || !FForm->IsClosed())
+    // The request that closes a form is answered when what opened the form has gone on. Where requests end before,
+    // there is none to be answered then.
+    if (FRequests && (!IsInForm || !FForm->IsClosed()))
         Send(FAnswer);
 }
 

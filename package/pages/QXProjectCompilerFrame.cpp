@@ -57,7 +57,11 @@ void TProjectCompilerFrame::InitPage(TCustomQXAction& Action)
     FAction = &static_cast<TQXManagedCompilerAction&>(Action);
     // Not every language stores all of these: what is typed there would be lost.
     for (const TQXBinding& Binding : Bindings())
-        Binding.Control->Enabled = Action.FindMember(Binding.Member(Action)) != nullptr;
+        if (!Action.FindMember(Binding.Member(Action)))
+        {
+            Binding.Control->Enabled = false;
+            Binding.Control->Hint = "This action does not store it";
+        }
 }
 
 void TProjectCompilerFrame::ReadActionData(TCustomQXAction& Action)

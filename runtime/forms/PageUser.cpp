@@ -53,10 +53,10 @@ void TPageUser::Type(TEdit& Edit, std::string Text)
     Do(Edit.OnChange);
 }
 
-void TPageUser::Type(TMemo& Memo, TStringList Lines)
+void TPageUser::Type(TMemo& Memo, const TStringList& Lines)
 {
     CheckUsable(Memo);
-    Memo.Lines = std::move(Lines);
+    Memo.Lines.SetText(Lines.Text());
     Do(Memo.OnChange);
 }
 

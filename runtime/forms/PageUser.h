@@ -26,7 +26,8 @@ public:
     explicit TPageUser(std::function<void()> AfterAct) : FAfterAct(std::move(AfterAct)) {}
 
     void Type(TEdit& Edit, std::string Text);
-    void Type(TMemo& Memo, TStringList Lines);
+    /// A line that holds line ends becomes several.
+    void Type(TMemo& Memo, const TStringList& Lines);
     /// In an editable list any text, else that of an item.
     void Type(TComboBox& List, const std::string& Text);
     void Tick(TCheckBox& Box, bool Checked);

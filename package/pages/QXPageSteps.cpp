@@ -45,6 +45,12 @@ catch (const std::exception&)
     return {};
 }
 
+std::string FileAtDesignTime(std::string_view Text)
+{
+    const std::string File = QXDesignApplicationServices().ExpandDesignTime(Text);
+    return File.empty() ? File : ExpandRelativePath(File, ExpandedAtDesignTime("%ProjectDir%"));
+}
+
 bool GetFile(TEdit& Edit, std::string_view Filter)
 {
     return ChooseFile(Edit, ExpandedAtDesignTime(Edit.Text), Filter, "Select File");

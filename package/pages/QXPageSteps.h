@@ -8,6 +8,9 @@
 
 /// The text with the variables of the edited project replaced; empty where that fails.
 [[nodiscard]] std::string ExpandedAtDesignTime(std::string_view Text);
+/// The file that the text names, from the folder of the edited project; empty for an empty text. Throws
+/// std::runtime_error where the text does not expand.
+[[nodiscard]] std::string FileAtDesignTime(std::string_view Text);
 
 // Each asks for a file or a folder and puts it into the field; true if one was chosen.
 

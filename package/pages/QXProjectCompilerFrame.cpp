@@ -1,7 +1,6 @@
 #include "package/pages/QXProjectCompilerFrame.h"
 
 #include "host/QXForms.h"
-#include "host/QXServices.h"
 #include "package/compiler/QXProjectMapping.h"
 #include "package/pages/QXFileFilters.h"
 #include "package/pages/QXPageSteps.h"
@@ -76,9 +75,8 @@ std::string TProjectCompilerFrame::LoadConfigs()
     std::string Problem;
     try
     {
-        const std::string FileName = QXDesignApplicationServices().ExpandDesignTime(txtProjectFile.Text);
         // A file that is not there has no configurations.
-        static_cast<void>(MappingOf(*FAction).LoadConfigListFromProject(FileName, Names));
+        static_cast<void>(MappingOf(*FAction).LoadConfigListFromProject(FileAtDesignTime(txtProjectFile.Text), Names));
     }
     catch (const std::exception& Error)
     {

@@ -5,6 +5,7 @@
 #include "tests/pages/PagesHost.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 #include <vector>
 
@@ -49,6 +50,7 @@ void CheckAnswer(const TDataCase& Case, const TDataLine& Line, const std::string
 void RunCase(const TDataCase& Case)
 {
     TPagesHost Host;
+    ::setenv("ProjectDir", (Host.Folder / "src").c_str(), 1);
     std::string ClassName;
     std::string Requests;
     std::vector<std::pair<TDataLine, std::string>> Expected;

@@ -35,7 +35,7 @@ struct TFoundProject
     bool IsCompact = false; ///< for a device, with the compact framework
     bool IsProgram = false;
     bool HasBuildEvents = false;
-    bool LacksImports = false; ///< of VB.NET, which its action does not go without
+    bool LacksImports = false;                           ///< of VB.NET, which its action does not go without
     std::string Guid{};                                  ///< in the form of PlainGuid
     std::string OutputName{};                            ///< of the file that it makes
     std::vector<TProjectConfiguration> Configurations{}; ///< empty: it takes any

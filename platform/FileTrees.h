@@ -23,6 +23,14 @@ struct TFileEntry
     std::uint64_t Size = 0;
 };
 
+/// The bare names in a folder, in no order. Behind links counts what they lead to, but those to folders stand apart.
+struct TFolderNames
+{
+    std::vector<std::string> Files; ///< ordinary ones
+    std::vector<std::string> Folders;
+    std::vector<std::string> LinkedFolders;
+};
+
 /// All of these throw EFileError.
 namespace FileTrees
 {
@@ -31,6 +39,8 @@ namespace FileTrees
 /// All that lies in a folder, sorted by name, but new files that are not yet in their place. A folder that is not there
 /// has nothing.
 [[nodiscard]] std::vector<TFileEntry> Entries(std::string_view Folder);
+/// Its names alone, which costs but one reading of the folder. Without those that Entries leaves out.
+[[nodiscard]] TFolderNames Names(std::string_view Folder);
 /// The absolute path behind all symbolic links; what is not there ends it as it is given.
 [[nodiscard]] std::string Resolve(std::string_view Path);
 /// Gives an ordinary file piece by piece. An exception out of Use ends it.

@@ -8,8 +8,6 @@
 
 namespace
 {
-constexpr std::string_view Delimiters = "\\/";
-
 bool HasDrive(std::string_view Path)
 {
     const auto IsLetter = [](char Character) {
@@ -26,7 +24,9 @@ bool StartsWithDelimiter(std::string_view Path)
 /// Where the part that begins at Start ends.
 std::size_t PartEnd(std::string_view Path, std::size_t Start)
 {
-    return std::min(Path.find_first_of(Delimiters, Start), Path.size());
+    const std::string_view Rest = Path.substr(std::min(Start, Path.size()));
+    return Path.size() -
+           static_cast<std::size_t>(Rest.end() - std::find_if(Rest.begin(), Rest.end(), Paths::IsDelimiter));
 }
 
 bool IsShare(std::string_view Path, TPathStyle Style)
@@ -114,9 +114,9 @@ bool SameRoot(std::string_view Left, std::string_view Right, TPathStyle Style)
 /// Where the file name begins.
 std::size_t NameStart(std::string_view Path)
 {
-    const std::size_t Found = Path.find_last_of(Delimiters);
-    if (Found != std::string_view::npos)
-        return Found + 1;
+    const auto Found = std::find_if(Path.rbegin(), Path.rend(), Paths::IsDelimiter);
+    if (Found != Path.rend())
+        return static_cast<std::size_t>(Path.rend() - Found);
     return HasDrive(Path) ? 2 : 0;
 }
 

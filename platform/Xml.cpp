@@ -25,6 +25,8 @@ constexpr std::ptrdiff_t MaximumAttributes = 10'000;
 /// Long texts are welcome: what makes them dangerous, entities and depth, is refused here.
 constexpr int ParseOptions = XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_COMPACT;
 
+constexpr const char* Utf8 = "UTF-8";
+
 /// The declaration of the default name space reads like an attribute and is none.
 constexpr std::string_view DefaultNamespaceName = "xmlns";
 
@@ -32,9 +34,20 @@ template <auto Free> struct TFree
 {
     template <typename T> void operator()(T* Object) const { Free(Object); }
 };
-using TDocument = std::unique_ptr<xmlDoc, TFree<xmlFreeDoc>>;
+/// The context in which a document's expressions are evaluated: null before the first one.
+xmlXPathContext* ContextOf(const xmlDoc* Document)
+{
+    return static_cast<xmlXPathContext*>(Document->_private);
+}
+
+void FreeDocument(xmlDoc* Document)
+{
+    xmlXPathFreeContext(ContextOf(Document));
+    xmlFreeDoc(Document);
+}
+
+using TDocument = std::unique_ptr<xmlDoc, TFree<FreeDocument>>;
 using TParser = std::unique_ptr<xmlParserCtxt, TFree<xmlFreeParserCtxt>>;
-using TXPathContext = std::unique_ptr<xmlXPathContext, TFree<xmlXPathFreeContext>>;
 using TXPathObject = std::unique_ptr<xmlXPathObject, TFree<xmlXPathFreeObject>>;
 
 const xmlChar* ToXml(const std::string& Text)
@@ -167,8 +180,10 @@ TDocument Parse(std::string_view Text, const char* Encoding, TErrorCollector& Er
     Parser->sax->entityDecl = OnEntityDeclaration;
     Parser->sax->startElementNs = OnStartElement;
     const int Options = ParseOptions | (Encoding != nullptr ? XML_PARSE_IGNORE_ENC : 0);
-    TDocument Document(
-        xmlCtxtReadMemory(Parser.get(), Text.data(), static_cast<int>(Text.size()), nullptr, Encoding, Options));
+    // What it takes for UTF-8 of its own accord the library need not convert.
+    const bool IsPlain = Encoding == Utf8 && Text.substr(0, 4).find('\0') == std::string_view::npos;
+    TDocument Document(xmlCtxtReadMemory(Parser.get(), Text.data(), static_cast<int>(Text.size()), nullptr,
+                                         IsPlain ? nullptr : Encoding, Options));
     if (Document && Parser->wellFormed != 0 && Parser->nsWellFormed != 0)
         return Document;
     Errors.Add("Document is malformed", 1);
@@ -183,6 +198,12 @@ std::string QualifiedName(const xmlNs* Namespace, const xmlChar* Name)
     return Result.append(View(Name));
 }
 
+bool IsNamed(const xmlAttr& Attribute, std::string_view Name)
+{
+    const bool HasPrefix = Attribute.ns != nullptr && Attribute.ns->prefix != nullptr;
+    return HasPrefix ? QualifiedName(Attribute.ns, Attribute.name) == Name : View(Attribute.name) == Name;
+}
+
 xmlNode* Node(void* Pointer)
 {
     return static_cast<xmlNode*>(Pointer);
@@ -190,6 +211,9 @@ xmlNode* Node(void* Pointer)
 
 std::string Content(const xmlNode* Item)
 {
+    const xmlNode* Only = Item->children;
+    if (Only != nullptr && Only->next == nullptr && Only->type == XML_TEXT_NODE)
+        return std::string(View(Only->content));
     xmlChar* Text = xmlNodeGetContent(Item);
     std::string Result(View(Text));
     xmlFree(Text);
@@ -218,7 +242,7 @@ const xmlNs* DefaultNamespace(const xmlNode* Element)
 const xmlAttr* FindAttribute(const xmlNode* Element, std::string_view Name)
 {
     const xmlAttr* Found = Element->properties;
-    while (Found != nullptr && QualifiedName(Found->ns, Found->name) != Name)
+    while (Found != nullptr && !IsNamed(*Found, Name))
         Found = Found->next;
     return Found;
 }
@@ -227,14 +251,48 @@ const xmlAttr* FindAttribute(const xmlNode* Element, std::string_view Name)
 TXPathObject Evaluate(xmlNode* Element, const std::string& Path)
 {
     const TErrorCollector Silence;
-    // The document keeps the context that its elements use.
-    auto* Context = static_cast<xmlXPathContext*>(Element->doc->_private);
-    xmlXPathSetContextNode(Element, Context);
-    return TXPathObject(xmlXPathEval(ToXml(Path), Context));
+    if (ContextOf(Element->doc) == nullptr)
+        Element->doc->_private = xmlXPathNewContext(Element->doc);
+    xmlXPathSetContextNode(Element, ContextOf(Element->doc));
+    return TXPathObject(xmlXPathEval(ToXml(Path), ContextOf(Element->doc)));
+}
+
+/// Whether an expression is but the names of children in each other.
+bool IsPlainPath(std::string_view Path)
+{
+    bool IsStart = true;
+    for (const char Character : Path)
+    {
+        const char Folded = static_cast<char>(Character | 0x20);
+        const bool IsLetter = Folded >= 'a' && Folded <= 'z';
+        if (!IsLetter && (IsStart || (Character != '/' && Character != '.')))
+            return false;
+        IsStart = Character == '/';
+    }
+    return !IsStart;
+}
+
+/// False when the visitor has enough.
+template <typename TVisitor> bool ForEachBelow(xmlNode* Element, std::string_view Path, const TVisitor& Visitor)
+{
+    const std::size_t End = std::min(Path.find('/'), Path.size());
+    for (xmlNode* Child = Element->children; Child != nullptr; Child = Child->next)
+    {
+        if (Child->type != XML_ELEMENT_NODE || Child->ns != nullptr || View(Child->name) != Path.substr(0, End))
+            continue;
+        if (End == Path.size() ? !Visitor(Child) : !ForEachBelow(Child, Path.substr(End + 1), Visitor))
+            return false;
+    }
+    return true;
 }
 
 template <typename TVisitor> void ForEachSelected(xmlNode* Element, const std::string& Path, const TVisitor& Visitor)
 {
+    if (IsPlainPath(Path))
+    {
+        static_cast<void>(ForEachBelow(Element, Path, Visitor));
+        return;
+    }
     const TXPathObject Found = Evaluate(Element, Path);
     const xmlNodeSet* Nodes = Found ? Found->nodesetval : nullptr;
     for (int Index = 0; Nodes != nullptr && Index < Nodes->nodeNr; ++Index)
@@ -243,16 +301,9 @@ template <typename TVisitor> void ForEachSelected(xmlNode* Element, const std::s
 }
 } // namespace
 
-/// The document with the context in which its expressions are evaluated.
 struct TXmlDocument::TImpl
 {
-    explicit TImpl(TDocument ADocument) : Document(std::move(ADocument)), XPath(xmlXPathNewContext(Document.get()))
-    {
-        Document->_private = XPath.get();
-    }
-
     TDocument Document;
-    TXPathContext XPath;
 };
 
 std::string TXmlElement::Name() const
@@ -329,14 +380,14 @@ bool TXmlDocument::Load(std::string_view Text, const char* Encoding)
     std::call_once(Initialised, xmlInitParser);
     TErrorCollector Errors;
     TDocument Document = Parse(Text, Encoding, Errors);
-    FImpl = Document ? std::make_unique<TImpl>(std::move(Document)) : nullptr;
+    FImpl = Document ? std::unique_ptr<TImpl>(new TImpl{std::move(Document)}) : nullptr;
     FError = FImpl ? TXmlParseError() : Errors.First();
     return FImpl != nullptr;
 }
 
 bool TXmlDocument::LoadFromText(std::string_view Text)
 {
-    return Load(Text, "UTF-8");
+    return Load(Text, Utf8);
 }
 
 bool TXmlDocument::LoadFromBytes(std::string_view Bytes)
@@ -347,10 +398,10 @@ bool TXmlDocument::LoadFromBytes(std::string_view Bytes)
 bool TXmlDocument::LoadFromProject(std::string_view Bytes)
 {
     if (const std::optional<std::string> Text = DecodeXml(Bytes))
-        return LoadFromText(RepairAmpersands(*Text));
+        return LoadFromText(RepairAmpersands(std::move(*Text)));
     // The library knows the encoding. In one that switches by escapes an ampersand may be half a letter.
     const bool Switches = Bytes.find('\x1B') != std::string_view::npos;
-    return LoadFromBytes(Switches ? std::string(Bytes) : RepairAmpersands(Bytes));
+    return LoadFromBytes(Switches ? std::string(Bytes) : RepairAmpersands(std::string(Bytes)));
 }
 
 bool TXmlDocument::LoadFromFile(const std::string& FileName)

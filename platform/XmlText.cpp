@@ -79,14 +79,17 @@ const char* DeclaredCodePage(std::string_view Bytes)
     return Found == std::end(CodePages) ? nullptr : Found->CodePage;
 }
 
-std::string RepairAmpersands(std::string_view Text)
+std::string RepairAmpersands(std::string Text)
 {
+    if (Text.find('&') == std::string::npos)
+        return Text;
     std::string Result;
     Result.reserve(Text.size());
     std::size_t Start = 0;
     for (std::size_t Place = Text.find('&'); Place != std::string_view::npos; Place = Text.find('&', Start))
     {
-        Result.append(Text, Start, Place - Start).append(BeginsEscape(Text.substr(Place)) ? "&" : "&amp;");
+        Result.append(Text, Start, Place - Start)
+            .append(BeginsEscape(std::string_view(Text).substr(Place)) ? "&" : "&amp;");
         Start = Place + 1;
     }
     return Result.append(Text, Start);

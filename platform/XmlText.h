@@ -13,4 +13,4 @@
 /// reads it as everybody does.
 [[nodiscard]] const char* DeclaredCodePage(std::string_view Bytes);
 /// The text with bare ampersands made escapes, as a strict parser takes it. The escapes of XML stay.
-[[nodiscard]] std::string RepairAmpersands(std::string_view Text);
+[[nodiscard]] std::string RepairAmpersands(std::string Text);

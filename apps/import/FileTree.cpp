@@ -1,45 +1,112 @@
 #include "apps/import/FileTree.h"
 
 #include "apps/import/ProjectFile.h"
+#include "platform/FileTrees.h"
 #include "platform/Files.h"
+#include "platform/Parallel.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 
 #include <algorithm>
 
+namespace
+{
+/// Puts names, folded, between those that are sorted.
+void AddFolded(const std::vector<std::string>& Names, std::vector<std::string>& Folded)
+{
+    Folded.reserve(Folded.size() + Names.size());
+    for (const std::string& Name : Names)
+        Folded.push_back(Texts::FoldCase(Name));
+    std::sort(Folded.begin(), Folded.end());
+}
+
+bool Contains(const std::vector<std::string>& Folded, std::string_view Name)
+{
+    return std::binary_search(Folded.begin(), Folded.end(), Texts::FoldCase(Name));
+}
+
+std::string_view ExtensionOf(std::string_view Name)
+{
+    return Name.substr(std::min(Name.rfind('.'), Name.size()));
+}
+
+bool IsLibraryName(std::string_view Name)
+{
+    return Texts::Same(ExtensionOf(Name), ".dll") || Texts::Same(ExtensionOf(Name), ".exe");
+}
+
+bool IsSolutionName(std::string_view Name)
+{
+    return Texts::Same(ExtensionOf(Name), ".sln");
+}
+} // namespace
+
 void TFileTree::Walk(const std::string& Folder)
 {
-    std::vector<std::string> Open = {Paths::WithTrailing(Folder)};
-    while (!Open.empty())
+    std::vector<std::string> Level = {Paths::WithTrailing(Folder)};
+    while (!Level.empty())
     {
-        const std::string Current = std::move(Open.back());
-        Open.pop_back();
-        if (!FWalked.insert(Current).second)
-            continue;
-        try
+        std::erase_if(Level, [this](const std::string& Place) { return !FWalked.insert(Place).second; });
+        std::vector<TFolder> Read(Level.size());
+        ForEachAtOnce(Level.size(), [&](std::size_t Index) { Read[Index] = ReadFolder(Level[Index]); });
+        std::vector<std::string> Below;
+        for (std::size_t Index = 0; Index < Level.size(); ++Index)
         {
-            for (const std::string& Name : Files::Enumerate(Current, "*", Files::TEntryKind::Files))
-                AddFile(Current, Name);
-            for (const std::string& Name : Files::Enumerate(Current, "*", Files::TEntryKind::OwnFolders))
-                if (!Name.starts_with('.'))
-                    Open.push_back(Paths::WithTrailing(Current + Name));
+            for (const std::string& Name : Read[Index].Walked)
+                Below.push_back(Paths::WithTrailing(Level[Index] + Name));
+            AddFolder(Level[Index], std::move(Read[Index]));
         }
-        catch (const EFileError& Error)
-        {
-            FUnreadable.emplace_back(Error.what());
-        }
+        Level = std::move(Below);
     }
+}
+
+TFileTree::TFolder TFileTree::ReadFolder(const std::string& Folder)
+try
+{
+    TFolder Result;
+    TFolderNames Names = FileTrees::Names(Folder);
+    AddFolded(Names.Files, Result.Listing.Files);
+    for (std::string& Name : Names.Files)
+        if (IsLibraryName(Name) || IsSolutionName(Name) || IsProjectName(Name))
+            Result.Known.push_back(std::move(Name));
+    for (std::string& Name : Names.Folders)
+        (Name.starts_with('.') ? Names.LinkedFolders : Result.Walked).push_back(std::move(Name));
+    AddFolded(Names.LinkedFolders, Result.Listing.Folders);
+    return Result;
+}
+catch (const EFileError& Error)
+{
+    TFolder Result;
+    Result.Listing.IsComplete = false;
+    Result.Failure = Error.Reason;
+    return Result;
+}
+
+void TFileTree::AddFolder(const std::string& Folder, TFolder Read)
+{
+    TListing& Listing = FListings[Texts::FoldCase(Folder)];
+    Listing.IsComplete = Listing.IsComplete && Read.Listing.IsComplete;
+    // Folders whose names differ but in case are rare.
+    Listing.Files.swap(Read.Listing.Files);
+    Listing.Folders.swap(Read.Listing.Folders);
+    if (!Read.Listing.Files.empty() || !Read.Listing.Folders.empty())
+    {
+        AddFolded(Read.Listing.Files, Listing.Files);
+        AddFolded(Read.Listing.Folders, Listing.Folders);
+    }
+    for (const std::string& Name : Read.Known)
+        AddFile(Folder, Name);
+    if (!Read.Failure.empty())
+        FUnreadable.emplace(Folder, std::move(Read.Failure));
 }
 
 void TFileTree::AddFile(const std::string& Folder, const std::string& Name)
 {
-    const std::size_t Dot = Name.rfind('.');
-    const std::string_view Extension = Dot == std::string::npos ? "" : std::string_view(Name).substr(Dot);
-    if (Texts::Same(Extension, ".dll") || Texts::Same(Extension, ".exe"))
+    if (IsLibraryName(Name))
         FLibraries[Texts::Lower(Name)].push_back(Folder);
-    else if (Texts::Same(Extension, ".sln"))
+    else if (IsSolutionName(Name))
         FSolutions.insert(Folder + Name);
-    else if (IsProjectName(Name))
+    else
         FProjects.insert(Folder + Name);
 }
 
@@ -54,25 +121,53 @@ bool TFileTree::HasFile(const std::string& Folder, const std::string& Path)
 {
     const std::string Below = Paths::Folder(Path);
     const std::string Name = Path.substr(Below.size());
-    // Names beyond ASCII are left to the disk.
-    return Listing(Folder, Below).contains(Texts::Lower(Name)) || Files::FileExists(Paths::Expand(Path, Folder));
+    const TListing& Known = Listing(Below.empty() ? Folder : Paths::Expand(Below, Folder));
+    // What cannot be listed may still be opened by its name.
+    return Contains(Known.Files, Name) || (!Known.IsComplete && Files::FileExists(Paths::Expand(Path, Folder)));
 }
 
-const TFileTree::TNames& TFileTree::Listing(const std::string& Folder, const std::string& Below)
+const TFileTree::TListing& TFileTree::Listing(const std::string& Place)
 {
-    const std::string Place = Paths::IsAbsolute(Below) ? Below : Folder + Below;
-    const auto [Found, IsNew] = FListings.try_emplace(Place);
+    const auto [Found, IsNew] = FPlaces.try_emplace(Place);
+    if (IsNew)
+        Found->second = &FindListing(Place);
+    return *Found->second;
+}
+
+const TFileTree::TListing& TFileTree::FindListing(const std::string& Place)
+{
+    const auto [Found, IsNew] = FListings.try_emplace(Texts::FoldCase(Place));
+    TListing& Listing = Found->second;
     if (!IsNew)
-        return Found->second;
+        return Listing;
+    Listing.IsComplete = !CanExist(Place);
+    if (Listing.IsComplete)
+        return Listing;
     try
     {
         const std::string OnDisk = Files::Find(Place);
-        for (const std::string& Name : Files::Enumerate(OnDisk.empty() ? Place : OnDisk, "*", Files::TEntryKind::Files))
-            Found->second.insert(Texts::Lower(Name));
+        const TFolderNames Names = OnDisk.empty() ? TFolderNames() : FileTrees::Names(OnDisk);
+        AddFolded(Names.Files, Listing.Files);
+        AddFolded(Names.Folders, Listing.Folders);
+        AddFolded(Names.LinkedFolders, Listing.Folders);
+        Listing.IsComplete = true;
     }
     catch (const EFileError&)
     {
-        // What cannot be listed may still be opened by its name: HasFile asks for it.
+        // HasFile asks for each file.
     }
-    return Found->second;
+    return Listing;
+}
+
+/// Whether what is known of the folders above does not rule out that one is there.
+bool TFileTree::CanExist(const std::string& Place) const
+{
+    std::string Name = Paths::WithoutTrailing(Place);
+    for (std::string Folder = Paths::Folder(Name); Folder != Name && !Folder.empty(); Folder = Paths::Folder(Name))
+    {
+        if (const auto Above = FListings.find(Texts::FoldCase(Folder)); Above != FListings.end())
+            return !Above->second.IsComplete || Contains(Above->second.Folders, Paths::FileName(Name));
+        Name = Paths::WithoutTrailing(Folder);
+    }
+    return true;
 }

@@ -3,6 +3,7 @@
 #include "apps/import/FrameworkNames.h"
 #include "platform/Files.h"
 #include "platform/Links.h"
+#include "platform/Parallel.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 #include "runtime/HostErrors.h"
@@ -47,9 +48,13 @@ void TGatherer::GatherFolder(const std::string& Folder)
         {
             AddSolution(File);
         }
-        catch (const std::exception& Error)
+        catch (const EHostFileError& Error)
         {
-            Note("", Error.what());
+            Note(File, Error.Findings().front().Message);
+        }
+        catch (const EFileError& Error)
+        {
+            Note(File, Error.Reason);
         }
     WalkNamedFolders();
     ReadProjects();
@@ -95,25 +100,39 @@ void TGatherer::WalkNamedFolders()
 
 void TGatherer::ReadProjects()
 {
-    for (const std::string& File : FTree.Projects())
-        try
-        {
-            if (!Texts::IsValidUtf8(File))
-                throw EProjectError("its path is not UTF-8, as project files are");
-            TImportedProject Project{.Found = ReadProject(File)};
-            if (std::string Reason = LeaveOutReason(Project); !Reason.empty())
-                throw EProjectError(std::move(Reason));
-            FModel.Projects.push_back(std::move(Project));
-        }
-        catch (const EProjectError& Error)
-        {
-            FLeftOut.emplace(File, Error.what());
-        }
-        catch (const EFileError& Error)
-        {
-            FLeftOut.emplace(File, Error.Reason);
-        }
+    const std::vector<std::string> Names(FTree.Projects().begin(), FTree.Projects().end());
+    std::vector<TReading> Readings(Names.size());
+    ForEachAtOnce(Names.size(), [&](std::size_t Index) { Readings[Index] = Read(Names[Index]); });
+    for (std::size_t Index = 0; Index < Names.size(); ++Index)
+        AddProject(Names[Index], std::move(Readings[Index]));
     FIndex.emplace(FModel);
+}
+
+TGatherer::TReading TGatherer::Read(const std::string& File)
+try
+{
+    if (!Texts::IsValidUtf8(File))
+        return {{}, "its path is not UTF-8, as project files are"};
+    return {ReadProject(File), ""};
+}
+catch (const EProjectError& Error)
+{
+    return {{}, Error.what()};
+}
+catch (const EFileError& Error)
+{
+    return {{}, Error.Reason};
+}
+
+void TGatherer::AddProject(const std::string& File, TReading Reading)
+{
+    TImportedProject Project{.Found = std::move(Reading.Project)};
+    if (Reading.Reason.empty())
+        Reading.Reason = LeaveOutReason(Project);
+    if (Reading.Reason.empty())
+        FModel.Projects.push_back(std::move(Project));
+    else
+        FLeftOut.emplace(File, std::move(Reading.Reason));
 }
 
 std::vector<std::string> TGatherer::MissingOf(const TFoundProject& Project, const std::vector<std::string>& Names)
@@ -132,6 +151,7 @@ std::string TGatherer::LeaveOutReason(TImportedProject& Project)
         return {};
     if (Found.Sources.empty())
         return "it has no sources to compile";
+    Project.HasAppConfig = FTree.HasFile(Found.Folder, "App.config");
     std::vector<std::string> Missing = MissingOf(Found, Found.Sources);
     if (Missing.size() == Found.Sources.size())
         return "none of its sources is there";
@@ -269,7 +289,7 @@ void TGatherer::AnswerAssembly(std::size_t From, const TProjectReference& Refere
     const std::string Hint = Reference.Path.empty() ? "" : Paths::Expand(Reference.Path, Project.Found.Folder);
     bool IsHinted = false;
     TAnsweredReference Answer{&Reference, FIndex->ByOutput(From, FileName, Hint, IsHinted), ""};
-    if (!IsHinted && (IsOfFramework || (!Hint.empty() && Files::FileExists(Hint))))
+    if (!IsHinted && (IsOfFramework || (!Hint.empty() && FTree.HasFile("", Hint))))
         return;
     if (Answer.Project)
         Project.Needs.insert(*Answer.Project);
@@ -278,7 +298,7 @@ void TGatherer::AnswerAssembly(std::size_t From, const TProjectReference& Refere
     if (Answer.LibraryFolder.find(',') != std::string::npos)
         return Project.Notes.push_back(
             fmt::format("the folder \"{}\" of \"{}\" cannot be named: commas part the folders of LibLocations",
-                        FModel.Relative(Answer.LibraryFolder), FileName));
+                        FModel.Relative(Paths::WithoutTrailing(Answer.LibraryFolder)), FileName));
     if (Answer.Project || !Answer.LibraryFolder.empty())
         Project.References.push_back(std::move(Answer));
     else if (Project.Found.Kind != TProjectKind::MSBuild)

@@ -19,9 +19,17 @@ public:
     void GatherSolution(const std::string& File);
 
 private:
+    /// What came of a project's file, or why nothing did.
+    struct TReading
+    {
+        TFoundProject Project;
+        std::string Reason;
+    };
+    [[nodiscard]] static TReading Read(const std::string& File);
     void AddSolution(const std::string& File);
     void WalkNamedFolders();
     void ReadProjects();
+    void AddProject(const std::string& File, TReading Reading);
     [[nodiscard]] std::vector<std::string> MissingOf(const TFoundProject& Project,
                                                      const std::vector<std::string>& Names);
     [[nodiscard]] std::string LeaveOutReason(TImportedProject& Project);

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <iterator>
 #include <map>
 
 namespace
@@ -85,6 +86,18 @@ void AddNotes(const TImportModel& Model, TImportedProject& Project)
         Project.Notes.push_back("its output lies on a drive: " + Configuration->OutputPath);
 }
 
+/// Of the projects that make the same file the last one has it.
+void TellOfSameOutputs(TImportModel& Model, const std::vector<std::size_t>& Order)
+{
+    const TOutputs Outputs(Model);
+    std::map<std::string, std::size_t> Makers;
+    for (const std::size_t Place : Order)
+        if (const std::string Path = Outputs.Path(Place); !Path.empty())
+            if (const auto [Maker, IsFirst] = Makers.try_emplace(Texts::FoldCase(Path), Place); !IsFirst)
+                Model.Projects[Place].Notes.push_back(fmt::format(
+                    "it makes {}, as {} does", Path, Model.Relative(Model.Projects[Maker->second].Found.File)));
+}
+
 std::vector<TImportedAction> DescribeActions(const TImportModel& Model, const std::vector<std::size_t>& Order,
                                              const std::vector<std::string>& Names)
 {
@@ -101,7 +114,7 @@ std::vector<TImportedAction> DescribeActions(const TImportModel& Model, const st
         Action.Output = Outputs.Path(Order[Index]);
         for (const std::size_t Needed : Project.Needs)
             Action.Needs.push_back(Model.Relative(Model.Projects[Needed].Found.File));
-        Action.Notes = Project.Notes;
+        std::transform(Project.Notes.begin(), Project.Notes.end(), std::back_inserter(Action.Notes), OneLine);
     }
     return Result;
 }
@@ -132,15 +145,16 @@ TImportResult ImportProjects(const TImportWishes& Wishes)
         Gatherer.GatherFolder(Source);
     else
         Gatherer.GatherSolution(Source);
-    for (const std::string& Reason : Tree.Unreadable())
-        Model.Notes.push_back({"", Reason});
+    for (const auto& [Unread, Reason] : Tree.Unreadable())
+        Model.Notes.push_back({Unread, Reason});
 
     ChooseConfigurations(Model, Wishes.Configuration);
     const std::vector<std::size_t> Order = OrderOf(Model);
     if (Order.empty() && Model.Notes.empty())
-        throw EUsageError(Wishes.Source + ": there is no project to build");
+        throw EUsageError(Source + ": there is no project to build");
     for (const std::size_t Place : Order)
         AddNotes(Model, Model.Projects[Place]);
+    TellOfSameOutputs(Model, Order);
     const std::vector<std::string> Names = ActionNames(Model, Order);
     Result.Text = WriteProject(Model, IsFolder ? Paths::FileName(Source) : Paths::BareName(Source), Order, Names);
     Result.Configuration = Model.Configuration;
@@ -148,6 +162,6 @@ TImportResult ImportProjects(const TImportWishes& Wishes)
     for (const TSolution& Solution : Model.Solutions)
         Result.Solutions.push_back(Model.Relative(Solution.File));
     for (const TImportNote& Note : Model.Notes)
-        Result.Notes.push_back(Note.Subject.empty() ? Note.Text : Model.Relative(Note.Subject) + ": " + Note.Text);
+        Result.Notes.push_back(OneLine(Model.Relative(Note.Subject) + ": " + Note.Text));
     return Result;
 }

@@ -37,13 +37,14 @@ struct TImportedProject
     TFoundProject Found;
     std::vector<std::size_t> Solutions{}; ///< that name it
     bool IsIncluded = false;
+    bool HasAppConfig = false;
     std::vector<std::string> Notes{};
     std::vector<TAnsweredReference> References{}; ///< without those that need no answer
     std::set<std::size_t> Needs{};                ///< projects that are built before
     TConfigurationText Configuration{};
 };
 
-/// A project or solution, or nothing, with what is said of it.
+/// A project, solution or folder with what is said of it.
 struct TImportNote
 {
     std::string Subject;
@@ -66,5 +67,7 @@ struct TImportModel
 
 /// A path between two folders, with "/".
 [[nodiscard]] std::string RelativePath(const std::string& Path, const std::string& Folder);
+/// A text as one line of valid UTF-8, whatever names from outside hold.
+[[nodiscard]] std::string OneLine(std::string_view Text);
 /// A text that no host expression is in.
 [[nodiscard]] std::string EscapeExpression(std::string_view Text);

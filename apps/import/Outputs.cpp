@@ -81,22 +81,20 @@ TValueTexts TOutputs::ByValue(std::size_t Place, const std::string& Folder) cons
 
     TValueTexts Result;
     for (const std::string& Value : Values)
-    {
-        const TProjectConfiguration* Configuration = Project.Found.Find(Project.Configuration.With(Value));
-        if (!Configuration || (Configuration->OutputPath.empty() && Project.Found.Kind == TProjectKind::MSBuild))
-            continue;
-        const std::string Output = Paths::Expand(Configuration->OutputPath, Project.Found.Folder);
-        Result.emplace_back(Value, RelativePath(Paths::Join(Output, Project.Found.OutputName), Folder));
-    }
+        if (auto Path = ForValue(Place, Value, Folder))
+            Result.emplace_back(Value, std::move(*Path));
     return Result;
 }
 
-std::string TOutputs::Path(std::size_t Place) const
+std::optional<std::string> TOutputs::ForValue(std::size_t Place, const std::string& Value,
+                                              const std::string& Folder) const
 {
-    for (const auto& [Value, Path] : ByValue(Place, FModel.BaseFolder))
-        if (Texts::Same(Value, FModel.Configuration))
-            return Path;
-    return {};
+    const TImportedProject& Project = FModel.Projects[Place];
+    const TProjectConfiguration* Configuration = Project.Found.Find(Project.Configuration.With(Value));
+    if (!Configuration || (Configuration->OutputPath.empty() && Project.Found.Kind == TProjectKind::MSBuild))
+        return {};
+    const std::string Output = Paths::Expand(Configuration->OutputPath, Project.Found.Folder);
+    return RelativePath(Paths::Join(Output, Project.Found.OutputName), Folder);
 }
 
 std::string TOutputs::Answer(const TAnsweredReference& Reference) const
@@ -104,7 +102,15 @@ std::string TOutputs::Answer(const TAnsweredReference& Reference) const
     if (!Reference.Project)
         return Literal(
             EscapeExpression(FModel.Relative(Reference.LibraryFolder + LibraryFileName(Reference.Reference->Name))));
-    const TValueTexts Values = ByValue(*Reference.Project, FModel.BaseFolder);
+    const auto [Known, IsNew] = FAnswers.try_emplace(*Reference.Project);
+    if (IsNew)
+        Known->second = OutputAnswer(*Reference.Project);
+    return Known->second;
+}
+
+std::string TOutputs::OutputAnswer(std::size_t Place) const
+{
+    const TValueTexts Values = ByValue(Place, FModel.BaseFolder);
     if (Values.empty())
         return {};
     if (const auto Common = CommonExpression(Values))

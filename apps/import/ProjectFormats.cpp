@@ -38,6 +38,13 @@ TProjectReference ReadReference(const TXmlElement& Element)
     return {TReferenceKind::Com, Name};
 }
 
+/// One without a name cannot be asked for.
+void AddConfiguration(const std::string& Name, const std::string& OutputPath, TFoundProject& Project)
+{
+    if (!Name.empty())
+        Project.Configurations.push_back({Name, OutputPath});
+}
+
 void ReadSettings(const TXmlElement& Settings, TFoundProject& Project)
 {
     const std::string Type = Settings.Attribute("OutputType");
@@ -46,7 +53,7 @@ void ReadSettings(const TXmlElement& Settings, TFoundProject& Project)
     Project.HasBuildEvents =
         !Settings.Attribute("PreBuildEvent").empty() || !Settings.Attribute("PostBuildEvent").empty();
     for (const TXmlElement& Config : Settings.SelectNodes("Config"))
-        Project.Configurations.push_back({Config.Attribute("Name"), Config.Attribute("OutputPath")});
+        AddConfiguration(Config.Attribute("Name"), Config.Attribute("OutputPath"), Project);
 }
 
 void ReadFile(const TXmlElement& File, TFoundProject& Project)
@@ -200,7 +207,7 @@ void ReadBuilderProject(const TXmlElement& Root, TFoundProject& Project)
         const std::string Type = BuilderOption(Set, "TargetType");
         Project.IsProgram = Type == "Console" || Type == "Windows";
         Project.OutputName = OutputFileName(BuilderOption(Set, "TargetName"), Project);
-        Project.Configurations.push_back({Set.Attribute("Name"), BuilderOption(Set, "OutputDirectory")});
+        AddConfiguration(Set.Attribute("Name"), BuilderOption(Set, "OutputDirectory"), Project);
     }
     for (const TXmlElement& File : Root.SelectNodes("CSharp.Personality/FileList/File"))
     {

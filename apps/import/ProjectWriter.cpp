@@ -1,27 +1,21 @@
 #include "apps/import/ProjectWriter.h"
 
 #include "apps/import/Outputs.h"
-#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 #include "runtime/projects/TomlText.h"
 
-#include <algorithm>
 #include <fmt/format.h>
 #include <map>
 
 namespace
 {
 constexpr std::string_view LineEnd = "\n";
+constexpr std::string_view StampedName = "AssemblyInfo";
 
-/// A comment of one line, whatever names from outside hold.
 std::string Comment(std::string_view Text)
 {
-    std::string Line = Texts::MakeValidUtf8(Text);
-    std::replace_if(
-        Line.begin(), Line.end(),
-        [](char Character) { return static_cast<unsigned char>(Character) < 0x20 || Character == 0x7F; }, ' ');
-    return fmt::format("# {}\n", Line);
+    return fmt::format("# {}\n", OneLine(Text));
 }
 
 std::string Setting(std::string_view Key, const std::string& Value)
@@ -33,7 +27,7 @@ class TProjectWriter
 {
 public:
     TProjectWriter(const TImportModel& Model, const std::vector<std::size_t>& Order)
-        : FModel(Model), FOrder(Order), FOutputs(Model)
+        : FModel(Model), FOrder(Order), FOutputs(Model), FStampedFiles(StampedFiles())
     {}
     std::string Write(const std::string& Name, const std::vector<std::string>& Names);
 
@@ -50,6 +44,7 @@ private:
     const TImportModel& FModel;
     const std::vector<std::size_t>& FOrder;
     TOutputs FOutputs;
+    std::vector<std::string> FStampedFiles;
 };
 
 std::string TProjectWriter::Head(const std::string& Name) const
@@ -57,14 +52,14 @@ std::string TProjectWriter::Head(const std::string& Name) const
     std::string Result = "# Written by quexley init from the projects that lie here, and yours to change.\n"
                          "# quexley run --set Config=NAME builds another configuration.\n";
     for (const TImportNote& Note : FModel.Notes)
-        Result += Comment(Note.Subject.empty() ? Note.Text : FModel.Relative(Note.Subject) + ": " + Note.Text);
+        Result += Comment(FModel.Relative(Note.Subject) + ": " + Note.Text);
     return Result + "[project]\n" + Setting("name", Name) + "follow_ide = true\n";
 }
 
 std::string TProjectWriter::Variables() const
 {
     return "\n[variables]\n" + Setting("Config", EscapeExpression(FModel.Configuration)) +
-           (StampedFiles().empty() ? "" : Setting("Version", "1.0.0.0"));
+           (FStampedFiles.empty() ? "" : Setting("Version", "1.0.0.0"));
 }
 
 std::string TProjectWriter::Scripts() const
@@ -84,7 +79,7 @@ std::vector<std::string> TProjectWriter::StampedFiles() const
     {
         const TFoundProject& Project = FModel.Projects[Place].Found;
         for (const std::string& Source : Project.Sources)
-            if (Texts::Same(Paths::BareName(Source), "AssemblyInfo"))
+            if (Source.size() >= StampedName.size() && Texts::Same(Paths::BareName(Source), StampedName))
             {
                 const std::string Path = FModel.Relative(Paths::Expand(Source, Project.Folder));
                 Found.emplace(Texts::Lower(Path), EscapeExpression(Path));
@@ -99,12 +94,11 @@ std::vector<std::string> TProjectWriter::StampedFiles() const
 
 std::string TProjectWriter::Stamp() const
 {
-    const std::vector<std::string> Files = StampedFiles();
-    if (Files.empty())
+    if (FStampedFiles.empty())
         return {};
     return "\n[[action]]\ntype = \"TQXAssemblyInfoUpdaterAction\"\nname = \"Stamp the version\"\nenabled = false\n"
            "Selection = " +
-           TomlText::List(Files, LineEnd) +
+           TomlText::List(FStampedFiles, LineEnd) +
            "\nBackupFiles = false\nAttributes = ['AssemblyVersion=\"%Version%\"']\nUpdateOnly = true\n";
 }
 
@@ -124,7 +118,7 @@ std::string TProjectWriter::CompilerSettings(std::size_t Place) const
         return Result;
     if (const auto Folders = FOutputs.LibraryFolders(Place); !Folders.empty())
         Result += Setting("LibLocations", fmt::format("{}", fmt::join(Folders, ",")));
-    if (Project.Found.IsProgram && Files::FileExists(Project.Found.Folder + "App.config"))
+    if (Project.Found.IsProgram && Project.HasAppConfig)
         Result += "CopyConfigFiles = true\n";
     return Result;
 }

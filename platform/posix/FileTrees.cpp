@@ -42,6 +42,44 @@ bool ReadStatus(int Folder, const char* Name, TFileEntry& Entry)
     Entry.Size = static_cast<std::uint64_t>(Status.st_size);
     return true;
 }
+struct TKnownKind
+{
+    TFileKind Kind = TFileKind::None;
+    bool IsLink = false;
+};
+
+/// What an entry of an open folder is. Most systems tell it with the name.
+TKnownKind KindOf(int Folder, const dirent& Entry)
+{
+    if (Entry.d_type == DT_REG)
+        return {TFileKind::File};
+    if (Entry.d_type == DT_DIR)
+        return {TFileKind::Folder};
+    TFileEntry Found;
+    static_cast<void>(ReadStatus(Folder, Entry.d_name, Found));
+    return {Found.Kind, Found.IsLink};
+}
+
+/// Gives the entries of a folder, as far as they are in their places, with the open folder.
+template <typename TUse> void ForEachName(std::string_view Folder, TUse Use)
+{
+    const std::string Path = SystemPath(Folder.empty() ? "." : Folder);
+    const TFolderHandle Handle = OpenFolder(Path);
+    if (!Handle && errno != ENOENT && errno != ENOTDIR)
+        throw SystemError(Path);
+    while (Handle)
+    {
+        errno = 0;
+        const dirent* Found = ::readdir(Handle.get());
+        if (Found == nullptr && errno != 0)
+            throw SystemError(Path);
+        if (Found == nullptr)
+            break;
+        const std::string_view Name = Found->d_name;
+        if (Name != "." && Name != ".." && !IsTemporaryName(Name))
+            Use(::dirfd(Handle.get()), *Found);
+    }
+}
 } // namespace
 
 TFileEntry FileTrees::Entry(std::string_view Path)
@@ -56,26 +94,27 @@ TFileEntry FileTrees::Entry(std::string_view Path)
 std::vector<TFileEntry> FileTrees::Entries(std::string_view Folder)
 {
     std::vector<TFileEntry> Result;
-    const std::string Path = SystemPath(Folder.empty() ? "." : Folder);
-    const TFolderHandle Handle = OpenFolder(Path);
-    if (!Handle && errno != ENOENT && errno != ENOTDIR)
-        throw SystemError(Path);
-    while (Handle)
-    {
-        errno = 0;
-        const dirent* Found = ::readdir(Handle.get());
-        if (Found == nullptr && errno != 0)
-            throw SystemError(Path);
-        if (Found == nullptr)
-            break;
+    ForEachName(Folder, [&](int Handle, const dirent& Found) {
         TFileEntry Entry;
-        Entry.Name = static_cast<const char*>(Found->d_name);
+        Entry.Name = static_cast<const char*>(Found.d_name);
         // What has gone meanwhile is not there.
-        if (Entry.Name != "." && Entry.Name != ".." && !IsTemporaryName(Entry.Name) &&
-            ReadStatus(::dirfd(Handle.get()), Found->d_name, Entry))
+        if (ReadStatus(Handle, Found.d_name, Entry))
             Result.push_back(std::move(Entry));
-    }
+    });
     std::sort(Result.begin(), Result.end(), [](const auto& Left, const auto& Right) { return Left.Name < Right.Name; });
+    return Result;
+}
+
+TFolderNames FileTrees::Names(std::string_view Folder)
+{
+    TFolderNames Result;
+    ForEachName(Folder, [&](int Handle, const dirent& Found) {
+        const TKnownKind Known = KindOf(Handle, Found);
+        if (Known.Kind == TFileKind::File)
+            Result.Files.emplace_back(Found.d_name);
+        else if (Known.Kind == TFileKind::Folder)
+            (Known.IsLink ? Result.LinkedFolders : Result.Folders).emplace_back(Found.d_name);
+    });
     return Result;
 }
 

@@ -5,7 +5,9 @@
 #include <archive.h>
 #include <archive_entry.h>
 
+#include <algorithm>
 #include <clocale>
+#include <cstdint>
 #include <cstdlib>
 #include <ctime>
 #include <exception>
@@ -101,8 +103,12 @@ struct TQXArchiveWriter::TImpl
     explicit TImpl(IQXNewFile& ATarget) : Target(ATarget) {}
     ~TImpl()
     {
-        // What is not finished is not to be written to its end.
-        archive_write_fail(Archive);
+        // The library ends what was begun, which goes nowhere now. What would take long it is told to leave, though it
+        // does not free its compressor then.
+        constexpr std::uint64_t Much = 64U << 20U;
+        IsAbandoned = true;
+        if (Left > Much)
+            archive_write_fail(Archive);
         archive_write_free(Archive);
     }
     TImpl(const TImpl&) = delete;
@@ -114,14 +120,15 @@ struct TQXArchiveWriter::TImpl
         auto& Writer = *static_cast<TImpl*>(Self);
         try
         {
-            Writer.Target.Write({static_cast<const char*>(Bytes), Size});
-            return static_cast<la_ssize_t>(Size);
+            if (!Writer.IsAbandoned)
+                Writer.Target.Write({static_cast<const char*>(Bytes), Size});
         }
         catch (...)
         {
             Writer.Failure = std::current_exception();
-            return -1;
+            Writer.IsAbandoned = true;
         }
+        return static_cast<la_ssize_t>(Size);
     }
 
     void Check(la_ssize_t Result) const
@@ -149,7 +156,9 @@ struct TQXArchiveWriter::TImpl
     TUniversalSettings Settings;
     IQXNewFile& Target;
     archive* Archive = archive_write_new();
-    std::exception_ptr Failure;
+    std::exception_ptr Failure; ///< what Check throws
+    bool IsAbandoned = false;
+    std::uint64_t Left = 0; ///< bytes of the present file
 };
 
 TQXArchiveWriter::TQXArchiveWriter(TQXArchiveFormat Format, IQXNewFile& Target) : FImpl(std::make_unique<TImpl>(Target))
@@ -162,11 +171,13 @@ TQXArchiveWriter::~TQXArchiveWriter() = default;
 void TQXArchiveWriter::Begin(const TQXArchiveEntry& Entry)
 {
     FImpl->Check(archive_write_header(FImpl->Archive, MakeEntry(Entry).get()));
+    FImpl->Left = Entry.Size;
 }
 
 void TQXArchiveWriter::Write(std::string_view Bytes)
 {
     FImpl->Check(archive_write_data(FImpl->Archive, Bytes.data(), Bytes.size()));
+    FImpl->Left -= std::min<std::uint64_t>(FImpl->Left, Bytes.size());
 }
 
 void TQXArchiveWriter::Finish()

@@ -140,7 +140,7 @@ private:
         else if (Line.Word == "dry-run")
             FHost.Settings.Plan = &FHost.Plan;
         else if (Line.Word == "follow-ide")
-            FHost.Settings.FollowsIDE = true;
+            FHost.Settings.FollowsIDE = Rest != "no";
         else if (Line.Word == "time-limit")
             FHost.Settings.TimeLimit = std::chrono::seconds(std::stoi(Rest));
         else if (Line.Word == "execute")

@@ -3,6 +3,7 @@
 #include "apps/designer/QtText.h"
 #include "apps/designer/document/DesignTime.h"
 #include "apps/designer/options/OptionsDialog.h"
+#include "apps/designer/run/Validation.h"
 #include "platform/Paths.h"
 
 #include <QApplication>
@@ -57,6 +58,9 @@ TMainWindow::TMainWindow(TQXRuntime& Runtime, const THostFiles& Files)
     const QSettings Settings;
     restoreGeometry(Settings.value(GeometryKey).toByteArray());
     restoreState(Settings.value(StateKey).toByteArray());
+    FProblems->SetStanding(FindHostProblems(Runtime));
+    if (!FProblems->Problems().empty())
+        FProblemsDock->raise();
 }
 
 TMainWindow::~TMainWindow()
@@ -95,9 +99,9 @@ void TMainWindow::ArrangeDocks()
     FLogDock->raise();
     addDockWidget(Qt::RightDockWidgetArea, FHelp);
     FHelp->hide();
-    constexpr QSize Size(1280, 800);
-    constexpr int PaletteWidth = 260;
-    constexpr int ListWidth = 320;
+    constexpr QSize Size(1340, 820);
+    constexpr int PaletteWidth = 270;
+    constexpr int ListWidth = 300;
     constexpr int LogHeight = 210;
     resize(Size);
     resizeDocks({FPaletteDock, FListDock}, {PaletteWidth, ListWidth}, Qt::Horizontal);
@@ -147,7 +151,8 @@ void TMainWindow::ConnectParts()
     connect(FProblems, &TProblemList::Chosen, this, &TMainWindow::GoTo);
     connect(&FRunPanel->Log(), &TLogView::Chosen, this, &TMainWindow::GoToAction);
     connect(FRuns, &TRunController::StateChanged, this, &TMainWindow::UpdateCommands);
-    connect(FRuns, &TRunController::ProblemsChanged, this, [this](int Count) {
+    connect(FProblems, &TProblemList::Changed, this, [this] {
+        const std::size_t Count = FProblems->Problems().size();
         FProblemsDock->setWindowTitle(Count == 0 ? tr("Problems") : tr("Problems (%1)").arg(Count));
     });
 }
@@ -218,10 +223,15 @@ void TMainWindow::Validate()
 }
 
 void TMainWindow::ShowOptions()
+try
 {
     CommitEdits();
     TOptionsDialog(this, FRuntime).exec();
     ShowAction(FList->Current()); // pages show what options say
+}
+catch (const EHostFileError& Error) // an options file that cannot be read cannot be changed, either
+{
+    FBar->Show(ToQt(Error.what()));
 }
 
 std::string TMainWindow::ClassAtHand() const

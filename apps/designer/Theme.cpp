@@ -1,7 +1,9 @@
 #include "apps/designer/Theme.h"
 
 #include <QApplication>
-#include <QStyleFactory>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStyleOption>
 
 #include <array>
 #include <utility>
@@ -12,12 +14,12 @@ constexpr std::array<const char*, 3> Names = {"system", "light", "dark"}; // in 
 
 struct TTones
 {
-    QRgb Window, Base, Alternate, Text, Button, Disabled, Highlight, HighlightedText, Link, ToolTip;
+    QRgb Window, Base, Alternate, Text, Button, Disabled, Quiet, Highlight, HighlightedText, Link, ToolTip;
 };
-constexpr TTones LightTones = {0xFFF3F3F3, 0xFFFFFFFF, 0xFFF7F7F9, 0xFF1B1B1B, 0xFFEBEBEB,
-                               0xFF8A8A8A, 0xFF2F6FB5, 0xFFFFFFFF, 0xFF1F5FA8, 0xFFFFFFE8};
-constexpr TTones DarkTones = {0xFF3A3A3D, 0xFF222225, 0xFF29292C, 0xFFE8E8E8, 0xFF4A4A4E,
-                              0xFF8E8E93, 0xFF3D7CC0, 0xFFFFFFFF, 0xFF7FB2EA, 0xFF3A3A30};
+constexpr TTones LightTones = {0xFFF3F3F3, 0xFFFFFFFF, 0xFFF7F7F9, 0xFF1B1B1B, 0xFFEBEBEB, 0xFF8A8A8A,
+                               0xFF6B6B70, 0xFF2F6FB5, 0xFFFFFFFF, 0xFF1F5FA8, 0xFFFFFFE8};
+constexpr TTones DarkTones = {0xFF3A3A3D, 0xFF222225, 0xFF29292C, 0xFFE8E8E8, 0xFF4A4A4E, 0xFF8E8E93,
+                              0xFFA8A8AE, 0xFF3D7CC0, 0xFFFFFFFF, 0xFF7FB2EA, 0xFF3A3A30};
 
 QPalette PaletteOf(const TTones& Tones)
 {
@@ -34,7 +36,7 @@ QPalette PaletteOf(const TTones& Tones)
     Set(QPalette::HighlightedText, Tones.HighlightedText);
     Set(QPalette::Link, Tones.Link);
     Set(QPalette::ToolTipBase, Tones.ToolTip);
-    Set(QPalette::PlaceholderText, Tones.Disabled);
+    Set(QPalette::PlaceholderText, Tones.Quiet);
     return Palette;
 }
 
@@ -42,6 +44,36 @@ bool IsDark(const QPalette& Palette)
 {
     return Palette.color(QPalette::Base).lightness() < Palette.color(QPalette::Text).lightness();
 }
+} // namespace
+
+namespace
+{
+/// On dark ground a box that is not ticked has an edge that can be seen.
+class TEdgedStyle final : public QProxyStyle
+{
+public:
+    TEdgedStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    void drawPrimitive(PrimitiveElement Element, const QStyleOption* Option, QPainter* Painter,
+                       const QWidget* Widget) const override
+    {
+        QProxyStyle::drawPrimitive(Element, Option, Painter, Widget);
+        const bool IsRound = Element == PE_IndicatorRadioButton;
+        if (!IsDark(Option->palette) ||
+            (!IsRound && Element != PE_IndicatorCheckBox && Element != PE_IndicatorItemViewItemCheck))
+            return;
+        const QRectF Edge = QRectF(Option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        Painter->save();
+        Painter->setRenderHint(QPainter::Antialiasing);
+        Painter->setPen(QColor(EdgeTone));
+        Painter->setBrush(Qt::NoBrush);
+        Painter->drawRoundedRect(Edge, IsRound ? Edge.width() / 2 : 2, IsRound ? Edge.height() / 2 : 2);
+        Painter->restore();
+    }
+
+private:
+    static constexpr QRgb EdgeTone = 0xFF8E8E93;
+};
 } // namespace
 
 namespace Themes
@@ -54,10 +86,10 @@ void Apply(TTheme Theme)
     case TTheme::System:
         return QApplication::setPalette(OfSystem);
     case TTheme::Light:
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+        QApplication::setStyle(new TEdgedStyle);
         return QApplication::setPalette(PaletteOf(LightTones));
     case TTheme::Dark:
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+        QApplication::setStyle(new TEdgedStyle);
         return QApplication::setPalette(PaletteOf(DarkTones));
     }
 }

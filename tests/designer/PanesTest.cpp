@@ -1,6 +1,7 @@
 #include "apps/designer/QtText.h"
 #include "apps/designer/editors/PropertyGrid.h"
 #include "apps/designer/options/OptionsDialog.h"
+#include "host/QXServices.h"
 #include "platform/Files.h"
 #include "runtime/Runtime.h"
 #include "tests/designer/DesignerTest.h"
@@ -9,9 +10,14 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QMimeData>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
 
@@ -156,6 +162,107 @@ TEST_F(DesignerPanes, OptionsAreStoredOrPutBack)
     Change("/bin/nunit", true);
     EXPECT_THAT(Folder().Read("options.toml"), testing::HasSubstr("# mine\n[Other]\na = 1\n"));
     EXPECT_THAT(Folder().Read("options.toml"), testing::HasSubstr("/bin/nunit"));
+}
+
+TEST_F(DesignerPanes, TheHostsOwnOptionsAreStoredBesideTheOthers)
+{
+    TQXRuntime& Runtime = TQXRuntime::Current();
+    const auto Edit = [&](const char* Field, const char* Text) {
+        TOptionsDialog Dialog(&Window(), Runtime);
+        auto* Widget = Dialog.findChild<QWidget*>(Field);
+        ASSERT_NE(Widget, nullptr) << Field;
+        if (auto* Box = qobject_cast<QCheckBox*>(Widget))
+            return Box->click(), Dialog.accept();
+        QLineEdit* Line = Widget->findChild<QLineEdit*>();
+        Line->selectAll();
+        QTest::keyClicks(Line, Text);
+        Dialog.accept();
+    };
+    Folder().Write("options.toml", "[host] # mine\nscript_timeout = 3\n");
+    Edit("script_timeout", "5");
+    Edit("registry", "build.reg");
+    Edit("windows_dir", "/win");
+    Edit("detect", "");
+    EXPECT_EQ(Folder().Read("options.toml"), "[host] # mine\nscript_timeout = 5\nregistry = \"build.reg\"\n"
+                                             "windows_dir = \"/win\"\n\n[dotnet]\ndetect = false\n");
+    EXPECT_EQ(Runtime.Options().Host().ScriptTimeout, 5);
+}
+
+TEST_F(DesignerPanes, WhatIsWrongWithTheHostStandsUnderProblems)
+{
+    TQXRuntime& Runtime = TQXRuntime::Current();
+    Runtime.AddWarning({.Message = "broken.so: no such symbol; this package is left out"});
+    Runtime.Options() = TOptionsFile::Load(Folder().Write("options.toml", "[NUnitt]\na = 1\n"), true);
+    TMainWindow Another(Runtime, {});
+    const auto Texts = [&] {
+        QStringList Result;
+        for (const TProblem& Problem : Another.Problems().Problems())
+            Result.append(Problem.Text.section("/", -1));
+        return FromQt(Result.join('|'));
+    };
+    const std::string Both = "options.toml:1:2: no options are called \"NUnitt\", did you mean \"NUnit\"?|"
+                             "broken.so: no such symbol; this package is left out";
+    EXPECT_EQ(Texts(), Both);
+    Another.Validate();
+    EXPECT_EQ(Texts(), Both) << "it stays";
+    Another.Problems().Add({{false, 0, {}, {}, "broken.so: no such symbol; this package is left out"}});
+    EXPECT_EQ(Texts(), Both) << "once";
+}
+
+namespace
+{
+/// The letters that do something with Alt, in a window and on what it shows.
+QString Mnemonics(QMainWindow& Window)
+{
+    QString Letters;
+    const auto Add = [&](const QString& Text) {
+        if (const QKeySequence Key = QKeySequence::mnemonic(Text); !Key.isEmpty())
+            Letters += Key.toString().right(1);
+    };
+    for (const QAction* Menu : Window.menuBar()->actions())
+        Add(Menu->text());
+    for (const QLabel* Label : Window.findChildren<QLabel*>())
+        if (Label->isVisible() && Label->buddy())
+            Add(Label->text());
+    for (const QAbstractButton* Button : Window.findChildren<QAbstractButton*>())
+        if (Button->isVisible())
+            Add(Button->text());
+    return Letters;
+}
+
+void ExpectUnlike(const QString& Letters)
+{
+    EXPECT_EQ(QSet<QChar>(Letters.begin(), Letters.end()).size(), Letters.size()) << FromQt(Letters);
+}
+} // namespace
+
+/// A window of less than usual size, every page of every action.
+TEST_F(DesignerPanes, PagesNeedNoMoreThanANarrowWindow)
+{
+    TActionPane& Pane = Window().ActionPane();
+    for (int Tab = 0; Tab < Window().ProjectPane().count(); ++Tab)
+    {
+        Window().ProjectPane().setCurrentIndex(Tab);
+        ExpectUnlike(Mnemonics(Window()));
+    }
+    Window().resize(1000, 800);
+    for (const TQXActionRegistration& Registration : QXActionServices().Actions())
+    {
+        Window().Palette().Chosen(ToQt(Registration.ActionClass.ClassName));
+        Pane.setCurrentWidget(&Pane.RunPage());
+        ExpectUnlike(Mnemonics(Window()));
+        for (int Page = 0; Page < Pane.Pages().Count(); ++Page)
+        {
+            Pane.setCurrentIndex(Page);
+            QApplication::processEvents();
+            ExpectUnlike(Mnemonics(Window()));
+            auto* Area = qobject_cast<QScrollArea*>(Pane.currentWidget());
+            EXPECT_EQ(Area->horizontalScrollBar()->maximum(), 0) << Registration.DisplayName << ' ' << Page;
+            for (const QLabel* Label : Area->findChildren<QLabel*>())
+                EXPECT_TRUE(!Label->isVisible() || Label->height() >= Label->heightForWidth(Label->width()))
+                    << FromQt(Label->text());
+        }
+    }
 }
 
 TEST_F(DesignerPanes, ThePaletteIsNarrowedByWords)

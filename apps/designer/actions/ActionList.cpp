@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QInputDialog>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -76,6 +77,20 @@ void TActionList::focusInEvent(QFocusEvent* Event)
     QTreeView::focusInEvent(Event);
     if (!currentIndex().isValid())
         setCurrentIndex(FModel.index(0, 0));
+}
+
+/// An empty list says how it is filled.
+void TActionList::paintEvent(QPaintEvent* Event)
+{
+    QTreeView::paintEvent(Event);
+    if (FDocument.Count() > 0)
+        return;
+    QPainter Painter(viewport());
+    Painter.setPen(palette().color(QPalette::PlaceholderText));
+    constexpr int Margin = 24;
+    Painter.drawText(viewport()->rect().adjusted(Margin, Margin, -Margin, -Margin), Qt::AlignCenter | Qt::TextWordWrap,
+                     tr("Actions are added from the palette: double click, drag, or Ctrl+F and Enter.\n\n"
+                        "Projects that are there already: File, Import."));
 }
 
 void TActionList::Change(const QString& Name, const std::function<TPlaces(TProject&)>& Edit)

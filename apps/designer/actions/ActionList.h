@@ -36,6 +36,7 @@ signals:
 protected:
     void currentChanged(const QModelIndex& Current, const QModelIndex& Previous) override;
     void focusInEvent(QFocusEvent* Event) override;
+    void paintEvent(QPaintEvent* Event) override;
 
 private:
     void Change(const QString& Name, const std::function<TPlaces(TProject&)>& Edit);

@@ -36,6 +36,8 @@ TPaletteTree::TPaletteTree(QWidget* Parent) : QTreeWidget(Parent)
     setDragDropMode(QAbstractItemView::DragOnly);
     setItemDelegate(new TRoomyRows(this));
     setUniformRowHeights(true);
+    constexpr int Indent = 12; // so that names have room
+    setIndentation(Indent);
     setAccessibleName(tr("Actions by category"));
     connect(this, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* Item) {
         if (!ClassOf(Item).isEmpty())

@@ -2,6 +2,7 @@
 
 #include "apps/designer/QtText.h"
 
+#include <QPushButton>
 #include <QVBoxLayout>
 
 TFormDialog::TFormDialog(QWidget* Parent, TForm& Form)
@@ -12,8 +13,10 @@ TFormDialog::TFormDialog(QWidget* Parent, TForm& Form)
     Layout->addWidget(FView);
     Form.ApplyRules();
     FView->Sync();
-    constexpr QSize Size(440, 360);
-    resize(sizeHint().expandedTo(Size));
+    const bool Grows = FView->sizePolicy().verticalPolicy() == QSizePolicy::Expanding;
+    resize(sizeHint().expandedTo({440, Grows ? 360 : 0}));
+    if (TControlView* Ok = FView->Find("btnOK"))
+        static_cast<QPushButton&>(Ok->Widget()).setDefault(true);
 }
 
 void TFormDialog::AfterAct()

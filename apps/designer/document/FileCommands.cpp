@@ -213,7 +213,7 @@ void TFileCommands::LookAtDisk()
     if (!FDocument.IsOtherOnDisk())
         return;
     FBar.Ask(
-        tr("Another program has changed \"%1\".").arg(ToQt(Paths::FileName(FDocument.File()))), tr("&Reload"),
+        tr("Another program has changed \"%1\".").arg(ToQt(Paths::FileName(FDocument.File()))), tr("Re&load"),
         [this] { TakeFromDisk(); }, tr("&Keep Mine"), [this] { FDocument.KeepMine(); });
 }
 

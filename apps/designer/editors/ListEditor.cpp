@@ -25,10 +25,10 @@ TListEditor::TListEditor(const QString& Name) : FList(new QListWidget)
         connect(Shortcut, &QShortcut::activated, this, Do);
         Buttons->addWidget(Button);
     };
-    AddButton(tr("Add"), QKeySequence(Qt::Key_Insert), [this] { Add(); });
-    AddButton(tr("Remove"), QKeySequence(Qt::Key_Delete), [this] { Remove(); });
-    AddButton(tr("Up"), QKeySequence(Qt::ALT | Qt::Key_Up), [this] { MoveBy(-1); });
-    AddButton(tr("Down"), QKeySequence(Qt::ALT | Qt::Key_Down), [this] { MoveBy(1); });
+    AddButton(tr("A&dd"), QKeySequence(Qt::Key_Insert), [this] { Add(); });
+    AddButton(tr("Re&move"), QKeySequence(Qt::Key_Delete), [this] { Remove(); });
+    AddButton(tr("&Up"), QKeySequence(Qt::ALT | Qt::Key_Up), [this] { MoveBy(-1); });
+    AddButton(tr("Do&wn"), QKeySequence(Qt::ALT | Qt::Key_Down), [this] { MoveBy(1); });
     Buttons->addStretch();
     connect(FList, &QListWidget::itemChanged, this, &TListEditor::Changed);
 }

@@ -16,7 +16,7 @@
 
 TProjectPane::TProjectPane(TProjectDocument& Document)
     : FDocument(Document), FVariables(Document), FName(new QLineEdit),
-      FFollowsIDE(new QCheckBox(tr("&Follow the IDE where an action's own way differs"))),
+      FFollowsIDE(new QCheckBox(tr("Foll&ow the IDE where an action's own way differs"))),
       FIncludes(new TListEditor(tr("Included files"))), FTable(new QTreeView), FScripts(new TScriptPane)
 {
     setDocumentMode(true);
@@ -34,7 +34,7 @@ QWidget* TProjectPane::MakeGeneral()
 {
     auto* Page = new QWidget;
     auto* Form = new QFormLayout(Page);
-    Form->addRow(tr("N&ame"), FName);
+    Form->addRow(tr("&Name"), FName);
     Form->addRow(QString(), FFollowsIDE);
     Form->addRow(tr("&Includes"), FIncludes);
     connect(FFollowsIDE, &QCheckBox::clicked, this, [this](bool Follows) {
@@ -80,8 +80,8 @@ QWidget* TProjectPane::MakeVariables()
         FVariables.Remove(Row);
         FTable->setCurrentIndex(FVariables.index(std::min(Row, FVariables.rowCount({}) - 1), 0));
     };
-    auto* AddButton = new QPushButton(tr("&Add"));
-    auto* RemoveButton = new QPushButton(tr("Remo&ve"));
+    auto* AddButton = new QPushButton(tr("A&dd"));
+    auto* RemoveButton = new QPushButton(tr("Re&move"));
     AddButton->setToolTip(tr("Insert"));
     RemoveButton->setToolTip(tr("Delete"));
     connect(AddButton, &QPushButton::clicked, this, Add);

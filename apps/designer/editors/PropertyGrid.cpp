@@ -11,6 +11,7 @@
 TPropertyGrid::TPropertyGrid() : FView(new QTreeView), FDelegate(new TPropertyDelegate(this)), FMeaning(new QLabel)
 {
     FView->setModel(&FModel);
+    FView->setItemDelegate(new TRoomyRows(this));
     FView->setItemDelegateForColumn(TPropertyModel::ValueColumn, FDelegate);
     FView->setRootIsDecorated(false);
     FView->setUniformRowHeights(true);

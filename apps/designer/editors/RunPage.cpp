@@ -10,7 +10,7 @@
 #include <limits>
 
 TRunPage::TRunPage(TProjectDocument& Document)
-    : FDocument(Document), FName(new QLineEdit), FEnabled(new QCheckBox(tr("&Enabled"))), FGroup(new QLineEdit),
+    : FDocument(Document), FName(new QLineEdit), FEnabled(new QCheckBox(tr("Ena&bled"))), FGroup(new QLineEdit),
       FWhen(new QLineEdit), FOnFailure(new QComboBox), FTimeout(new QSpinBox), FArguments(new QLineEdit),
       FReason(new QLabel)
 {
@@ -24,13 +24,14 @@ TRunPage::TRunPage(TProjectDocument& Document)
     FReason->setWordWrap(true);
 
     auto* Form = new QFormLayout(this);
-    Form->addRow(tr("N&ame"), FName);
+    Form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    Form->addRow(tr("&Name"), FName);
     Form->addRow(QString(), FEnabled);
     Form->addRow(tr("&Group"), FGroup);
     Form->addRow(tr("Run &when"), FWhen);
-    Form->addRow(tr("On &failure"), FOnFailure);
+    Form->addRow(tr("&On failure"), FOnFailure);
     Form->addRow(tr("&Time limit"), FTimeout);
-    Form->addRow(tr("More ar&guments"), FArguments);
+    Form->addRow(tr("&More arguments"), FArguments);
     Form->addRow(FReason);
 
     // As the project file calls them.

@@ -2,6 +2,7 @@
 
 #include "apps/designer/Images.h"
 #include "apps/designer/QtText.h"
+#include "apps/designer/RoomyRows.h"
 #include "apps/designer/dialogs/OkAndCancel.h"
 #include "host/QXServices.h"
 #include "platform/Files.h"
@@ -21,8 +22,10 @@ TOptionsDialog::TOptionsDialog(QWidget* Parent, TQXRuntime& Runtime)
     FNames->setAccessibleName(tr("Options objects"));
     constexpr int NamesWidth = 210;
     FNames->setFixedWidth(NamesWidth);
+    FNames->setItemDelegate(new TRoomyRows(this));
     for (const TQXOptionsRegistration& Registration : Runtime.OptionsServices().Options())
         Add(Registration);
+    AddHost();
     connect(FNames, &QListWidget::currentRowChanged, FStack, &QStackedWidget::setCurrentIndex);
     FNames->setCurrentRow(0);
     auto* Middle = new QHBoxLayout;
@@ -65,6 +68,16 @@ void TOptionsDialog::Add(const TQXOptionsRegistration& Registration)
     FEntries.push_back({&Registration, Object, ValuesOf(*Object), std::move(Pages)});
 }
 
+void TOptionsDialog::AddHost()
+{
+    FHost = new THostPage(FRuntime.Options());
+    FNames->addItem(new QListWidgetItem(Images::Find("quexley-designer"), tr("Quexley")));
+    auto* Tabs = new QTabWidget;
+    Tabs->setDocumentMode(true);
+    Tabs->addTab(FHost, tr("General"));
+    FStack->addWidget(Tabs);
+}
+
 /// Into the file as it is now: another program may have stored options meanwhile.
 void TOptionsDialog::Store()
 {
@@ -74,6 +87,7 @@ void TOptionsDialog::Store()
     for (const TEntry& Entry : FEntries)
         if (ValuesOf(*Entry.Object) != Entry.Before)
             FRuntime.StoreOptions(*Entry.Registration);
+    FHost->Store(FRuntime.Options());
     FRuntime.Options().Save();
 }
 
@@ -81,7 +95,7 @@ void TOptionsDialog::accept()
 try
 {
     const auto IsChanged = [](const TEntry& Entry) { return ValuesOf(*Entry.Object) != Entry.Before; };
-    if (std::any_of(FEntries.begin(), FEntries.end(), IsChanged))
+    if (FHost->IsChanged() || std::any_of(FEntries.begin(), FEntries.end(), IsChanged))
         Store();
     QDialog::accept();
 }

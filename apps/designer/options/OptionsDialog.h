@@ -1,6 +1,7 @@
 #pragma once
 
 #include "apps/designer/editors/PropertyGrid.h"
+#include "apps/designer/options/HostPage.h"
 #include "apps/designer/pages/PageTabs.h"
 #include "runtime/Runtime.h"
 
@@ -11,7 +12,7 @@
 #include <memory>
 #include <vector>
 
-/// The settings of this machine: the pages of all options objects, and all of their settings.
+/// The settings of this machine: the pages of all options objects with all of their settings, and those of the host.
 class TOptionsDialog final : public QDialog
 {
     Q_OBJECT
@@ -36,6 +37,7 @@ private:
         std::unique_ptr<TPageTabs> Pages;
     };
     void Add(const TQXOptionsRegistration& Registration);
+    void AddHost();
     [[nodiscard]] static std::vector<TQXPropertyValue> ValuesOf(const TQXOptionsObject& Object);
     void Store();
 
@@ -43,4 +45,5 @@ private:
     QListWidget* FNames;
     QStackedWidget* FStack;
     std::vector<TEntry> FEntries;
+    THostPage* FHost = nullptr;
 };

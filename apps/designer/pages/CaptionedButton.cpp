@@ -39,6 +39,12 @@ TCaptionedButton::TCaptionedButton(QAbstractButton& Button, std::string_view Cap
     FLabel->setBuddy(&Button);
     auto* Layout = new QHBoxLayout(FWidget);
     Layout->setContentsMargins({});
+    // A caption of one line takes as much room as that of any other button.
+    Button.setText(QStringLiteral("X"));
+    const int Height = Button.sizeHint().height();
+    Button.setText({});
+    Button.setFixedHeight(Height);
+    FLabel->setMinimumHeight(Height);
     Layout->addWidget(&Button, 0, Qt::AlignTop);
     Layout->addWidget(FLabel, 1);
 }

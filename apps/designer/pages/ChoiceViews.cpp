@@ -3,6 +3,7 @@
 #include "apps/designer/QtText.h"
 
 #include <QLineEdit>
+#include <QRegularExpression>
 
 TLabelView::TLabelView(TLabel& Label) : TControlView(Label), FLabel(new QLabel)
 {
@@ -54,12 +55,16 @@ TButtonView::TButtonView(TButton& Button, TPageUser& User) : TControlView(Button
 
 void TButtonView::Show()
 {
-    FButton->setText(ToQt(Control().Caption));
+    // A letter that opens a menu of the window does nothing else.
+    static const QRegularExpression Taken(QStringLiteral("(?<!&)&(?=[FEARVH])"));
+    FButton->setText(ToQt(Control().Caption).remove(Taken));
 }
 
 TComboBoxView::TComboBoxView(TComboBox& List, TPageUser& User) : TControlView(List), FModel(List), FBox(new QComboBox)
 {
     FBox->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    constexpr int Narrowest = 70; // where long entries have no room
+    FBox->setMinimumWidth(Narrowest);
     QObject::connect(FBox, &QComboBox::activated, FBox,
                      [this, &User](int Index) { Act([&] { User.Pick(FModel, static_cast<std::size_t>(Index)); }); });
     QObject::connect(FBox, &QComboBox::editTextChanged, FBox, [this, &User](const QString& Text) {

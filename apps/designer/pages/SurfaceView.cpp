@@ -4,48 +4,13 @@
 #include "apps/designer/pages/ChoiceViews.h"
 #include "apps/designer/pages/GridView.h"
 #include "apps/designer/pages/ListViews.h"
+#include "apps/designer/pages/PageLayout.h"
 #include "apps/designer/pages/PanelView.h"
 
 #include <QApplication>
-#include <QHBoxLayout>
 #include <QLabel>
 
 #include <stdexcept>
-
-namespace
-{
-constexpr int LongLabel = 30; // characters: a label that is longer stands above its field
-constexpr int Indent = 22;    // of a field below the button that it belongs to
-
-bool IsButtonLike(const TControl& Control)
-{
-    return Control.Kind() == TQXControlKind::CheckBox || Control.Kind() == TQXControlKind::RadioButton;
-}
-
-/// Whether a control is as high as there is room.
-bool IsTall(const TControl& Control)
-{
-    const TQXControlKind Kind = Control.Kind();
-    return Kind == TQXControlKind::Memo || Kind == TQXControlKind::ListBox || Kind == TQXControlKind::CheckList ||
-           Kind == TQXControlKind::Grid || Kind == TQXControlKind::ListView;
-}
-
-/// Whether a field without a caption goes with the control before it: any with a heading or a radio button, with a
-/// check box one that it switches on, which fills no list.
-bool Belongs(const TControl& Field, const TControl* Before)
-{
-    if (!Before || Before->Kind() == TQXControlKind::Label || !IsButtonLike(*Before))
-        return Before && Before->Kind() == TQXControlKind::Label;
-    const bool FillsList = Field.Kind() == TQXControlKind::Edit && static_cast<const TEdit&>(Field).OnAccept;
-    return Before->Kind() == TQXControlKind::RadioButton || (!IsTall(Field) && !FillsList);
-}
-
-bool HasLabel(const TControl& Control)
-{
-    const TQXControlKind Kind = Control.Kind();
-    return IsTall(Control) || Kind == TQXControlKind::Edit || Kind == TQXControlKind::ComboBox;
-}
-} // namespace
 
 TSurfaceView::TSurfaceView(const TSurface& Surface, TPageUser& User, TShorten Shorten)
     : FUser(User), FShorten(std::move(Shorten))
@@ -62,26 +27,19 @@ TSurfaceView::~TSurfaceView()
 
 void TSurfaceView::Fill(const TContainer& Container, QWidget& Holder)
 {
-    auto* Layout = new QGridLayout(&Holder);
-    Layout->setColumnStretch(1, 1);
-    if (const TControl* Panel = Container.AsControl(); Panel && Panel->Caption.empty())
-        Layout->setContentsMargins({});
-    const TControl* Before = nullptr;
-    bool HasTall = false;
+    TPageLayout Layout(Container, Holder);
     for (TControl* Control : Container.Controls())
     {
         FViews.push_back(MakeView(*Control));
         TControlView& View = *FViews.back();
         View.Widget().setObjectName(ToQt(Control->Name()));
         View.Field().installEventFilter(this);
-        Place(View, Before, *Layout);
+        if (QLabel* Label = Layout.Add(View))
+            FLabels.emplace_back(Label, &View);
         if (Control->Kind() == TQXControlKind::Panel)
             Fill(static_cast<const TPanel&>(*Control), View.Widget());
-        HasTall |= IsTall(*Control);
-        Before = Control;
     }
-    if (!HasTall)
-        Layout->setRowStretch(Layout->rowCount(), 1);
+    Layout.Finish();
 }
 
 std::unique_ptr<TControlView> TSurfaceView::MakeView(TControl& Control)
@@ -114,62 +72,6 @@ std::unique_ptr<TControlView> TSurfaceView::MakeView(TControl& Control)
         return std::make_unique<TPanelView>(static_cast<TPanel&>(Control));
     }
     throw std::logic_error("a control without a kind");
-}
-
-void TSurfaceView::Place(TControlView& View, const TControl* Before, QGridLayout& Layout)
-{
-    const TControl& Control = View.Control();
-    if (HasLabel(Control))
-        return PlaceField(View, Before, Layout);
-    // Buttons that follow each other stand beside each other.
-    if (Control.Kind() == TQXControlKind::Button)
-    {
-        QLayout* Row = nullptr;
-        if (Before && Before->Kind() == TQXControlKind::Button)
-            Row = Layout.itemAtPosition(Layout.rowCount() - 1, 0)->layout();
-        else
-        {
-            auto* Buttons = new QHBoxLayout;
-            Layout.addLayout(Buttons, Layout.rowCount(), 0, 1, 2, Qt::AlignLeft);
-            Row = Buttons;
-        }
-        return Row->addWidget(&View.Widget());
-    }
-    Layout.addWidget(&View.Widget(), Layout.rowCount(), 0, 1, 2);
-}
-
-/// A field has its label before it, or above it where either needs the room. One without a caption belongs to the box
-/// or button before it.
-void TSurfaceView::PlaceField(TControlView& View, const TControl* Before, QGridLayout& Layout)
-{
-    const TControl& Control = View.Control();
-    const int Row = Layout.rowCount();
-    if (Control.Caption.empty())
-    {
-        const bool GoesWithIt = Belongs(Control, Before);
-        std::string_view Name = Control.Hint.empty() ? Control.Name() : std::string_view(Control.Hint);
-        if (GoesWithIt)
-            Name = Before->Caption;
-        View.Field().setAccessibleName(ToQt(Name));
-        auto* Line = new QHBoxLayout;
-        Line->addSpacing(GoesWithIt && IsButtonLike(*Before) ? Indent : 0);
-        Line->addWidget(&View.Widget());
-        Layout.addLayout(Line, Row, 0, 1, 2);
-        Layout.setRowStretch(Row, IsTall(Control) ? 1 : 0);
-        return;
-    }
-    auto* Label = new QLabel(ToQt(Control.Caption));
-    Label->setBuddy(&View.Field());
-    Label->setWordWrap(Control.Caption.size() > LongLabel);
-    View.Field().setAccessibleName(Label->text().remove(QLatin1Char('&')));
-    FLabels.emplace_back(Label, &View);
-    const bool IsAbove = IsTall(Control) || Control.Caption.size() > LongLabel;
-    Layout.addWidget(Label, Row, 0, 1, IsAbove ? 2 : 1);
-    const bool IsNarrow = Control.Kind() == TQXControlKind::ComboBox && !IsAbove;
-    Layout.addWidget(&View.Widget(), IsAbove ? Row + 1 : Row, IsAbove ? 0 : 1, 1, IsAbove ? 2 : 1,
-                     IsNarrow ? Qt::AlignLeft : Qt::Alignment());
-    if (IsTall(Control))
-        Layout.setRowStretch(Row + 1, 1);
 }
 
 void TSurfaceView::Sync()

@@ -4,7 +4,6 @@
 #include "host/QXBindings.h"
 #include "runtime/forms/PageUser.h"
 
-#include <QGridLayout>
 #include <QWidget>
 
 #include <memory>
@@ -33,8 +32,6 @@ protected:
 
 private:
     void Fill(const TContainer& Container, QWidget& Holder);
-    void Place(TControlView& View, const TControl* Before, QGridLayout& Layout);
-    void PlaceField(TControlView& View, const TControl* Before, QGridLayout& Layout);
     std::unique_ptr<TControlView> MakeView(TControl& Control);
 
     TPageUser& FUser;

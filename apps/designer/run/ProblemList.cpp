@@ -6,6 +6,9 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 
+#include <algorithm>
+#include <utility>
+
 TProblemList::TProblemList()
 {
     setRootIsDecorated(false);
@@ -23,22 +26,41 @@ void TProblemList::Clear()
 {
     FProblems.clear();
     clear();
+    for (const TProblem& Problem : FStanding)
+        AddRow(Problem);
+    emit Changed();
+}
+
+void TProblemList::SetStanding(std::vector<TProblem> Problems)
+{
+    FStanding = std::move(Problems);
+    Clear();
 }
 
 void TProblemList::Add(const std::vector<TProblem>& Problems)
 {
+    const auto Stands = [this](const TProblem& Problem) {
+        return std::any_of(FStanding.begin(), FStanding.end(),
+                           [&](const TProblem& Standing) { return Standing.Text == Problem.Text; });
+    };
     for (const TProblem& Problem : Problems)
-    {
-        FProblems.push_back(Problem);
-        const QString Action =
-            Problem.Action > 0 ? QStringLiteral("%1  %2").arg(Problem.Action).arg(Problem.Name) : tr("Project");
-        auto* Item = new QTreeWidgetItem(this, {Action, Problem.Label, Problem.Text.simplified()});
-        Item->setToolTip(2, Problem.Text);
-        const auto Meaning = Problem.IsError ? Themes::TMeaning::Error : Themes::TMeaning::Warning;
-        Item->setForeground(2, Themes::Colour(Meaning, palette()));
-    }
+        if (!Stands(Problem))
+            AddRow(Problem);
     if (!currentItem() && topLevelItemCount() > 0)
         setCurrentItem(topLevelItem(0));
+    emit Changed();
+}
+
+void TProblemList::AddRow(const TProblem& Problem)
+{
+    FProblems.push_back(Problem);
+    QString Where = Problem.Name.isEmpty() ? tr("Project") : Problem.Name;
+    if (Problem.Action > 0)
+        Where.prepend(QStringLiteral("%1  ").arg(Problem.Action));
+    auto* Item = new QTreeWidgetItem(this, {Where, Problem.Label, Problem.Text.simplified()});
+    Item->setToolTip(2, Problem.Text);
+    const auto Meaning = Problem.IsError ? Themes::TMeaning::Error : Themes::TMeaning::Warning;
+    Item->setForeground(2, Themes::Colour(Meaning, palette()));
 }
 
 void TProblemList::Choose(const QTreeWidgetItem* Item)

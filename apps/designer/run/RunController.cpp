@@ -43,7 +43,6 @@ void TRunController::Start(TKind Kind, TScope Scope)
         return;
     FList.Model().ClearStates();
     FProblems.Clear();
-    emit ProblemsChanged(0);
     FPanel.Begin();
     FProcess.Start(QCoreApplication::applicationDirPath() + QStringLiteral("/quexley"), Words(Kind, Scope));
     emit StateChanged();
@@ -54,10 +53,8 @@ void TRunController::Take(const TRunUpdate& Update)
     FPanel.Take(Update);
     for (const auto& [Number, State] : Update.States)
         FList.Model().SetState(Number - 1, State);
-    if (Update.Problems.empty())
-        return;
-    FProblems.Add(Update.Problems);
-    emit ProblemsChanged(static_cast<int>(FProblems.Problems().size()));
+    if (!Update.Problems.empty())
+        FProblems.Add(Update.Problems);
 }
 
 int TRunController::Validate()
@@ -65,6 +62,5 @@ int TRunController::Validate()
     const std::vector<TProblem> Problems = FindProblems(FDocument.Project().File, FDocument.Text());
     FProblems.Clear();
     FProblems.Add(Problems);
-    emit ProblemsChanged(static_cast<int>(Problems.size()));
     return static_cast<int>(Problems.size());
 }

@@ -31,7 +31,6 @@ public:
 signals:
     /// A run began or ended.
     void StateChanged();
-    void ProblemsChanged(int Count);
 
 private:
     [[nodiscard]] QStringList Words(TKind Kind, TScope Scope) const;

@@ -106,6 +106,7 @@ void TRunEventReader::Add(TRunUpdate& Update, TLineKind Kind, int Action, const 
 
 void TRunEventReader::AddProblem(TRunUpdate& Update, const QJsonObject& Event, const QString& Text, bool IsError)
 {
+    FHasProblem |= IsError;
     if (FProblems++ < MaximumProblems)
         Update.Problems.push_back({IsError, IndexOf(Event), FName, TextOf(Event, "label"), Text});
 }
@@ -141,13 +142,16 @@ void TRunEventReader::OnValidationError(const QJsonObject& Event, TRunUpdate& Up
 void TRunEventReader::OnActionStarted(const QJsonObject& Event, TRunUpdate& Update)
 {
     FName = TextOf(Event, "name");
+    FLastMessage.clear();
+    FHasProblem = false;
     Add(Update, TLineKind::Heading, IndexOf(Event), QStringLiteral("%1  %2").arg(IndexOf(Event)).arg(FName));
     Update.States.push_back({IndexOf(Event), {TStateKind::Running, 0}});
 }
 
 void TRunEventReader::OnMessage(const QJsonObject& Event, TRunUpdate& Update)
 {
-    Add(Update, TLineKind::Text, IndexOf(Event), TextOf(Event, "text"));
+    FLastMessage = TextOf(Event, "text");
+    Add(Update, TLineKind::Text, IndexOf(Event), FLastMessage);
 }
 
 void TRunEventReader::OnExpansionError(const QJsonObject& Event, TRunUpdate& Update)
@@ -213,9 +217,15 @@ void TRunEventReader::OnActionEnded(const QJsonObject& Event, TRunUpdate& Update
     Update.States.push_back({IndexOf(Event), {State, Seconds}});
     FIsDryRun |= State == TStateKind::Planned;
     if (State == TStateKind::Failure)
-        Add(Update, TLineKind::Error, IndexOf(Event), Tr("Failed after %1 s").arg(Seconds, 0, 'f', 1));
+    {
+        const QString Text = Tr("Failed after %1 s").arg(Seconds, 0, 'f', 1);
+        Add(Update, TLineKind::Error, IndexOf(Event), Text);
+        if (!FHasProblem)
+            AddProblem(Update, Event, FLastMessage.isEmpty() ? Text : FLastMessage);
+    }
     else if (State == TStateKind::Skipped)
-        Add(Update, TLineKind::Text, IndexOf(Event), Tr("Skipped: %1").arg(TextOf(Event, "reason")));
+        Add(Update, TLineKind::Process, IndexOf(Event),
+            Tr("%1  Skipped: %2").arg(IndexOf(Event)).arg(TextOf(Event, "reason")));
 }
 
 void TRunEventReader::OnRunEnded(const QJsonObject& Event, TRunUpdate& Update)

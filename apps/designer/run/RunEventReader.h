@@ -45,5 +45,7 @@ private:
     QByteArray FRest; ///< of a line that is not complete
     QString FName;    ///< of the running action
     int FProblems = 0;
-    bool FIsDryRun = false; ///< actions end as planned
+    QString FLastMessage;     ///< of the running action
+    bool FHasProblem = false; ///< the running action told of an error
+    bool FIsDryRun = false;   ///< actions end as planned
 };

@@ -12,10 +12,14 @@ TRunPanel::TRunPanel()
     FSearch->setPlaceholderText(tr("Find in the log"));
     FSearch->setAccessibleName(tr("Find in the log"));
     FSearch->setClearButtonEnabled(true);
+    constexpr int SearchWidth = 360;
+    FSearch->setMaximumWidth(SearchWidth);
     FProgress->setAccessibleName(tr("Actions that are done"));
     FProgress->setVisible(false);
     FTime->setAccessibleName(tr("Elapsed time"));
     auto* Bar = new QHBoxLayout;
+    constexpr int Margin = 4;
+    Bar->setContentsMargins(Margin, 0, Margin, 0);
     Bar->addWidget(FWhat);
     Bar->addWidget(FProgress);
     Bar->addSpacing(12);

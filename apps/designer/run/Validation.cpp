@@ -3,6 +3,8 @@
 #include "apps/designer/QtText.h"
 #include "runtime/ProjectRunner.h"
 #include "runtime/RunEvents.h"
+#include "runtime/Runtime.h"
+#include "runtime/options/UnknownOptions.h"
 
 namespace
 {
@@ -27,6 +29,12 @@ private:
     }
     template <typename T> void Take(const T&) {}
 };
+
+void AddHostProblems(std::vector<TProblem>& Problems, const std::vector<THostFinding>& Findings, bool IsError)
+{
+    for (const THostFinding& Finding : Findings)
+        Problems.push_back({IsError, 0, QStringLiteral("Quexley"), {}, ToQt(Finding.Text())});
+}
 } // namespace
 
 std::vector<TProblem> FindProblems(const std::string& File, const std::string& Text)
@@ -40,4 +48,19 @@ try
 catch (const std::exception& Error)
 {
     return {{true, 0, {}, {}, ToQt(Error.what())}};
+}
+
+std::vector<TProblem> FindHostProblems(TQXRuntime& Runtime)
+{
+    std::vector<TProblem> Problems;
+    try
+    {
+        AddHostProblems(Problems, FindUnknownOptions(Runtime), false);
+    }
+    catch (const EHostFileError& Error)
+    {
+        AddHostProblems(Problems, Error.Findings(), true);
+    }
+    AddHostProblems(Problems, Runtime.TakeWarnings(), false);
+    return Problems;
 }

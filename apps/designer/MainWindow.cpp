@@ -100,7 +100,7 @@ void TMainWindow::ArrangeDocks()
     addDockWidget(Qt::RightDockWidgetArea, FHelp);
     FHelp->hide();
     constexpr QSize Size(1340, 820);
-    constexpr int PaletteWidth = 270;
+    constexpr int PaletteWidth = 275;
     constexpr int ListWidth = 300;
     constexpr int LogHeight = 210;
     resize(Size);
@@ -271,10 +271,13 @@ void TMainWindow::UpdateCounts()
     const TProject& Project = FDocument.Project();
     const auto Enabled = std::count_if(Project.Actions.begin(), Project.Actions.end(),
                                        [](const TProjectAction& Action) { return Action.Enabled; });
-    FCounts->setText(tr("%1 actions, %2 enabled, %3 variables")
-                         .arg(Project.Actions.size())
+    const auto Count = [](std::size_t Number, const QString& One, const QString& Many) {
+        return Number == 1 ? One : Many.arg(Number);
+    };
+    FCounts->setText(tr("%1, %2 enabled, %3")
+                         .arg(Count(Project.Actions.size(), tr("1 action"), tr("%1 actions")))
                          .arg(Enabled)
-                         .arg(Project.AllVariables().size()));
+                         .arg(Count(Project.AllVariables().size(), tr("1 variable"), tr("%1 variables"))));
 }
 
 void TMainWindow::UpdateCommands()

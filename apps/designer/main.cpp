@@ -53,7 +53,9 @@ try
     QApplication::setApplicationName(QStringLiteral("quexley-designer"));
     QApplication::setApplicationDisplayName(QStringLiteral("Quexley Designer"));
     QApplication::setApplicationVersion(QStringLiteral(QUEXLEY_VERSION));
-    QApplication::setWindowIcon(Images::Find("quexley-designer"));
+    QIcon Icon = Images::Find("quexley-designer");
+    Icon.addFile(Images::SharedFile(QStringLiteral("../icons/hicolor/256x256/apps/quexley-designer.png")));
+    QApplication::setWindowIcon(Icon);
     const TWords Words = Understand(Application);
     Themes::Apply(Themes::FromName(Words.Theme));
     try

@@ -4,6 +4,7 @@
 #include "tests/designer/DesignerTest.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 
 #include <sstream>
 
@@ -49,6 +50,16 @@ protected:
         return true;
     }
 
+    /// As a keyboard with all letters does.
+    static void Write(const QString& Text)
+    {
+        for (const QChar Letter : Text)
+        {
+            QKeyEvent Press(QEvent::KeyPress, 0, Qt::NoModifier, Letter);
+            QApplication::sendEvent(QApplication::focusWidget(), &Press);
+        }
+    }
+
     bool Act(const TDataLine& Line)
     {
         std::istringstream Words(Line.Rest);
@@ -67,7 +78,12 @@ protected:
         else if (Line.Word == "press")
             Press(Name, Text);
         else if (Line.Word == "command")
+        {
             Command(Line.Rest);
+            QApplication::processEvents(); // an editor hands its value over when it has done with the key
+        }
+        else if (Line.Word == "write")
+            Write(ToQt(Line.Rest));
         else if (Line.Word == "answer")
             AnswerNext(Line.Rest);
         else

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QSettings>
 
@@ -117,4 +118,33 @@ TEST_F(DesignerFiles, AWindowIsUpWithinHalfASecond)
     EXPECT_TRUE(Another.FileCommands().Open(ToQt(Folder() / "quexley.toml")));
     EXPECT_FALSE(Another.grab().isNull());
     EXPECT_LT(Clock.elapsed(), 500);
+}
+
+/// Each step with what is painted after it. The limits leave room for a build without optimisation.
+TEST_F(DesignerFiles, AProjectOfTwoThousandActionsIsAtHand)
+{
+    std::string Long = "# Build\n";
+    for (int Number = 1; Number <= 2000; ++Number)
+        Long += "\n[[action]] # " + std::to_string(Number) + "\ntype = 'TGACInstallAction'\nAssemblyPath = 'a.dll'\n";
+    const auto Expect = [&](const char* Name, int Limit, const std::function<void()>& Do) {
+        QElapsedTimer Clock;
+        Clock.start();
+        Do();
+        QApplication::processEvents();
+        RecordProperty(Name, static_cast<int>(Clock.elapsed()));
+        EXPECT_LT(Clock.elapsed(), Limit) << Name;
+    };
+    Expect("open", 3000, [&] { Open(Long); });
+    Expect("select", 500, [&] { Window().List().Select({1500}); });
+    Expect("scroll", 500, [&] { Press("list", "End"); });
+    Expect("search", 500, [&] { Type("search", "gac"); });
+    Expect("type", 500, [&] { Type("txtAssemblyPath", "b"); });
+    Expect("step", 1000, [&] { Document().Flush(); });
+    Expect("enable", 2000, [&] { Press("list", "Ctrl+E"); });
+    Expect("move", 2000, [&] { Press("list", "Alt+Up"); });
+    Expect("undo", 2000, [&] { Document().Undo(); });
+    Expect("save", 500, [&] { Command("Ctrl+S"); });
+    const std::string Last = "\n[[action]] # 2000\ntype = 'TGACInstallAction'\n";
+    EXPECT_TRUE(Document().Text().ends_with(Last + "enabled = false\nAssemblyPath = \"b\"\n"))
+        << Document().Text().substr(Long.size() - 150);
 }

@@ -200,7 +200,7 @@ TEST_F(DesignerPanes, WhatIsWrongWithTheHostStandsUnderProblems)
             Result.append(Problem.Text.section("/", -1));
         return FromQt(Result.join('|'));
     };
-    const std::string Both = "options.toml:1:2: no options are called \"NUnitt\", did you mean \"NUnit\"?|"
+    const std::string Both = "options.toml:1:2: no options are called \"NUnitt\"; did you mean \"NUnit\"?|"
                              "broken.so: no such symbol; this package is left out";
     EXPECT_EQ(Texts(), Both);
     Another.Validate();
@@ -287,6 +287,8 @@ TEST_F(DesignerPanes, ThePaletteIsNarrowedByWords)
     EXPECT_EQ(Shown(), 0);
     Press("search", "Return");
     EXPECT_EQ(Document().Count(), 1);
+    Press("search", "Escape");
+    EXPECT_EQ(Shown(), All);
 }
 
 TEST_F(DesignerPanes, ActionsGoThroughTheClipboardAndBetweenPlaces)

@@ -150,7 +150,7 @@ TEST_F(Renderer, EveryFieldHasALabelAndANameAndIsReachedByTab)
         if (const QString Control = Pages->FocusedControl(); !Control.isEmpty() && !Order.contains(Control))
             Order.append(Control);
     }
-    EXPECT_EQ(Order.join(' '),
+    EXPECT_EQ(Order.join(QLatin1Char(32)).toStdString(),
               "txtSecret cbKind memLines lstList chlKinds grdPairs lsvAll rbFirst rbSecond txtSecond btnHide "
               "btnOther chkFlag");
 }

@@ -74,19 +74,27 @@ TEST_F(DesignerRun, ShowsTheLogAndWhereItFailed)
     EXPECT_EQ(Window().List().Current(), 0) << "an error leads to its action";
 }
 
+/// Asked, also one that does not listen, and by force.
 TEST_F(DesignerRun, StopsATool)
 {
-    OpenWithTool("echo started\nexec sleep 1000\n");
-    Window().Run(TRunController::TKind::Run, TRunController::TScope::All);
-    ASSERT_TRUE(WaitUntil([&] { return LogHas(TLogLine::TKind::Output, "started"); }));
-    Window().Runs().Stop();
-    ASSERT_TRUE(WaitUntil([&] { return !Window().Runs().IsRunning(); }));
-    EXPECT_EQ(Window().List().Model().index(1, TActionListModel::StateColumn).data().toString(), QString("ended"));
+    for (const auto& [Script, Times] : {std::pair("exec sleep 1000", 1),
+                                        {"trap '' TERM INT HUP\nwhile true; do sleep 1; done", 1},
+                                        {"trap '' TERM INT HUP\nwhile true; do sleep 1; done", 2}})
+    {
+        OpenWithTool(std::string("echo started\n") + Script + "\n");
+        Window().Run(TRunController::TKind::Run, TRunController::TScope::All);
+        ASSERT_TRUE(WaitUntil([&] { return LogHas(TLogLine::TKind::Output, "started"); }));
+        for (int Time = 0; Time < Times; ++Time)
+            Window().Runs().Stop();
+        ASSERT_TRUE(WaitUntil([&] { return !Window().Runs().IsRunning(); }));
+        EXPECT_EQ(Window().List().Model().index(1, TActionListModel::StateColumn).data().toString(), QString("ended"));
+        EXPECT_EQ(LogHas(TLogLine::TKind::Error, "The run was ended by force."), Times == 2);
+    }
 }
 
 TEST_F(DesignerRun, AMillionLinesLeaveTheWindowAtHandAndMemoryBounded)
 {
-    OpenWithTool("seq -f 'line %.0f of a tool that says a lot about very little' 1000000\n");
+    OpenWithTool("seq -f 'a.cs(%.0f,1): error CS1002: ; expected, said a tool' 1000000\n");
     const std::size_t Before = MemoryInUse();
     QElapsedTimer SinceBeat;
     SinceBeat.start();

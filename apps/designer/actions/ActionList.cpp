@@ -30,9 +30,12 @@ TActionList::TActionList(TProjectDocument& Document) : FDocument(Document), FMod
     header()->setSectionResizeMode(TActionListModel::StateColumn, QHeaderView::ResizeToContents);
     connect(&FModel, &TActionListModel::Refused, this, &TActionList::Refused);
     // After the model, which was connected first.
-    connect(&Document, &TProjectDocument::Replaced, this,
-            [this](const TPlaces& Places) { Select(!Places.empty() || FCurrent < 0 ? Places : TPlaces{FCurrent}); });
+    connect(&Document, &TProjectDocument::Replaced, this, [this](const TPlaces& Places) {
+        Select(!Places.empty() || FCurrent < 0 ? Places : TPlaces{FCurrent});
+        setColumnHidden(TActionListModel::GroupColumn, Groups().size() < 2);
+    });
     Select({});
+    setColumnHidden(TActionListModel::GroupColumn, true);
 }
 
 TPlaces TActionList::Selected() const
@@ -124,9 +127,13 @@ void TActionList::Duplicate()
 void TActionList::MoveBy(int Rows)
 {
     const TPlaces Places = Selected();
-    if (!Places.empty())
-        Change(Rows < 0 ? tr("Move Up") : tr("Move Down"),
-               [&](TProject& Project) { return ActionEdits::Shift(Project, Places, Rows); });
+    if (Places.empty())
+        return;
+    TPlaces Moved = Places;
+    Change(Rows < 0 ? tr("Move Up") : tr("Move Down"),
+           [&](TProject& Project) { return Moved = ActionEdits::Shift(Project, Places, Rows); });
+    if (Selected() != Moved) // past its like, which changes nothing in the file
+        Select(Moved);
 }
 
 void TActionList::ToggleEnabled()

@@ -27,6 +27,9 @@ QIcon ImageOf(const TProjectAction& Action)
 TActionListModel::TActionListModel(TProjectDocument& Document) : FDocument(Document)
 {
     connect(&Document, &TProjectDocument::Replaced, this, [this] {
+        // Who edits a cell stays there.
+        if (FStates.size() == static_cast<std::size_t>(FDocument.Count()))
+            return emit dataChanged(index(0, 0), index(rowCount({}) - 1, StateColumn));
         beginResetModel();
         FStates.resize(static_cast<std::size_t>(FDocument.Count()));
         endResetModel();
@@ -37,6 +40,13 @@ void TActionListModel::ClearStates()
 {
     std::fill(FStates.begin(), FStates.end(), TActionState{});
     emit dataChanged(index(0, 0), index(rowCount({}) - 1, StateColumn));
+}
+
+void TActionListModel::EndRunning()
+{
+    for (std::size_t Place = 0; Place < FStates.size(); ++Place)
+        if (FStates[Place].Kind == TActionState::TKind::Running)
+            SetState(static_cast<int>(Place), {TActionState::TKind::Terminated, 0});
 }
 
 void TActionListModel::SetState(int Place, const TActionState& State)

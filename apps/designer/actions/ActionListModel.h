@@ -30,6 +30,8 @@ public:
     [[nodiscard]] static int PlaceOf(const QModelIndex& Index) { return Index.row() - 1; }
 
     void ClearStates();
+    /// Whatever runs has ended.
+    void EndRunning();
     void SetState(int Place, const TActionState& State);
 
     [[nodiscard]] int rowCount(const QModelIndex& Parent) const override;

@@ -154,7 +154,10 @@ void TActionPalette::BeginSearch()
 
 bool TActionPalette::eventFilter(QObject* Watched, QEvent* Event)
 {
-    if (Event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(Event)->key() != Qt::Key_Down)
+    const int Key = Event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(Event)->key() : 0;
+    if (Key == Qt::Key_Escape)
+        FSearch->clear();
+    if (Key != Qt::Key_Down)
         return QWidget::eventFilter(Watched, Event);
     if (!FTree->currentItem() || ClassOf(FTree->currentItem()).isEmpty())
         FTree->setCurrentItem(FirstShown());

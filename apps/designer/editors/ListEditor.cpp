@@ -35,6 +35,8 @@ TListEditor::TListEditor(const QString& Name) : FList(new QListWidget)
 
 void TListEditor::Show(const QStringList& Items)
 {
+    if (Items == this->Items())
+        return; // who edits one goes on
     const QSignalBlocker Blocker(FList);
     const int Row = FList->currentRow();
     FList->clear();

@@ -14,10 +14,27 @@
 
 #include <algorithm>
 
+namespace
+{
+/// The Tab key goes from a name to its value, and on to the next variable.
+class TVariablesView final : public QTreeView
+{
+protected:
+    QModelIndex moveCursor(CursorAction Action, Qt::KeyboardModifiers Modifiers) override
+    {
+        if (Action != MoveNext && Action != MovePrevious)
+            return QTreeView::moveCursor(Action, Modifiers);
+        constexpr int Cells = 2; // of a row that are edited
+        const int Cell = currentIndex().row() * Cells + currentIndex().column() + (Action == MoveNext ? 1 : -1);
+        return model()->index(Cell / Cells, Cell % Cells);
+    }
+};
+} // namespace
+
 TProjectPane::TProjectPane(TProjectDocument& Document)
     : FDocument(Document), FVariables(Document), FName(new QLineEdit),
       FFollowsIDE(new QCheckBox(tr("Foll&ow the IDE where an action's own way differs"))),
-      FIncludes(new TListEditor(tr("Included files"))), FTable(new QTreeView), FScripts(new TScriptPane)
+      FIncludes(new TListEditor(tr("Included files"))), FTable(new TVariablesView), FScripts(new TScriptPane)
 {
     setDocumentMode(true);
     addTab(MakeVariables(), tr("Variables"));

@@ -7,6 +7,7 @@
 #include <QApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -32,6 +33,9 @@ std::string NewName(const TProject& Project)
 TVariablesModel::TVariablesModel(TProjectDocument& Document) : FDocument(Document)
 {
     connect(&Document, &TProjectDocument::Replaced, this, [this] {
+        const int Rows = rowCount({});
+        if (std::exchange(FRows, Rows) == Rows && Rows > 0) // who edits a cell stays there
+            return emit dataChanged(index(0, 0), index(Rows - 1, SecretColumn));
         beginResetModel();
         endResetModel();
     });

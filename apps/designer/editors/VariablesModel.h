@@ -36,4 +36,5 @@ private:
     bool Change(const QString& Name, const std::function<void(TProject&)>& Edit);
 
     TProjectDocument& FDocument;
+    int FRows = 0; ///< that are shown
 };

@@ -44,6 +44,7 @@ THostPage::THostPage(const TOptionsFile& File)
     FScriptTimeout->setToolTip(tr("A script that runs longer is stopped"));
     FDetectDotNet->setToolTip(tr("Otherwise only those count that the options file names"));
     auto* Form = new QFormLayout(this);
+    Form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
     Form->addRow(tr("&Registry file"), FRegistry);
     Form->addRow(tr("&Windows folder"), FWindowsDir);
     Form->addRow(tr("Time limit of &scripts"), FScriptTimeout);

@@ -3,6 +3,7 @@
 #include "apps/designer/QtText.h"
 
 #include <QScrollArea>
+#include <QTabBar>
 
 namespace
 {
@@ -19,6 +20,14 @@ QString Normal(const QString& Name)
 bool IsSame(std::string_view Name, const QString& Label)
 {
     return !Name.empty() && Normal(ToQt(Name)) == Normal(Label);
+}
+/// The first one on a page to which the Tab key goes, or null.
+QWidget* FirstField(TSurfaceView& View)
+{
+    for (QWidget* Widget = View.nextInFocusChain(); View.isAncestorOf(Widget); Widget = Widget->nextInFocusChain())
+        if ((Widget->focusPolicy() & Qt::TabFocus) != 0 && !Widget->focusProxy())
+            return Widget;
+    return nullptr;
 }
 } // namespace
 
@@ -60,9 +69,25 @@ void TPageTabs::Fill(const TShorten& Shorten, bool IsReadOnly)
         Area->setWidget(View);
         Area->setWidgetResizable(true);
         Area->setFrameShape(QFrame::NoFrame);
+        Area->setFocusPolicy(Qt::TabFocus);
         const std::string Name = FSet->PageName(Page);
         FTabs.insertTab(static_cast<int>(Page), Area, Name.empty() ? tr("General") : ToQt(Name));
     }
+    OrderFocus();
+}
+
+/// The keyboard goes from the tabs to what stands on the pages, though that was made after all else.
+void TPageTabs::OrderFocus()
+{
+    QWidget* Before = FTabs.tabBar();
+    for (int Page = 0; Page < Count(); ++Page)
+        if (QWidget* First = FirstField(View(Page)))
+        {
+            QWidget* Area = FTabs.widget(Page);
+            Area->setFocusProxy(First); // which makes one whole of it
+            QWidget::setTabOrder(Before, Area);
+            Before = Area;
+        }
 }
 
 void TPageTabs::AfterAct()

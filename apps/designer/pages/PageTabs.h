@@ -41,6 +41,7 @@ signals:
 
 private:
     void Fill(const TShorten& Shorten, bool IsReadOnly);
+    void OrderFocus();
     void AfterAct();
     [[nodiscard]] bool IsKnownAs(const TPage& Page, const TControl& Control, const QString& Label) const;
 

@@ -17,6 +17,8 @@ TProblemList::TProblemList()
     setAllColumnsShowFocus(true);
     setAccessibleName(tr("Problems"));
     setHeaderLabels({tr("Action"), tr("Setting"), tr("Problem")});
+    constexpr int RowsThatCount = 50; // for the width of a column
+    header()->setResizeContentsPrecision(RowsThatCount);
     header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     connect(this, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* Item) { Choose(Item); });

@@ -20,6 +20,7 @@ TRunController::TRunController(TProjectDocument& Document, TActionList& List, TR
     connect(&FProcess, &TRunProcess::Updated, this, &TRunController::Take);
     connect(&FProcess, &TRunProcess::Ended, this, [this](const QString& Reason) {
         FPanel.End(Reason);
+        FList.Model().EndRunning(); // a run that was ended by force tells of no end
         emit StateChanged();
     });
 }

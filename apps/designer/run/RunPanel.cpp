@@ -33,6 +33,9 @@ TRunPanel::TRunPanel()
     Layout->addWidget(FLog);
     setTabOrder(FSearch, FLog);
     connect(FSearch, &QLineEdit::returnPressed, this, [this] { Search(1); });
+    auto* Leave = new QShortcut(QKeySequence(Qt::Key_Escape), FSearch);
+    Leave->setContext(Qt::WidgetShortcut);
+    connect(Leave, &QShortcut::activated, FLog, [this] { FLog->setFocus(Qt::OtherFocusReason); });
     connect(new QShortcut(QKeySequence::FindNext, this), &QShortcut::activated, this, [this] { Search(1); });
     connect(new QShortcut(QKeySequence::FindPrevious, this), &QShortcut::activated, this, [this] { Search(-1); });
     constexpr int Interval = 200; // milliseconds

@@ -69,7 +69,7 @@ TRunProcess::TRunProcess() : FProcess(new QProcess)
     };
     connect(FProcess, &QProcess::finished, FProcess, [this, Read, End] {
         Read();
-        End(WhyEnded(*FProcess));
+        End(FIsForced ? tr("The run was ended by force.") : WhyEnded(*FProcess));
     });
     connect(FProcess, &QProcess::errorOccurred, FProcess, [this, End](QProcess::ProcessError Error) {
         if (Error == QProcess::FailedToStart)
@@ -105,6 +105,7 @@ void TRunProcess::Start(const QString& Program, const QStringList& Words)
     FIsRunning = true;
     FIsAsked = false;
     QMetaObject::invokeMethod(FProcess, [this, Program, Words] {
+        FIsForced = false;
         FProcess->setStandardErrorFile(QProcess::nullDevice()); // what it says there is in the events, too
         FProcess->setStandardInputFile(QProcess::nullDevice());
         FProcess->start(Program, Words);
@@ -117,7 +118,10 @@ void TRunProcess::Stop()
     if (!FIsRunning)
         return;
     const bool Again = std::exchange(FIsAsked, true);
-    QMetaObject::invokeMethod(FProcess, [this, Again] { Again ? FProcess->kill() : FProcess->terminate(); });
+    QMetaObject::invokeMethod(FProcess, [this, Again] {
+        FIsForced = Again;
+        Again ? FProcess->kill() : FProcess->terminate();
+    });
 }
 
 void TRunProcess::Deliver()

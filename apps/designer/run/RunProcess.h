@@ -54,5 +54,6 @@ private:
     QProcess* FProcess; ///< lives in the thread
     QTimer FClock;
     bool FIsRunning = false;
-    bool FIsAsked = false; ///< to end
+    bool FIsAsked = false;  ///< to end
+    bool FIsForced = false; ///< to end; belongs to the thread
 };

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -41,7 +42,8 @@ protected:
     }
     static void Cancel(QWidget& Window) { QTest::keyClick(&Window, Qt::Key_Escape); }
 
-    TQtDesignServices Services{[](std::string_view Text) { return std::string(Text); }};
+    TQtDesignServices Services{
+        [](std::string_view Text) { return std::string(Text == "%ProjectDir%" ? "/usr" : Text); }};
 };
 } // namespace
 
@@ -71,6 +73,17 @@ TEST_F(DesignDialogs, GiveWhatTheirUserAnswers)
     for (const TKind Kind :
          {TKind::Input, TKind::Text, TKind::Menu, TKind::Open, TKind::Save, TKind::Folder, TKind::Paths})
         EXPECT_FALSE(Show({.Kind = Kind, .Separator = ";"}, Cancel).Accepted) << static_cast<int>(Kind);
+}
+
+TEST_F(DesignDialogs, RelativePathsAreThoseOfTheProject)
+{
+    const auto BeginsInShare = [](QWidget& Window) {
+        EXPECT_EQ(qobject_cast<QFileDialog*>(&Window)->directory().path(), "/usr/share");
+        Cancel(Window);
+    };
+    static_cast<void>(Show({.Kind = TQXDialogKind::Open, .File = R"(share\a.txt)"}, BeginsInShare));
+    static_cast<void>(Show({.Kind = TQXDialogKind::Save, .Folder = "share"}, BeginsInShare));
+    static_cast<void>(Show({.Kind = TQXDialogKind::Folder, .File = "share"}, BeginsInShare));
 }
 
 TEST_F(DesignDialogs, AListIsEditedEntryByEntry)

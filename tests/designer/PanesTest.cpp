@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -20,6 +21,7 @@
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
+#include <QTimer>
 
 namespace
 {
@@ -235,6 +237,28 @@ void ExpectUnlike(const QString& Letters)
     EXPECT_EQ(QSet<QChar>(Letters.begin(), Letters.end()).size(), Letters.size()) << FromQt(Letters);
 }
 } // namespace
+
+TEST_F(DesignerPanes, AGridBrowsesWhereARunWouldLook)
+{
+    std::filesystem::create_directory(Folder() / "sub");
+    Open("[variables]\nSub = 'sub'\n[[action]]\ntype = \"TGACInstallAction\"\nAssemblyPath = '%Sub%\\A.dll'\n");
+    Window().List().Select({0});
+    TPropertyGrid& Grid = Window().ActionPane().Grid();
+    Window().ActionPane().setCurrentWidget(&Grid);
+    ASSERT_TRUE(Grid.Select("AssemblyPath"));
+    QTest::keyClick(&Grid.View(), Qt::Key_F2);
+    QString Began;
+    QTimer::singleShot(50, qApp, [&Began] {
+        auto* Dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(Dialog, nullptr);
+        Began = Dialog->directory().path();
+        Dialog->selectFile(QStringLiteral("B.dll"));
+        QMetaObject::invokeMethod(Dialog, "accept");
+    });
+    QTest::keySequence(Grid.View().findChild<QLineEdit*>(), QKeySequence("Ctrl+Return"));
+    EXPECT_EQ(FromQt(Began), Folder() / "sub");
+    EXPECT_THAT(Document().Text(), testing::HasSubstr("\"%ProjectDir%/sub/B.dll\""));
+}
 
 /// A window of less than usual size, every page of every action.
 TEST_F(DesignerPanes, PagesNeedNoMoreThanANarrowWindow)

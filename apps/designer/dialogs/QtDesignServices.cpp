@@ -87,15 +87,25 @@ TQXAnswer AskYesOrNo(const TQXDialog& Dialog)
 }
 } // namespace
 
+/// A relative path is relative to the project's folder, as in a run.
+TQXDialog TQtDesignServices::Located(TQXDialog Dialog) const
+{
+    const std::string Base = FExpand("%ProjectDir%");
+    for (std::string* Path : {&Dialog.File, &Dialog.Folder})
+        if (!Path->empty() && Paths::IsAbsolute(Base))
+            *Path = Paths::Expand(*Path, Base);
+    return Dialog;
+}
+
 TQXAnswer TQtDesignServices::ShowDialog(const TQXDialog& Dialog)
 {
     switch (Dialog.Kind)
     {
     case TQXDialogKind::Open:
     case TQXDialogKind::Save:
-        return AskForFiles(Dialog);
+        return AskForFiles(Located(Dialog));
     case TQXDialogKind::Folder:
-        return AskForFolder(Dialog);
+        return AskForFolder(Located(Dialog));
     case TQXDialogKind::Input:
         return AskForLine(Dialog);
     case TQXDialogKind::Confirm:

@@ -21,5 +21,7 @@ public:
     std::function<void(const std::string& Text)> OnError;
 
 private:
+    [[nodiscard]] TQXDialog Located(TQXDialog Dialog) const;
+
     std::function<std::string(std::string_view)> FExpand;
 };

@@ -1,12 +1,14 @@
 #include "apps/designer/editors/ActionPane.h"
 
 #include "apps/designer/QtText.h"
+#include "apps/designer/document/DesignTime.h"
 #include "apps/designer/scripts/Scripts.h"
 #include "host/QXServices.h"
 #include "platform/Paths.h"
 
 #include <QApplication>
 
+#include <stdexcept>
 #include <utility>
 
 TActionPane::TActionPane(TProjectDocument& Document, TQtDesignServices& Services)
@@ -18,12 +20,26 @@ TActionPane::TActionPane(TProjectDocument& Document, TQtDesignServices& Services
     addTab(FRunPage, tr("Run"));
     addTab(FScripts, tr("Scripts"));
     addTab(FGrid, tr("Properties"));
+    FGrid->SetPaths({[this](const std::string& Text) { return Located(Text); },
+                     [this](const std::string& Path) { return Shortened(Path); }});
     connect(FGrid, &TPropertyGrid::Changed, this, &TActionPane::TakeGrid);
     connect(FScripts, &TScriptPane::Edited, this, &TActionPane::TakeScript);
     connect(this, &QTabWidget::currentChanged, this, &TActionPane::LeaveFor);
 }
 
 TActionPane::~TActionPane() = default;
+
+/// Where a text of an action leads in a run, as far as its variables are known.
+std::string TActionPane::Located(const std::string& Text) const
+try
+{
+    const std::string Path = ExpandAtDesignTime(FDocument.Project(), Text);
+    return Path.empty() ? Path : Paths::Expand(Path, FDocument.Project().Folder);
+}
+catch (const std::runtime_error&)
+{
+    return Text;
+}
 
 /// A path below the project's folder holds wherever the project lies, whatever folder a tool starts in.
 std::string TActionPane::Shortened(const std::string& Path) const

@@ -39,6 +39,7 @@ signals:
     void Refused(const QString& Reason);
 
 private:
+    [[nodiscard]] std::string Located(const std::string& Text) const;
     [[nodiscard]] std::string Shortened(const std::string& Path) const;
     void ShowTab(const QString& Name);
     void ShowGrid(const TProjectAction& Action, bool IsReadOnly);

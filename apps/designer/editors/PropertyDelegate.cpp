@@ -121,6 +121,19 @@ QWidget* TPropertyDelegate::MakeTextEditor(QWidget* Parent, const TQXProperty& P
     return Field;
 }
 
+bool TPropertyDelegate::AskForPath(QWidget* Parent, const TQXProperty& Property, std::string& Path) const
+{
+    if (Property.Kind == TQXTextKind::Folder)
+        return FileDialogs::AskForFolder(Parent, ToQt(Property.Name), Path);
+    TFileQuestion Question{.Title = ToQt(Property.Name)};
+    if (const TQXPropertyEditorClass* Class = QXActionServices().FindPropertyEditor(ClassName, Property.Name))
+    {
+        const auto Editor = Class->Create();
+        Question = {ToQt(Editor->GetDialogTitle()), ToQt(Editor->GetFilter()), ToQt(Editor->GetDefaultExtension())};
+    }
+    return FileDialogs::AskForFile(Parent, Question, Path);
+}
+
 QString TPropertyDelegate::Browse(QWidget* Parent, const TQXProperty& Property, const QString& Text) const
 {
     if (Property.Type == TQXPropertyType::Set)
@@ -128,16 +141,12 @@ QString TPropertyDelegate::Browse(QWidget* Parent, const TQXProperty& Property, 
     if (Property.Type == TQXPropertyType::StringList ||
         (Property.Kind != TQXTextKind::File && Property.Kind != TQXTextKind::Folder))
         return AskForItems(Parent, Property, Text);
-    std::string File = Expand ? Expand(FromQt(Text)) : FromQt(Text);
-    if (Property.Kind == TQXTextKind::Folder)
-        return FileDialogs::AskForFolder(Parent, ToQt(Property.Name), File) ? ToQt(File) : Text;
-    TFileQuestion Question{.Title = ToQt(Property.Name)};
-    if (const TQXPropertyEditorClass* Class = QXActionServices().FindPropertyEditor(ClassName, Property.Name))
-    {
-        const auto Editor = Class->Create();
-        Question = {ToQt(Editor->GetDialogTitle()), ToQt(Editor->GetFilter()), ToQt(Editor->GetDefaultExtension())};
-    }
-    return FileDialogs::AskForFile(Parent, Question, File) ? ToQt(File) : Text;
+    std::string Path = FromQt(Text);
+    if (Paths.ToPath)
+        Path = Paths.ToPath(Path);
+    if (!AskForPath(Parent, Property, Path))
+        return Text;
+    return ToQt(Paths.ToText ? Paths.ToText(Path) : Path);
 }
 
 void TPropertyDelegate::setEditorData(QWidget* Editor, const QModelIndex& Index) const

@@ -7,6 +7,14 @@
 
 struct TQXProperty;
 
+/// How the text of a file or folder becomes the path at which a dialog begins, and the chosen path a text.
+struct TPathTexts
+{
+    using TChange = std::function<std::string(const std::string&)>;
+    TChange ToPath;
+    TChange ToText;
+};
+
 /// Gives each property the editor of its type.
 class TPropertyDelegate final : public TRoomyRows
 {
@@ -17,8 +25,8 @@ public:
 
     /// The class whose property editors count.
     std::string ClassName;
-    /// Turns a text into one from which a dialog can begin.
-    std::function<std::string(const std::string&)> Expand;
+    /// Without them paths are texts as they stand.
+    TPathTexts Paths;
 
     QWidget* createEditor(QWidget* Parent, const QStyleOptionViewItem& Option, const QModelIndex& Index) const override;
     void setEditorData(QWidget* Editor, const QModelIndex& Index) const override;
@@ -28,5 +36,6 @@ public:
 
 private:
     [[nodiscard]] QWidget* MakeTextEditor(QWidget* Parent, const TQXProperty& Property) const;
+    [[nodiscard]] bool AskForPath(QWidget* Parent, const TQXProperty& Property, std::string& Path) const;
     [[nodiscard]] QString Browse(QWidget* Parent, const TQXProperty& Property, const QString& Text) const;
 };

@@ -26,7 +26,7 @@ public:
     bool Select(std::string_view Name);
     [[nodiscard]] TPropertyModel& Model() { return FModel; }
     [[nodiscard]] QTreeView& View() { return *FView; }
-    void SetExpand(std::function<std::string(const std::string&)> Expand) { FDelegate->Expand = std::move(Expand); }
+    void SetPaths(TPathTexts Paths) { FDelegate->Paths = std::move(Paths); }
 
 signals:
     void Changed(const QString& Name);

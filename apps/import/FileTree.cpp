@@ -25,19 +25,19 @@ bool Contains(const std::vector<std::string>& Folded, std::string_view Name)
     return std::binary_search(Folded.begin(), Folded.end(), Texts::FoldCase(Name));
 }
 
-std::string_view ExtensionOf(std::string_view Name)
+bool HasExtension(std::string_view Name, std::string_view Extension)
 {
-    return Name.substr(std::min(Name.rfind('.'), Name.size()));
+    return Name.size() >= Extension.size() && Texts::Same(Name.substr(Name.size() - Extension.size()), Extension);
 }
 
 bool IsLibraryName(std::string_view Name)
 {
-    return Texts::Same(ExtensionOf(Name), ".dll") || Texts::Same(ExtensionOf(Name), ".exe");
+    return HasExtension(Name, ".dll") || HasExtension(Name, ".exe");
 }
 
 bool IsSolutionName(std::string_view Name)
 {
-    return Texts::Same(ExtensionOf(Name), ".sln");
+    return HasExtension(Name, ".sln");
 }
 } // namespace
 
@@ -120,10 +120,10 @@ const std::vector<std::string>& TFileTree::FoldersOf(const std::string& Library)
 bool TFileTree::HasFile(const std::string& Folder, const std::string& Path)
 {
     const std::string Below = Paths::Folder(Path);
-    const std::string Name = Path.substr(Below.size());
-    const TListing& Known = Listing(Below.empty() ? Folder : Paths::Expand(Below, Folder));
+    const TListing& Known = Below.empty() ? Listing(Folder) : Listing(Paths::Expand(Below, Folder));
     // What cannot be listed may still be opened by its name.
-    return Contains(Known.Files, Name) || (!Known.IsComplete && Files::FileExists(Paths::Expand(Path, Folder)));
+    return Contains(Known.Files, std::string_view(Path).substr(Below.size())) ||
+           (!Known.IsComplete && Files::FileExists(Paths::Expand(Path, Folder)));
 }
 
 const TFileTree::TListing& TFileTree::Listing(const std::string& Place)

@@ -15,6 +15,7 @@
 #include <fmt/format.h>
 #include <iterator>
 #include <map>
+#include <unordered_map>
 
 namespace
 {
@@ -90,7 +91,7 @@ void AddNotes(const TImportModel& Model, TImportedProject& Project)
 void TellOfSameOutputs(TImportModel& Model, const std::vector<std::size_t>& Order)
 {
     const TOutputs Outputs(Model);
-    std::map<std::string, std::size_t> Makers;
+    std::unordered_map<std::string, std::size_t> Makers;
     for (const std::size_t Place : Order)
         if (const std::string Path = Outputs.Path(Place); !Path.empty())
             if (const auto [Maker, IsFirst] = Makers.try_emplace(Texts::FoldCase(Path), Place); !IsFirst)

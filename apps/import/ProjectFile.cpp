@@ -28,8 +28,9 @@ const TProjectConfiguration* TFoundProject::Find(std::string_view Configuration)
 
 bool IsProjectName(std::string_view Name)
 {
-    const std::string Extension = Texts::Lower(Paths::Extension(Name));
-    return std::find(Extensions.begin(), Extensions.end(), Extension) != Extensions.end();
+    const std::string_view Extension = Name.substr(std::min(Name.rfind('.'), Name.size()));
+    return std::any_of(Extensions.begin(), Extensions.end(),
+                       [=](std::string_view Known) { return Texts::Same(Known, Extension); });
 }
 
 std::string PlainGuid(std::string_view Guid)

@@ -303,6 +303,7 @@ template <typename TVisitor> void ForEachSelected(xmlNode* Element, const std::s
 
 struct TXmlDocument::TImpl
 {
+    explicit TImpl(TDocument ADocument) : Document(std::move(ADocument)) {}
     TDocument Document;
 };
 
@@ -380,7 +381,7 @@ bool TXmlDocument::Load(std::string_view Text, const char* Encoding)
     std::call_once(Initialised, xmlInitParser);
     TErrorCollector Errors;
     TDocument Document = Parse(Text, Encoding, Errors);
-    FImpl = Document ? std::unique_ptr<TImpl>(new TImpl{std::move(Document)}) : nullptr;
+    FImpl = Document ? std::make_unique<TImpl>(std::move(Document)) : nullptr;
     FError = FImpl ? TXmlParseError() : Errors.First();
     return FImpl != nullptr;
 }
@@ -397,7 +398,7 @@ bool TXmlDocument::LoadFromBytes(std::string_view Bytes)
 
 bool TXmlDocument::LoadFromProject(std::string_view Bytes)
 {
-    if (const std::optional<std::string> Text = DecodeXml(Bytes))
+    if (std::optional<std::string> Text = DecodeXml(Bytes))
         return LoadFromText(RepairAmpersands(std::move(*Text)));
     // The library knows the encoding. In one that switches by escapes an ampersand may be half a letter.
     const bool Switches = Bytes.find('\x1B') != std::string_view::npos;

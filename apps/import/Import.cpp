@@ -5,6 +5,7 @@
 #include "apps/import/Gather.h"
 #include "apps/import/Outputs.h"
 #include "apps/import/ProjectWriter.h"
+#include "platform/FileTrees.h"
 #include "platform/Files.h"
 #include "platform/Links.h"
 #include "platform/Paths.h"
@@ -25,7 +26,9 @@ constexpr std::string_view DefaultName = "quexley.toml";
 std::string ResolveSource(const std::string& Source)
 {
     const std::string Path = Files::Find(Paths::Expand(Source.empty() ? "." : Source, Files::CurrentFolder()));
-    if (Path.empty() || (!Files::FolderExists(Path) && !Files::FileExists(Path)))
+    // A pipe would be waited for.
+    const TFileKind Kind = Path.empty() ? TFileKind::None : FileTrees::Entry(Path).Kind;
+    if (Kind != TFileKind::Folder && Kind != TFileKind::File)
         throw EUsageError(Source + ": no such folder or solution");
     return Links::Resolve(Path);
 }

@@ -35,6 +35,12 @@ bool IsLibraryName(std::string_view Name)
     return HasExtension(Name, ".dll") || HasExtension(Name, ".exe");
 }
 
+/// Folders that begin with a dot, and those in which a web server kept notes under the names of all files.
+bool IsPassedOver(std::string_view Folder)
+{
+    return Folder.starts_with('.') || Texts::Same(Folder, "_vti_cnf");
+}
+
 bool IsSolutionName(std::string_view Name)
 {
     return HasExtension(Name, ".sln");
@@ -70,7 +76,7 @@ try
         if (IsLibraryName(Name) || IsSolutionName(Name) || IsProjectName(Name))
             Result.Known.push_back(std::move(Name));
     for (std::string& Name : Names.Folders)
-        (Name.starts_with('.') ? Names.LinkedFolders : Result.Walked).push_back(std::move(Name));
+        (IsPassedOver(Name) ? Names.LinkedFolders : Result.Walked).push_back(std::move(Name));
     AddFolded(Names.LinkedFolders, Result.Listing.Folders);
     return Result;
 }

@@ -12,7 +12,7 @@ class TFileTree
 {
 public:
     /// Looks through a folder with those in it, once. Links to folders are not followed, nor folders whose names begin
-    /// with a dot.
+    /// with a dot, nor those of a web server's notes.
     void Walk(const std::string& Folder);
 
     /// Sorted, absolute.

@@ -26,8 +26,11 @@ constexpr std::string_view Names =
     "system.xml.linq tlbexpcode tlbimpcode vjscor vjslib vjssupuilib windowsbase ";
 } // namespace
 
-bool IsFrameworkAssembly(std::string_view Name)
+bool IsFrameworkAssembly(std::string_view Name, bool IsCompact)
 {
+    // That for devices brings designers and parts of its own, which are nowhere else.
+    if (IsCompact && (Texts::StartsWithSame(Name, "System.") || Texts::StartsWithSame(Name, "Microsoft.")))
+        return true;
     std::string Plain = Texts::Lower(Name);
     if (Plain.ends_with(".dll"))
         Plain.resize(Plain.size() - 4);

@@ -2,5 +2,5 @@
 
 #include <string_view>
 
-/// Whether an assembly of this name, without extension, comes with the .NET framework.
-[[nodiscard]] bool IsFrameworkAssembly(std::string_view Name);
+/// Whether an assembly of this name, without extension, comes with the .NET framework, or with that for devices.
+[[nodiscard]] bool IsFrameworkAssembly(std::string_view Name, bool IsCompact);

@@ -282,7 +282,7 @@ void TGatherer::AnswerAssembly(std::size_t From, const TProjectReference& Refere
     TImportedProject& Project = FModel.Projects[From];
     const std::string FileName =
         LibraryFileName(Reference.Path.empty() ? Reference.Name : Paths::FileName(Reference.Path));
-    const bool IsOfFramework = IsFrameworkAssembly(Reference.Name);
+    const bool IsOfFramework = IsFrameworkAssembly(Reference.Name, Project.Found.IsCompact);
     if (IsOfFramework && !FIndex->IsOutput(FileName))
         return;
 

@@ -30,7 +30,9 @@ public:
     {
         QApplication::processEvents();
         const QString File = QStringLiteral("%1/%2-%3.png").arg(FFolder, Name, FVariant);
-        if (!Widget.grab().save(File))
+        // The strongest compression: some of them are kept.
+        const QImage Picture = Widget.grab().toImage().convertToFormat(QImage::Format_RGB888);
+        if (!Picture.save(File, nullptr, 0))
             std::fprintf(stderr, "%s cannot be written\n", qPrintable(File));
     }
 
@@ -161,7 +163,10 @@ int main(int Count, char** Words)
     TMainWindow Window(Host.Runtime(), {});
     Window.show();
     Camera.Take(Window, QStringLiteral("empty"));
+    const QSize Size = Window.size();
+    Window.resize(1200, 740); // small enough for a document
     TakeProject(Window, QString::fromLocal8Bit(Words[4]), Camera);
+    Window.resize(Size);
     TakePages(Window, Camera);
     TakeOptions(Window, Host.Runtime(), Camera);
     return 0;

@@ -164,7 +164,7 @@ int main(int Count, char** Words)
     Window.show();
     Camera.Take(Window, QStringLiteral("empty"));
     const QSize Size = Window.size();
-    Window.resize(1200, 740); // small enough for a document
+    Window.resize(1100, 690); // small enough for a document
     TakeProject(Window, QString::fromLocal8Bit(Words[4]), Camera);
     Window.resize(Size);
     TakePages(Window, Camera);

@@ -107,6 +107,7 @@ void TPageLayout::AddRow(QWidget& Widget)
 {
     FLine = nullptr;
     FIsLabelBeside = false;
+    FIsIndented = false;
     FGrid.addWidget(&Widget, FGrid.rowCount(), 0, 1, 2);
 }
 
@@ -114,6 +115,7 @@ QHBoxLayout& TPageLayout::AddLine(Qt::Alignment Alignment)
 {
     FLine = new QHBoxLayout;
     FIsLabelBeside = false;
+    FLine->addSpacing(FIsIndented ? Indent : 0);
     FGrid.addLayout(FLine, FGrid.rowCount(), 0, 1, 2, Alignment);
     return *FLine;
 }
@@ -153,6 +155,7 @@ void TPageLayout::AddLabel(TControlView& View)
     const int Column = FIsLabelBeside ? 1 : 0;
     FGrid.addWidget(&Label, FGrid.rowCount(), Column, 1, 2 - Column);
     FLine = nullptr;
+    FIsIndented = false;
 }
 
 /// Buttons that follow each other stand beside each other, and beside a text that can be picked, too; those that end a
@@ -190,8 +193,8 @@ void TPageLayout::AddUnlabelledField(TControlView& View)
     }
     if (GoesWithIt && !IsOfButton)
         ShowAsCaption(FLast->Widget());
+    FIsIndented |= IsOfButton; // and what follows without a caption of its own
     QHBoxLayout& Line = AddLine();
-    Line.addSpacing(IsOfButton ? Indent : 0);
     Line.addWidget(&View.Widget());
     if (IsNarrow(Control))
         Line.addStretch();
@@ -209,6 +212,7 @@ QLabel* TPageLayout::AddLabelledField(TControlView& View)
     View.Field().setAccessibleName(Label->text().remove(QLatin1Char('&')));
     FIsLabelBeside = !IsTall(Control) && Control.Caption.size() <= LongLabel;
     FLine = nullptr;
+    FIsIndented = false;
     FGrid.addWidget(Label, Row, 0, 1, FIsLabelBeside ? 1 : 2);
     const auto Alignment = IsNarrow(Control) ? Qt::AlignLeft : Qt::Alignment();
     if (FIsLabelBeside)

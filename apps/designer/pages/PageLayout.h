@@ -35,6 +35,7 @@ private:
     TControlView* FLast = nullptr;
     QHBoxLayout* FLine = nullptr; ///< in which the last one stands, if in one
     bool FIsLabelBeside = false;  ///< of the last one
+    bool FIsIndented = false;     ///< the last one belongs to a button
     bool FHasTall = false;
     bool FIsForm = false;
 };

@@ -30,8 +30,9 @@ public:
     {
         QApplication::processEvents();
         const QString File = QStringLiteral("%1/%2-%3.png").arg(FFolder, Name, FVariant);
-        // The strongest compression: some of them are kept.
-        const QImage Picture = Widget.grab().toImage().convertToFormat(QImage::Format_RGB888);
+        // As small as may be: some of them are kept. Nobody sees the lowest bit.
+        QImage Picture = Widget.grab().toImage().convertToFormat(QImage::Format_RGB888);
+        std::for_each_n(Picture.bits(), Picture.sizeInBytes(), [](uchar& Byte) { Byte &= 0xFE; });
         if (!Picture.save(File, nullptr, 0))
             std::fprintf(stderr, "%s cannot be written\n", qPrintable(File));
     }
@@ -164,7 +165,7 @@ int main(int Count, char** Words)
     Window.show();
     Camera.Take(Window, QStringLiteral("empty"));
     const QSize Size = Window.size();
-    Window.resize(1100, 690); // small enough for a document
+    Window.resize(1200, 740); // small enough for a document
     TakeProject(Window, QString::fromLocal8Bit(Words[4]), Camera);
     Window.resize(Size);
     TakePages(Window, Camera);

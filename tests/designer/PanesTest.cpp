@@ -252,7 +252,7 @@ TEST_F(DesignerPanes, AGridBrowsesWhereARunWouldLook)
         auto* Dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(Dialog, nullptr);
         Began = Dialog->directory().path();
-        Dialog->selectFile(QStringLiteral("B.dll"));
+        Dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("B.dll"));
         QMetaObject::invokeMethod(Dialog, "accept");
     });
     QTest::keySequence(Grid.View().findChild<QLineEdit*>(), QKeySequence("Ctrl+Return"));

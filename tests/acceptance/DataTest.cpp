@@ -49,7 +49,7 @@ private:
         else if (Line.Word == "tool")
             WriteStandIn(Line.Rest, Line.Text);
         else if (Line.Word == "copy")
-            fs::copy(fs::path(QUEXLEY_SOURCE_DIR) / Line.Rest, Folder(), fs::copy_options::recursive);
+            CopySources(Line.Rest);
         else if (Line.Word == "example")
             WriteFile("quexley.toml", ExampleOf(Line.Rest));
         else if (Line.Word == "actions")

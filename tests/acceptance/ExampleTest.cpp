@@ -52,9 +52,7 @@ class TExampleTest : public TProgramTest
 protected:
     TExampleTest()
     {
-        fs::copy(QUEXLEY_SOURCE_DIR "/examples/acme", Folder(), fs::copy_options::recursive);
-        for (const char* Made : {"bin", "dist", "Acme.snk"})
-            fs::remove_all(Path(Made));
+        CopySources("examples/acme");
         WriteFile(OptionsFile(), "[NUnit]\nNUnitLocation = '" + NUnit + "'\n");
     }
     bool HasTools() const

@@ -48,7 +48,7 @@ protected:
     /// The example solution, what else the examples name, and a machine with every tool.
     THelpTest()
     {
-        fs::copy(QUEXLEY_SOURCE_DIR "/examples/acme", Folder(), fs::copy_options::recursive);
+        CopySources("examples/acme");
         for (const char* Name : {"Acme.build", "Acme.proj", "Acme.dotfuscator.xml", "Acme.postbuild",
                                  "bin/Release/Acme.Core.dll", "src/Acme.Tool/Program.cs"})
             WriteFile(Name, "");

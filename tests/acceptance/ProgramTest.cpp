@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <stdexcept>
 #include <thread>
 
@@ -121,6 +122,19 @@ void TProgramTest::WriteTool(const std::string& Name, const std::string& Script)
 {
     WriteFile(Name, "#!/bin/sh\n" + Script + "\n");
     fs::permissions(Path(Name), fs::perms::owner_all);
+}
+
+void TProgramTest::CopySources(const std::string& From) const
+{
+    static const std::set<std::string> Left = {"bin", "dist", "obj", "qxresp.rsp", "Acme.snk", "Acme.Core.xml"};
+    const fs::path Source = fs::path(QUEXLEY_SOURCE_DIR) / From;
+    for (fs::recursive_directory_iterator Entry(Source), End; Entry != End; ++Entry)
+        if (Left.contains(Entry->path().filename()))
+            Entry.disable_recursion_pending();
+        else if (Entry->is_directory())
+            fs::create_directory(Folder() / fs::relative(Entry->path(), Source));
+        else
+            fs::copy(Entry->path(), Folder() / fs::relative(Entry->path(), Source));
 }
 
 void TProgramTest::UseStandInTools(const std::string& More) const

@@ -65,6 +65,9 @@ protected:
     /// Writes an executable shell script.
     void WriteTool(const std::string& Name, const std::string& Script) const;
 
+    /// Copies a folder of the sources into the folder, without what a run has left there.
+    void CopySources(const std::string& From) const;
+
     /// Makes `tools` the framework and SDK folder of a .NET version v1.1 that is the only one, with More behind it
     /// in the options file.
     void UseStandInTools(const std::string& More = "") const;

@@ -56,14 +56,6 @@ TFileRewrite::TState StateOfOpened(const TFileImage& Image)
     return HasNoWriteBit(Image.Status) ? TFileRewrite::TState::ReadOnly : TFileRewrite::TState::Loaded;
 }
 
-/// Whether the path still leads to the file. It may have been moved away with its folder, which does not change it.
-bool IsAtItsPath(const TFileImage& Image)
-{
-    struct stat Found = {};
-    return ::lstat(Image.Path.c_str(), &Found) == 0 && Found.st_ino == Image.Status.st_ino &&
-           Found.st_dev == Image.Status.st_dev;
-}
-
 bool IsSame(const timespec& Left, const timespec& Right)
 {
     return Left.tv_sec == Right.tv_sec && Left.tv_nsec == Right.tv_nsec;
@@ -103,6 +95,13 @@ bool IsOld(const TFileImage& Image)
 {
     constexpr std::chrono::milliseconds While{5};
     return std::chrono::steady_clock::now() - Image.ReadSince >= While;
+}
+
+bool IsAtItsPath(const TFileImage& Image)
+{
+    struct stat Found = {};
+    return ::lstat(Image.Path.c_str(), &Found) == 0 && Found.st_ino == Image.Status.st_ino &&
+           Found.st_dev == Image.Status.st_dev;
 }
 
 /// Any change to a file, also that another one has taken its path, shows in its size or in the time of its status.

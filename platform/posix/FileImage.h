@@ -26,6 +26,8 @@ struct TFileImage
                                    std::size_t MaximumSize = std::numeric_limits<std::size_t>::max());
 /// Whether it was read a while ago.
 [[nodiscard]] bool IsOld(const TFileImage& Image);
+/// Whether its path still leads to it. It may have been moved away with its folder, which does not change it.
+[[nodiscard]] bool IsAtItsPath(const TFileImage& Image);
 /// Whether the file is still the one that was read.
 [[nodiscard]] bool IsCurrent(const TFileImage& Image);
 /// Whether a path leads to the file that was there, unchanged: for one that is not open any longer.

@@ -45,6 +45,8 @@ std::size_t NextNumber()
 TFileImage TFileRewrite::TImpl::TakeImage(const std::string& Path) const
 {
     std::optional<TFileImage> Taken = Ahead ? Ahead->Take(Path) : std::nullopt;
+    if (Taken && Batch->HasPlacedSince(Taken->ReadSince) && !IsAtItsPath(*Taken))
+        Taken.reset();
     TFileImage Loaded = Taken ? *std::move(Taken) : LoadImage(Path);
     if (Batch->IsEmpty() || (Loaded.State != TState::Missing && !Batch->Awaits(Loaded.Status)))
         return Loaded;

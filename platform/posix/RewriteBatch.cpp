@@ -33,7 +33,12 @@ void FlushSystemsOf(const TPendingFiles& Files)
     {
         struct stat Status = {};
         const int File = Item.New->File().Value();
-        if (::fstat(File, &Status) != 0 || (Flushed.insert(Status.st_dev).second && ::syncfs(File) != 0))
+        // A new file lies where the one that it replaces does.
+        if (Item.Old)
+            Status = *Item.Old;
+        else if (::fstat(File, &Status) != 0)
+            throw SystemError(Item.New->Path());
+        if (Flushed.insert(Status.st_dev).second && ::syncfs(File) != 0)
             throw SystemError(Item.New->Path());
     }
 }
@@ -116,50 +121,82 @@ bool TRewriteBatch::TImpl::Awaits(const struct stat& File) const
         return Item.Old && Item.Old->st_ino == File.st_ino && Item.Old->st_dev == File.st_dev;
     };
     return std::any_of(FSources.begin(), FSources.end(), Replaces) ||
-           std::any_of(FBackups.begin(), FBackups.end(), Replaces);
+           std::any_of(FBackups.begin(), FBackups.end(), Replaces) ||
+           std::find(FLast.begin(), FLast.end(), TIdentity(File.st_dev, File.st_ino)) != FLast.end();
 }
 
-void TRewriteBatch::TImpl::Add(std::vector<TPendingFile>& Target, TPendingFile Item)
+void TRewriteBatch::TImpl::Add(TPendingFiles& Target, TPendingFile Item)
 {
     static const std::size_t Full = Capacity();
     Target.push_back(std::move(Item));
-    if (FBackups.size() + FSources.size() >= Full)
-        Finish();
+    if (FBackups.size() + FSources.size() < Full)
+        return;
+    Join();
+    ThrowError();
+    Begin();
+    if (Full > Few)
+        FPlacer = StartQuietly([this] { PlaceAll(); });
+    if (!FPlacer.joinable())
+        PlaceAll();
 }
 
 TRewriteBatch::TImpl::~TImpl()
 {
-    WaitForCloser();
+    Join();
 }
 
-void TRewriteBatch::TImpl::WaitForCloser()
+/// Takes up what waits.
+void TRewriteBatch::TImpl::Begin()
 {
-    if (FCloser.joinable())
-        FCloser.join();
+    FBegunBackups = std::exchange(FBackups, {});
+    FBegunSources = std::exchange(FSources, {});
+    FPlaced = TClock::now();
+    FLast.clear();
+    for (const TPendingFiles* Files : {&FBegunBackups, &FBegunSources})
+        for (const TPendingFile& Item : *Files)
+            if (Item.Old)
+                FLast.emplace_back(Item.Old->st_dev, Item.Old->st_ino);
 }
 
-/// With its last user a file that was replaced goes, which can take longer than to write the new one: for many files
-/// that is done beside the next ones.
-void TRewriteBatch::TImpl::Close(TPendingFiles Files)
+/// Files that were begun are gone at the end, also without having taken their places.
+void TRewriteBatch::TImpl::PlaceAll()
 {
-    if (Files.size() <= Few)
-        return;
-    WaitForCloser();
-    FCloser = StartQuietly([Closed = std::move(Files)]() mutable { Closed.clear(); });
+    const TPendingFiles Backups = std::exchange(FBegunBackups, {});
+    const TPendingFiles Sources = std::exchange(FBegunSources, {});
+    try
+    {
+        Flush(Backups);
+        Flush(Sources);
+        TPlacing Placing;
+        Placing.Place(Backups, false);
+        if (!Sources.empty())
+            FlushFoldersOf(Backups);
+        Placing.Place(Sources, true);
+        Placing.ThrowFailure();
+    }
+    catch (...)
+    {
+        if (!FError)
+            FError = std::current_exception();
+    }
+}
+
+void TRewriteBatch::TImpl::Join()
+{
+    if (FPlacer.joinable())
+        FPlacer.join();
+}
+
+void TRewriteBatch::TImpl::ThrowError()
+{
+    if (FError)
+        std::rethrow_exception(std::exchange(FError, nullptr));
 }
 
 void TRewriteBatch::TImpl::Finish()
 {
-    // Gone at the end, also without having taken their places.
-    const TPendingFiles Backups = std::exchange(FBackups, {});
-    TPendingFiles Sources = std::exchange(FSources, {});
-    Flush(Backups);
-    Flush(Sources);
-    TPlacing Placing;
-    Placing.Place(Backups, false);
-    if (!Sources.empty())
-        FlushFoldersOf(Backups);
-    Placing.Place(Sources, true);
-    Close(std::move(Sources));
-    Placing.ThrowFailure();
+    Join();
+    Begin();
+    PlaceAll();
+    ThrowError();
 }

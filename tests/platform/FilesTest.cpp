@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <pthread.h>
 #include <sys/file.h>
@@ -325,6 +326,38 @@ TEST_F(FilesTest, FilesOfABatchTakeTheirPlacesTogether)
     EXPECT_EQ(Files::Read("b.cs"), "by another");
     EXPECT_EQ(Files::Read("a.cs") + Files::Read("c.cs"), "newnew");
     EXPECT_EQ(Names(), (std::vector<std::string>{"a.bak", "a.cs", "b.cs", "c.cs"}));
+}
+
+/// As where several masks find it: nobody else has changed it.
+TEST_F(FilesTest, AFileThatIsListedTwiceIsRewrittenTwice)
+{
+    std::vector<std::string> Listed;
+    for (int Number = 0; Number < 1500; ++Number)
+    {
+        Listed.push_back("f" + std::to_string(Number));
+        if (Number % 7 == 0)
+            Listed.push_back("f" + std::to_string(Number / 2));
+        if (Number % 300 == 299)
+            Listed.push_back(Listed.back());
+    }
+    std::map<std::string, std::size_t> Times;
+    for (const std::string& Name : Listed)
+        if (++Times[Name] == 1)
+            Make(Name, "x");
+    for (int Round = 1; Round <= 2; ++Round)
+    {
+        TReadAhead Ahead(Listed);
+        TRewriteBatch Batch;
+        for (const std::string& Name : Listed)
+        {
+            TFileRewrite File(Name, &Ahead, &Batch);
+            File.Backup(Name + ".bak");
+            File.Replace(std::array<std::string_view, 2>{File.Bytes(), "x"});
+        }
+        Batch.Finish();
+        for (const auto& [Name, Count] : Times)
+            ASSERT_EQ(Files::Read(Name).size(), 1 + Count * Round) << Name;
+    }
 }
 
 TEST_F(FilesTest, WhatADeadProcessLeftIsPassedOverAndRemoved)

@@ -13,9 +13,8 @@
 class TTempFolder
 {
 public:
-    TTempFolder()
-        : FPath(std::filesystem::canonical(std::filesystem::temp_directory_path()) /
-                ("quexley-" + std::to_string(std::random_device()())))
+    explicit TTempFolder(const std::filesystem::path& Parent = std::filesystem::temp_directory_path())
+        : FPath(std::filesystem::canonical(Parent) / ("quexley-" + std::to_string(std::random_device()())))
     {
         std::filesystem::create_directories(FPath);
     }
